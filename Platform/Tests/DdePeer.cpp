@@ -1,0 +1,95 @@
+// DdePeer: the other program in tests of dynamic data exchange. It says "ready" when peers can connect to it.
+//
+//   DdePeer receive TOPIC COUNT         takes COUNT messages, each sender's numbered from 0, and says "done
+//   FAULTS" DdePeer send TOPIC NAME COUNT SIZE  sends so many of so many bytes and ends DdePeer echo TOPIC
+//   sends every message back to the topic that is its item, until it is ended DdePeer mutual OWN OTHER on a
+//   line from its input connects to OTHER, while OTHER connects to it
+#include "Platform/Tests/DdeEndpoint.h"
+#include "Platform/Tests/DdeNumbered.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using platform::HCONV;
+using tests::DdeEndpoint;
+using tests::RunUntil;
+
+constexpr int ForEver = 1 << 30;
+
+void Say(std::string const& line) {
+    std::puts(line.c_str());
+    std::fflush(stdout);
+}
+
+int Receive(std::string const& topic, unsigned long count) {
+    DdeEndpoint endpoint(topic);
+    tests::NumberedMessages messages;
+    endpoint.onPoke = [&](HCONV, std::string_view item, std::string_view data) { messages.Take(item, data); };
+    Say("ready");
+    if (!RunUntil([&] { return messages.Count() >= count; }, 30'000)) return 1;
+    Say("done " + std::to_string(messages.Faults()));
+    return 0;
+}
+
+int Send(std::string const& topic, std::string const& name, unsigned long count, std::size_t size) {
+    DdeEndpoint endpoint(name);
+    HCONV const conversation = endpoint.Connect(topic.c_str());
+    if (conversation == nullptr) return 1;
+    for (unsigned long i = 0; i < count; ++i) {
+        if (!endpoint.Poke(conversation, name.c_str(), tests::NumberedMessage(i, size))) return 2;
+    }
+    return 0;
+}
+
+int Echo(std::string const& topic) {
+    DdeEndpoint endpoint(topic);
+    std::map<std::string, HCONV, std::less<>> replies;
+    endpoint.onPoke = [&](HCONV, std::string_view item, std::string_view data) {
+        auto reply = replies.find(item);
+        if (reply == replies.end()) {
+            std::string const target(item);
+            reply = replies.emplace(target, endpoint.Connect(target.c_str())).first;
+        }
+        if (!endpoint.Poke(reply->second, topic.c_str(), data)) std::exit(3);
+    };
+    Say("ready");
+    return RunUntil([] { return false; }, ForEver) ? 0 : 1;
+}
+
+int Mutual(std::string const& own, std::string const& other) {
+    DdeEndpoint endpoint(own);
+    bool hasHeard = false;
+    endpoint.onPoke = [&](HCONV, std::string_view, std::string_view) { hasHeard = true; };
+    Say("ready");
+    std::getchar();
+    HCONV const conversation = endpoint.Connect(other.c_str());
+    if (conversation == nullptr) return 1;
+    if (!endpoint.Poke(conversation, "HELLO", own)) return 2;
+    return RunUntil([&] { return hasHeard; }) ? 0 : 3;
+}
+
+int Run(std::vector<std::string> const& words) {
+    if (words.size() == 3 && words[0] == "receive") return Receive(words[1], std::stoul(words[2]));
+    if (words.size() == 5 && words[0] == "send") {
+        return Send(words[1], words[2], std::stoul(words[3]), std::stoul(words[4]));
+    }
+    if (words.size() == 2 && words[0] == "echo") return Echo(words[1]);
+    if (words.size() == 3 && words[0] == "mutual") return Mutual(words[1], words[2]);
+    return 64;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) try {
+    return Run({argv + 1, argv + argc});
+} catch (std::exception const& error) {
+    std::fprintf(stderr, "DdePeer: %s\n", error.what());
+    return 70;
+}

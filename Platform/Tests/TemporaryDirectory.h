@@ -1,0 +1,46 @@
+// TemporaryDirectory: a directory of a test's own, gone with everything in it when the test ends.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+#include <string_view>
+
+namespace tests {
+
+class TemporaryDirectory {
+  public:
+    TemporaryDirectory() {
+        std::random_device random;
+        do {
+            path_ = std::filesystem::temp_directory_path() / ("kvutils-" + std::to_string(random()));
+        } while (!std::filesystem::create_directory(path_));
+    }
+    TemporaryDirectory(TemporaryDirectory const&) = delete;
+    TemporaryDirectory& operator=(TemporaryDirectory const&) = delete;
+    ~TemporaryDirectory() {
+        std::error_code error;
+        std::filesystem::remove_all(path_, error);
+    }
+
+    [[nodiscard]] std::filesystem::path const& Path() const noexcept { return path_; }
+    /// The full name of an entry in it.
+    [[nodiscard]] std::string operator/(std::string_view name) const { return (path_ / name).string(); }
+
+  private:
+    std::filesystem::path path_;
+};
+
+/// The bytes of a file, line ends included; empty without the file.
+inline std::string Bytes(std::filesystem::path const& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline void PutBytes(std::filesystem::path const& path, std::string_view bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+}  // namespace tests

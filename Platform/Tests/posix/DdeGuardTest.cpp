@@ -1,0 +1,269 @@
+// What does not belong to the user's own programs is kept out, and what a program sends wrongly hurts itself
+// alone.
+#include "Platform/Ddeml.h"
+#include "Platform/Tests/DdeEndpoint.h"
+#include "Platform/Tests/RuntimeDirectory.h"
+#include "Platform/Tests/posix/PeerProcess.h"
+#include "Platform/posix/DdeFrame.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+#include <vector>
+
+namespace platform {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using detail::FrameHeader;
+using detail::FrameKind;
+using tests::DdeEndpoint;
+using tests::RunUntil;
+
+// A program that speaks bytes, not frames.
+class RawClient {
+  public:
+    explicit RawClient(fs::path const& name) : socket_(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        name.string().copy(address.sun_path, sizeof address.sun_path - 1);
+        if (connect(socket_, reinterpret_cast<sockaddr const*>(&address), sizeof address) != 0) {
+            throw std::runtime_error("cannot connect to " + name.string());
+        }
+    }
+    RawClient(RawClient const&) = delete;
+    RawClient& operator=(RawClient const&) = delete;
+    ~RawClient() { Close(); }
+
+    // False once the receiver has ended the conversation, or does not take any more.
+    bool Send(std::string_view bytes) const {
+        return send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT) ==
+               static_cast<ssize_t>(bytes.size());
+    }
+    [[nodiscard]] bool IsEnded() const {
+        std::array<char, 64> answer{};
+        ssize_t const count = recv(socket_, answer.data(), answer.size(), MSG_DONTWAIT);
+        return count == 0 || (count < 0 && errno == ECONNRESET);
+    }
+    void Close() {
+        if (socket_ >= 0) close(socket_);
+        socket_ = -1;
+    }
+
+  private:
+    int socket_;
+};
+
+std::string Bytes(FrameHeader const& header, std::string_view body = {}) {
+    std::string bytes(sizeof header, '\0');
+    std::memcpy(bytes.data(), &header, sizeof header);
+    return bytes += body;
+}
+
+std::string Connect(std::string_view topic = "sink") {
+    return Bytes(FrameHeader(FrameKind::Connect, DdeEndpoint::Service, topic),
+                 std::string(DdeEndpoint::Service).append(topic));
+}
+
+std::string Confirm() { return Bytes(FrameHeader(FrameKind::Confirm, {}, {})); }
+
+std::string Poke(std::string_view item, std::string_view data) {
+    return Bytes(FrameHeader(FrameKind::Poke, item, {}, data.size(), CF_TEXT),
+                 std::string(item).append(data));
+}
+
+class DdeGuardTest : public testing::Test {
+  protected:
+    // The only one there is.
+    [[nodiscard]] fs::path SocketName() const {
+        for (fs::directory_entry const& entry : fs::directory_iterator(directory_.Sockets()))
+            return entry.path();
+        return {};
+    }
+
+    tests::RuntimeDirectory directory_;
+};
+
+TEST_F(DdeGuardTest, WrongBytesCostTheSenderItsConversation) {
+    DdeEndpoint receiver("sink");
+    fs::path const name = SocketName();
+    DdeEndpoint const good("bystander");
+    std::string const half = Poke("ITEM", "never whole").substr(0, 30);
+    std::string tooLarge = Poke("ITEM", "data");
+    std::uint32_t const length = DdeLargestData + 100;
+    std::memcpy(tooLarge.data() + 4, &length, sizeof length);
+    struct Row {
+        char const* what;
+        std::string bytes;
+        bool closes;  // the sender, behind the bytes
+    };
+    for (Row const& row : {
+             Row{"nothing", "", true},
+             Row{"garbage", std::string(5000, 'G'), false},
+             Row{"zeros", std::string(5000, '\0'), false},
+             Row{"half a header", Connect().substr(0, 9), true},
+             Row{"a poke before the connection", Poke("ITEM", "data"), false},
+             Row{"a confirmation before the connection", Confirm(), false},
+             Row{"an unknown topic", Connect("other"), false},
+             Row{"two connections", Connect() + Connect(), false},
+             Row{"an acceptance", Connect() + Confirm() + Bytes(FrameHeader(FrameKind::Accept, {}, {})),
+                 false},
+             Row{"half a poke", Connect() + Confirm() + half, true},
+             Row{"too large a poke", Connect() + Confirm() + tooLarge, false},
+             Row{"garbage behind a poke", Connect() + Confirm() + Poke("ITEM", "x") + std::string(99, 'G'),
+                 false},
+         }) {
+        receiver.ClearLog();
+        RawClient client(name);
+        EXPECT_TRUE(client.Send(row.bytes)) << row.what;
+        if (row.closes) client.Close();
+        // A good conversation goes on beside it, and begins after it.
+        HCONV const conversation = good.Connect("sink");
+        ASSERT_NE(conversation, nullptr) << row.what;
+        ASSERT_TRUE(good.Poke(conversation, "GOOD", "1"));
+        auto const& log = receiver.Log();
+        auto const count = [&](char const* line) { return std::ranges::count(log, line); };
+        EXPECT_TRUE(RunUntil([&] { return count("poke GOOD 1") == 1; })) << row.what;
+        EXPECT_TRUE(RunUntil([&] { return row.closes || client.IsEnded(); })) << row.what;
+        DdeDisconnect(conversation);
+        // Whoever was confirmed is disconnected, and nobody else; of a poke that is not whole nothing is
+        // seen.
+        EXPECT_TRUE(RunUntil([&] { return count("disconnect") == count("confirm"); })) << row.what;
+        EXPECT_EQ(std::ranges::count_if(log, [](auto const& l) { return l.starts_with("poke ITEM"); }),
+                  row.bytes.find("ITEMx") != std::string::npos ? 1 : 0)
+            << row.what;
+    }
+}
+
+TEST_F(DdeGuardTest, AnEndlessFrameTakesLittleMemory) {
+    DdeEndpoint receiver("sink");
+    RawClient client(SocketName());
+    ASSERT_TRUE(client.Send(Connect()));
+    ASSERT_TRUE(RunUntil([&] { return receiver.Log().size() == 1; }));
+    ASSERT_TRUE(client.Send(Confirm()));
+    ASSERT_TRUE(client.Send(Bytes(FrameHeader(FrameKind::Poke, {}, {}, DdeLargestData, CF_TEXT))));
+    long const before = tests::ResidentKiB();
+    std::string const block(64 << 10, 'e');
+    // Behind the announced bytes garbage follows, at which the conversation ends.
+    EXPECT_TRUE(RunUntil([&] {
+        while (client.Send(block)) continue;
+        return client.IsEnded();
+    }));
+    EXPECT_TRUE(!tests::MemoryIsMeasurable || tests::ResidentKiB() - before < 4L * DdeLargestData / 1024);
+    EXPECT_TRUE(RunUntil([&] { return receiver.Log().back() == "disconnect"; }));
+}
+
+TEST_F(DdeGuardTest, CallersThatSayNothingDoNotPileUp) {
+    DdeEndpoint const receiver("sink");
+    fs::path const name = SocketName();
+    DdeEndpoint const good("bystander");
+    std::vector<std::unique_ptr<RawClient>> silent;
+    for (int i = 0; i < 300; ++i) silent.push_back(std::make_unique<RawClient>(name));
+    HCONV const conversation = good.Connect("sink");
+    ASSERT_NE(conversation, nullptr);
+    EXPECT_TRUE(RunUntil([&] { return silent.front()->IsEnded(); })) << "the oldest goes";
+    EXPECT_FALSE(silent.back()->IsEnded());
+    EXPECT_TRUE(good.Poke(conversation, "GOOD", "1"));
+    EXPECT_TRUE(RunUntil([&] { return receiver.Log().back() == "poke GOOD 1"; }));
+}
+
+TEST_F(DdeGuardTest, ABusySenderDoesNotHideOthers) {
+    DdeEndpoint receiver("sink");
+    DdeEndpoint const busy("busy");
+    DdeEndpoint const other("other");
+    HCONV const flood = busy.Connect("sink");
+    HCONV const single = other.Connect("sink");
+    std::size_t fromBusy = 0;
+    bool isHeard = false;
+    receiver.onPoke = [&](HCONV, std::string_view item, std::string_view) {
+        fromBusy += item == "FLOOD" ? 1U : 0U;
+        isHeard = isHeard || item == "SINGLE";
+    };
+    for (int i = 0; i < 200; ++i) ASSERT_TRUE(busy.Poke(flood, "FLOOD", "x"));
+    // From here on all of them lie in the receiver's memory.
+    ASSERT_TRUE(RunUntil([&] { return fromBusy == 1; }));
+    ASSERT_TRUE(other.Poke(single, "SINGLE", "x"));
+    EXPECT_TRUE(RunUntil([&] { return isHeard; }));
+    EXPECT_LT(fromBusy, 100U);
+}
+
+TEST_F(DdeGuardTest, DirectoriesThatAreNotPrivateAreRefused) {
+    auto const initialize = [] {
+        std::uint32_t instance = 0;
+        auto const callback = [](unsigned, unsigned, HCONV, HSZ, HSZ, HDDEDATA, std::uintptr_t,
+                                 std::uintptr_t) -> HDDEDATA { return nullptr; };
+        unsigned const error = DdeInitializeA(&instance, callback, 0, 0);
+        if (error == DMLERR_NO_ERROR) DdeUninitialize(instance);
+        return error;
+    };
+    fs::path const sockets = directory_.Sockets();
+    std::string const name = sockets.string();
+    EXPECT_EQ(initialize(), DMLERR_NO_ERROR);
+    EXPECT_EQ(fs::status(sockets).permissions(), fs::perms::owner_all);
+
+    struct Row {
+        char const* what;
+        std::function<void()> make;
+    };
+    Row const rows[] = {
+        {"open to the group", [&] { chmod(name.c_str(), 0750); }},
+        {"open to all", [&] { chmod(name.c_str(), 0777); }},
+        {"of another user", [&] { static_cast<void>(chown(name.c_str(), 12345, 12345)); }},
+        {"a link", [&] { fs::remove(sockets), fs::create_directory_symlink(directory_.Path(), sockets); }},
+        {"a file", [&] { fs::remove(sockets), tests::PutBytes(sockets, "x"); }},
+        {"in a directory that all may write to", [&] { chmod(directory_.Path().c_str(), 0777); }},
+        {"in another user's directory",
+         [&] { static_cast<void>(chown(directory_.Path().c_str(), 12345, 12345)); }},
+    };
+    for (Row const& row : rows) {
+        bool const needsRoot = std::string_view(row.what).find("another user") != std::string_view::npos;
+        if (needsRoot && geteuid() != 0) continue;
+        fs::remove(sockets);
+        fs::create_directory(sockets);
+        chmod(name.c_str(), 0700);
+        ASSERT_EQ(initialize(), DMLERR_NO_ERROR);
+        row.make();
+        EXPECT_EQ(initialize(), DMLERR_SYS_ERROR) << row.what;
+        chmod(directory_.Path().c_str(), 0700);
+        static_cast<void>(chown(directory_.Path().c_str(), geteuid(), getegid()));
+    }
+}
+
+TEST_F(DdeGuardTest, SocketsThatAreNotPrivateAreNotCalled) {
+    DdeEndpoint const receiver("sink");
+    DdeEndpoint const client("client");
+    ASSERT_NE(client.Connect("sink"), nullptr);
+    for (fs::directory_entry const& entry : fs::directory_iterator(directory_.Sockets())) {
+        fs::permissions(entry.path(), fs::perms::all);
+    }
+    EXPECT_EQ(client.Connect("sink"), nullptr);
+    EXPECT_EQ(std::ranges::count(receiver.Log(), std::string("connect KVUtilsTest sink")), 1);
+}
+
+TEST_F(DdeGuardTest, ALongRuntimeDirectoryServesToo) {
+    // The address of a local socket has room for 107 bytes.
+    fs::path const deep = directory_.Path() / std::string(100, 'd') / std::string(100, 'e');
+    fs::create_directories(deep);
+    setenv("XDG_RUNTIME_DIR", deep.c_str(), 1);
+    DdeEndpoint const endpoint("sink");
+    EXPECT_NE(endpoint.Connect("sink"), nullptr);
+}
+
+}  // namespace
+
+}  // namespace platform

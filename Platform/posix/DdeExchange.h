@@ -1,0 +1,91 @@
+// DdeExchange: what the instances of this process share, and what stands behind the handles.
+#pragma once
+
+#include "Platform/Ddeml.h"
+#include "Platform/posix/DdeConversation.h"
+#include "Platform/posix/DdeInstance.h"
+#include "Platform/posix/DdeMeetingPlace.h"
+#include "Platform/posix/DdeStrings.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace platform::detail {
+
+using TransactionData = std::vector<std::byte>;
+
+/// One per process.
+class Exchange {
+  public:
+    /// Made at the first call and never destroyed: a program may end its instances from a static destructor.
+    static Exchange& Instance();
+
+    Exchange(Exchange const&) = delete;
+    Exchange& operator=(Exchange const&) = delete;
+
+    [[nodiscard]] StringTable& Strings() noexcept { return strings_; }
+
+    [[nodiscard]] DdeInstance* NewInstance(PFNCALLBACK callback, MeetingPlace place);
+    /// Null for a number that is no instance's.
+    [[nodiscard]] DdeInstance* FindInstance(std::uint32_t number) const noexcept;
+    /// Ends it and its conversations, which takes as long as peers keep taking what was sent to them.
+    void EndInstance(std::uint32_t number);
+
+    /// The sockets at which peers ask to be connected.
+    [[nodiscard]] std::vector<int> WaitingSockets() const;
+    /// Answers the peer at one of them.
+    void StepWaiting(int socket);
+
+    /// Begins to watch a conversation and gives it its handle; null when the system refuses.
+    HCONV Add(std::shared_ptr<Conversation> conversation);
+    /// Null for a handle that stands for no conversation.
+    [[nodiscard]] std::shared_ptr<Conversation> Find(HCONV handle) const noexcept;
+    void Forget(HCONV handle) noexcept;
+
+    /// Keeps the data of a transaction while its callback runs.
+    [[nodiscard]] HDDEDATA OpenTransaction(std::span<std::byte const> bytes);
+    void CloseTransaction() noexcept;
+    /// Null for the handle of a transaction that is over.
+    [[nodiscard]] TransactionData const* FindData(HDDEDATA data) const noexcept;
+
+  private:
+    struct Place {
+        std::shared_ptr<Conversation> conversation;
+        std::uint32_t generation = 0;
+    };
+
+    Exchange() = default;
+    ~Exchange() = default;
+
+    void DropOldestCaller();
+
+    StringTable strings_;
+    std::vector<std::unique_ptr<DdeInstance>> instances_;
+    std::uint32_t lastInstance_ = 0;
+    std::vector<Place> places_;
+    std::uint32_t lastGeneration_ = 0;
+    // The transactions whose callbacks run, innermost last; behind them those whose storage is used again.
+    std::vector<std::unique_ptr<TransactionData>> data_;
+    std::size_t openData_ = 0;
+};
+
+/// The data of a transaction, open as long as this lives.
+class OpenData {
+  public:
+    OpenData(Exchange& exchange, std::span<std::byte const> bytes)
+        : exchange_(exchange), handle_(exchange.OpenTransaction(bytes)) {}
+    OpenData(OpenData const&) = delete;
+    OpenData& operator=(OpenData const&) = delete;
+    ~OpenData() { exchange_.CloseTransaction(); }
+
+    [[nodiscard]] HDDEDATA Handle() const noexcept { return handle_; }
+
+  private:
+    Exchange& exchange_;
+    HDDEDATA handle_;
+};
+
+}  // namespace platform::detail

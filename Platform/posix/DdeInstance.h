@@ -1,0 +1,60 @@
+// DdeInstance: one instance of dynamic data exchange, a callback and the services that are registered for it.
+#pragma once
+
+#include "Platform/Ddeml.h"
+#include "Platform/posix/DdeMeetingPlace.h"
+#include "Platform/posix/Descriptor.h"
+#include "Platform/posix/Poller.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace platform::detail {
+
+/// Listens as long as a service is registered.
+class DdeInstance final : public Watcher {
+  public:
+    DdeInstance(std::uint32_t number, PFNCALLBACK callback, MeetingPlace place);
+    ~DdeInstance() override;
+
+    /// Takes in the next peer.
+    bool Step(std::uint32_t ready) override;
+
+    bool Register(HSZ service);
+    bool Unregister(HSZ service);
+    void UnregisterAll();
+    [[nodiscard]] bool HasService(HSZ service) const noexcept;
+
+    [[nodiscard]] std::uint32_t GetNumber() const noexcept { return number_; }
+    [[nodiscard]] PFNCALLBACK GetCallback() const noexcept { return callback_; }
+    [[nodiscard]] MeetingPlace const& GetPlace() const noexcept { return place_; }
+    /// -1 while it does not listen.
+    [[nodiscard]] int GetListener() const noexcept { return listener_.Number(); }
+
+    /// Notes an operation's error and gives its answer.
+    template <class Answer>
+    Answer Fail(unsigned error, Answer answer) noexcept {
+        lastError_ = error;
+        return answer;
+    }
+    [[nodiscard]] unsigned TakeLastError() noexcept { return std::exchange(lastError_, DMLERR_NO_ERROR); }
+
+  private:
+    [[nodiscard]] bool StartListening();
+    void StopListening();
+    // Takes a waiting peer off the queue when the process has no descriptor left for it.
+    void TurnAway();
+
+    std::uint32_t number_;
+    PFNCALLBACK callback_;
+    MeetingPlace place_;
+    std::vector<HSZ> services_;
+    Descriptor listener_;
+    std::string listenerName_;
+    // Given up for the moment in which a peer is turned away.
+    Descriptor reserve_;
+    unsigned lastError_ = DMLERR_NO_ERROR;
+};
+
+}  // namespace platform::detail

@@ -1,0 +1,88 @@
+#include "Platform/posix/DdeOutgoing.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <cerrno>
+#include <cstring>
+#include <sys/socket.h>
+#include <sys/uio.h>
+
+namespace platform::detail {
+
+namespace {
+
+constexpr std::size_t MostParts = 3;
+// What a program that runs no loop keeps before it tries to send again.
+constexpr std::size_t FlushEvery = 64U << 10;
+// More than this is given back once it is empty.
+constexpr std::size_t LargestKept = 1U << 20;
+
+constexpr int Flags = MSG_DONTWAIT | MSG_NOSIGNAL;
+
+bool MayTakeMoreLater() noexcept { return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR; }
+
+}  // namespace
+
+bool SendParts(int socket, FrameParts parts, std::size_t& sent) noexcept {
+    assert(parts.size() <= MostParts);
+    std::array<iovec, MostParts> vectors{};
+    std::ranges::transform(parts, vectors.begin(), [](std::span<std::byte const> part) {
+        // The system's structure serves for reading too, and has no const.
+        return iovec{const_cast<std::byte*>(part.data()), part.size()};
+    });
+    msghdr message{};
+    message.msg_iov = vectors.data();
+    message.msg_iovlen = parts.size();
+    ssize_t const count = sendmsg(socket, &message, Flags);
+    if (count < 0) return MayTakeMoreLater();
+    sent += static_cast<std::size_t>(count);
+    return true;
+}
+
+void OutgoingBytes::Append(FrameParts parts, std::size_t skipped) {
+    std::size_t total = 0;
+    for (auto const& part : parts) total += part.size();
+    if (first_ > bytes_.size() / 2) {
+        bytes_.erase(bytes_.begin(), bytes_.begin() + static_cast<std::ptrdiff_t>(first_));
+        first_ = 0;
+    }
+    std::size_t position = bytes_.size();
+    bytes_.resize(position + total - skipped);
+    for (auto part : parts) {
+        std::size_t const cut = std::min(skipped, part.size());
+        skipped -= cut;
+        part = part.subspan(cut);
+        if (!part.empty()) std::memcpy(bytes_.data() + position, part.data(), part.size());
+        position += part.size();
+    }
+}
+
+bool OutgoingBytes::Flush(int socket) noexcept {
+    while (Count() > 0) {
+        ssize_t const count = send(socket, bytes_.data() + first_, Count(), Flags);
+        if (count < 0) {
+            countAtFlush_ = Count();
+            if (MayTakeMoreLater()) return true;
+            Clear();
+            return false;
+        }
+        first_ += static_cast<std::size_t>(count);
+    }
+    Clear();
+    return true;
+}
+
+bool OutgoingBytes::IsFlushDue() const noexcept { return Count() >= countAtFlush_ + FlushEvery; }
+
+void OutgoingBytes::Clear() noexcept {
+    if (bytes_.capacity() > LargestKept) {
+        bytes_ = {};
+    } else {
+        bytes_.clear();
+    }
+    first_ = 0;
+    countAtFlush_ = 0;
+}
+
+}  // namespace platform::detail

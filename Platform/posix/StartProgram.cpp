@@ -1,0 +1,124 @@
+#include "Platform/Process.h"
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <spawn.h>
+#include <sstream>
+#include <string_view>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+namespace platform {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::vector<std::string> Words(std::string const& line) {
+    std::vector<std::string> words;
+    bool isQuoted = false;
+    bool isInWord = false;
+    for (char const character : line) {
+        bool const divides = !isQuoted && (character == ' ' || character == '\t');
+        if (!divides && !isInWord) words.emplace_back();
+        isInWord = !divides;
+        if (character == '"') {
+            isQuoted = !isQuoted;
+        } else if (isInWord) {
+            words.back() += character;
+        }
+    }
+    return words;
+}
+
+bool IsProgram(fs::path const& file) {
+    std::error_code error;
+    return fs::is_regular_file(file, error) && ::access(file.c_str(), X_OK) == 0;
+}
+
+std::vector<fs::path> SearchedDirectories(std::optional<std::string> const& directory) {
+    std::error_code error;
+    std::vector<fs::path> directories = {
+        directory ? fs::absolute(*directory, error) : fs::current_path(error),
+        fs::read_symlink("/proc/self/exe", error).parent_path()};
+    char const* const path = std::getenv("PATH");  // NOLINT(concurrency-mt-unsafe)
+    std::istringstream rest(path == nullptr ? "" : path);
+    for (std::string entry; std::getline(rest, entry, ':');) directories.emplace_back(entry);
+    std::erase(directories, fs::path());
+    return directories;
+}
+
+/// Empty when there is none.
+fs::path Find(std::string const& program, std::optional<std::string> const& directory) {
+    if (program.empty() || program.find('/') != std::string::npos) return IsProgram(program) ? program : "";
+    for (fs::path const& place : SearchedDirectories(directory)) {
+        if (IsProgram(place / program)) return place / program;
+    }
+    return {};
+}
+
+/// The settings of a program that is independent of this one.
+class Independent {
+  public:
+    explicit Independent(std::optional<std::string> const& directory) {
+        ::posix_spawn_file_actions_init(&actions_);
+        for (int const stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+            ::posix_spawn_file_actions_addopen(&actions_, stream, "/dev/null", O_RDWR, 0);
+        }
+        if (directory) ::posix_spawn_file_actions_addchdir_np(&actions_, directory->c_str());
+
+        sigset_t none;
+        sigset_t ignoredByUs;
+        ::sigemptyset(&none);
+        ::sigemptyset(&ignoredByUs);
+        ::sigaddset(&ignoredByUs, SIGPIPE);
+        ::posix_spawnattr_init(&attributes_);
+        ::posix_spawnattr_setsigmask(&attributes_, &none);
+        ::posix_spawnattr_setsigdefault(&attributes_, &ignoredByUs);
+        ::posix_spawnattr_setflags(&attributes_,
+                                   POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+    }
+    Independent(Independent const&) = delete;
+    Independent& operator=(Independent const&) = delete;
+    ~Independent() {
+        ::posix_spawn_file_actions_destroy(&actions_);
+        ::posix_spawnattr_destroy(&attributes_);
+    }
+
+    /// The number of the process, or -1.
+    [[nodiscard]] pid_t Spawn(fs::path const& program, std::vector<std::string>& words) const {
+        std::vector<char*> arguments;
+        for (std::string& word : words) arguments.push_back(word.data());
+        arguments.push_back(nullptr);
+        pid_t child = -1;
+        int const error =
+            ::posix_spawn(&child, program.c_str(), &actions_, &attributes_, arguments.data(), environ);
+        return error == 0 ? child : -1;
+    }
+
+  private:
+    posix_spawn_file_actions_t actions_{};
+    posix_spawnattr_t attributes_{};
+};
+
+}  // namespace
+
+bool StartProgram(std::string const& commandLine, std::optional<std::string> const& directory) {
+    std::vector<std::string> words = Words(commandLine);
+    if (words.empty()) return false;
+    fs::path const program = Find(words.front(), directory);
+    if (program.empty()) return false;
+    pid_t const child = Independent(directory).Spawn(program, words);
+    if (child < 0) return false;
+    // Nobody asks for its end, which must be taken all the same, or the dead would pile up.
+    std::thread([child] { ::waitpid(child, nullptr, 0); }).detach();
+    return true;
+}
+
+}  // namespace platform

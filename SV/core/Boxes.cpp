@@ -1,0 +1,47 @@
+#include "SV/core/Boxes.h"
+
+#include <cstdio>
+#include <utility>
+
+namespace sv {
+
+namespace {
+
+// Built at its first use, since a box may be run by another file's static initialiser.
+BoxHandler& CurrentHandler() {
+    static BoxHandler handler;
+    return handler;
+}
+
+void PrintBox(MessBox const& box) {
+    if (!box.GetTitle().IsEmpty()) std::fprintf(stderr, "%s: ", box.GetTitle().GetStr());
+    std::fprintf(stderr, "%s\n", box.GetText().GetStr());
+}
+
+}  // namespace
+
+MessBox::MessBox(Window* parent, WinBits style, String title, String text)
+    : MessBox(BoxKind::Message, parent, style, std::move(title), std::move(text)) {}
+
+MessBox::MessBox(BoxKind kind, Window* parent, WinBits style, String title, String text)
+    : kind_(kind), parent_(parent), style_(style), title_(std::move(title)), text_(std::move(text)) {}
+
+BoxAnswer MessBox::Execute() const {
+    if (BoxHandler const& handler = CurrentHandler()) return handler(*this);
+    PrintBox(*this);
+    return DefaultAnswer();
+}
+
+BoxAnswer MessBox::DefaultAnswer() const noexcept {
+    if ((style_ & WB_YES_NO) == 0) return BoxAnswer::Ok;
+    return (style_ & WB_DEF_YES) != 0 ? BoxAnswer::Yes : BoxAnswer::No;
+}
+
+InfoBox::InfoBox(Window* parent, String text) : MessBox(BoxKind::Info, parent, WB_OK, {}, std::move(text)) {}
+
+ErrorBox::ErrorBox(Window* parent, WinBits style, String text)
+    : MessBox(BoxKind::Error, parent, style, {}, std::move(text)) {}
+
+BoxHandler SetBoxHandler(BoxHandler handler) { return std::exchange(CurrentHandler(), std::move(handler)); }
+
+}  // namespace sv

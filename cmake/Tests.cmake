@@ -1,0 +1,52 @@
+# The test programs and the tests that are whole builds of their own.
+include(GoogleTest)
+
+if(CMAKE_CROSSCOMPILING)
+  # Debian's GoogleTest is built for this machine only; its sources are there too.
+  set(INSTALL_GTEST OFF)
+  set(BUILD_SHARED_LIBS_BEFORE ${BUILD_SHARED_LIBS})
+  set(BUILD_SHARED_LIBS OFF)
+  add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+  set(BUILD_SHARED_LIBS ${BUILD_SHARED_LIBS_BEFORE})
+else()
+  find_package(GTest REQUIRED)
+  find_library(LCMS2_LIBRARY lcms2 REQUIRED)
+endif()
+
+# The other processes that tests start. Programs find one another by their names, so each has a folder of its own.
+add_executable(ConfigWriter Platform/Tests/ConfigWriter.cpp)
+add_executable(DdePeer Platform/Tests/DdePeer.cpp Platform/Tests/DdeEndpoint.cpp)
+foreach(program ConfigWriter DdePeer)
+  target_link_libraries(${program} PRIVATE KVUtils::KVUtils kvutils_options)
+endforeach()
+
+file(GLOB_RECURSE library_tests CONFIGURE_DEPENDS KVUtils/Tests/*Test.cpp SV/Tests/*Test.cpp Platform/Tests/*Test.cpp)
+file(GLOB test_support CONFIGURE_DEPENDS Platform/Tests/DdeEndpoint.cpp Platform/Tests/posix/PeerProcess.cpp)
+if(CMAKE_CROSSCOMPILING)
+  list(FILTER library_tests EXCLUDE REGEX "LittleCmsTest.cpp$")
+endif()
+if(WIN32)
+  list(FILTER library_tests EXCLUDE REGEX "/posix/")
+  list(FILTER test_support EXCLUDE REGEX "/posix/")
+else()
+  list(FILTER library_tests EXCLUDE REGEX "/win32/")
+endif()
+add_executable(KVUtilsTests cmake/tests/TestMain.cpp ${library_tests} ${test_support})
+target_link_libraries(KVUtilsTests PRIVATE KVUtils::KVUtils GTest::gtest ${LCMS2_LIBRARY} kvutils_options)
+target_compile_definitions(KVUtilsTests PRIVATE
+  KV_CONFIG_WRITER="$<TARGET_FILE:ConfigWriter>"
+  KV_DDE_PEER="$<TARGET_FILE:DdePeer>")
+add_dependencies(KVUtilsTests ConfigWriter DdePeer)
+gtest_discover_tests(KVUtilsTests DISCOVERY_MODE PRE_TEST)
+
+# Every public header compiles alone, twice over: the file below each header's name includes nothing else.
+file(GLOB_RECURSE public_headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} KVUtils/*.h SV/*.h)
+list(FILTER public_headers EXCLUDE REGEX "/Tests/")
+foreach(header IN LISTS public_headers)
+  set(probe ${CMAKE_BINARY_DIR}/headers/${header}.cpp)
+  file(CONFIGURE OUTPUT ${probe} CONTENT "#include \"${header}\"\n#include \"${header}\"\n")
+  list(APPEND header_probes ${probe})
+endforeach()
+add_library(HeadersAlone OBJECT ${header_probes})
+target_link_libraries(HeadersAlone PRIVATE KVUtils::KVUtils kvutils_options)
+
