@@ -13,6 +13,11 @@ else()
   find_library(LCMS2_LIBRARY lcms2 REQUIRED)
 endif()
 
+# A shared object of its own, which uses the library from a static initialiser.
+add_library(StaticInitProbe KVUtils/Tests/staticinit/StaticInitProbe.cpp)
+target_link_libraries(StaticInitProbe PUBLIC KVUtils::KVUtils PRIVATE kvutils_options)
+set_target_properties(StaticInitProbe PROPERTIES WINDOWS_EXPORT_ALL_SYMBOLS ON)
+
 # The other processes that tests start. Programs find one another by their names, so each has a folder of its own.
 add_executable(ConfigWriter Platform/Tests/ConfigWriter.cpp)
 add_executable(DdePeer Platform/Tests/DdePeer.cpp Platform/Tests/DdeEndpoint.cpp)
@@ -32,7 +37,7 @@ else()
   list(FILTER library_tests EXCLUDE REGEX "/win32/")
 endif()
 add_executable(KVUtilsTests cmake/tests/TestMain.cpp ${library_tests} ${test_support})
-target_link_libraries(KVUtilsTests PRIVATE KVUtils::KVUtils GTest::gtest ${LCMS2_LIBRARY} kvutils_options)
+target_link_libraries(KVUtilsTests PRIVATE KVUtils::KVUtils StaticInitProbe GTest::gtest ${LCMS2_LIBRARY} kvutils_options)
 target_compile_definitions(KVUtilsTests PRIVATE
   KV_CONFIG_WRITER="$<TARGET_FILE:ConfigWriter>"
   KV_DDE_PEER="$<TARGET_FILE:DdePeer>")
@@ -50,3 +55,10 @@ endforeach()
 add_library(HeadersAlone OBJECT ${header_probes})
 target_link_libraries(HeadersAlone PRIVATE KVUtils::KVUtils kvutils_options)
 
+# A stranger's program against an installed copy, and the README's own first program.
+if(NOT CMAKE_CROSSCOMPILING AND NOT KVUTILS_SANITIZE)
+  add_test(NAME InstalledCopy
+           COMMAND ${CMAKE_COMMAND} -DBUILD=${CMAKE_BINARY_DIR} -DSOURCE=${PROJECT_SOURCE_DIR}
+                   -DCOMPILER=${CMAKE_CXX_COMPILER} -DGENERATOR=${CMAKE_GENERATOR}
+                   -P ${PROJECT_SOURCE_DIR}/cmake/tests/InstalledCopy.cmake)
+endif()

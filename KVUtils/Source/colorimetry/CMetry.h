@@ -1,0 +1,77 @@
+// CMetry: the colorimetric context of the process. The application sets the conditions once per change of
+// setup; constructors of vectors and densities read them. There is one context and no lock: conditions are
+// set while nothing is being computed, from the thread that drives the application.
+//
+// The initial state is in place before any code of the application runs, static initialisers included: D65
+// with the 2 degree observer, DIN density, no paper white.
+#pragma once
+
+#include "KVUtils/Source/colorimetry/CMetryFilter.h"
+#include "KVUtils/Source/colorimetry/MeasuringCondition.h"
+#include "KVUtils/Source/colorimetry/Spectrum.h"
+#include "KVUtils/Source/metrics/DichteFilter.h"
+
+#include <array>
+#include <span>
+
+namespace kv {
+
+class CMetry {
+  public:
+    CMetry() = delete;
+
+    /// The weights in force, with their illuminant and observer.
+    static CMetryFilter LXYZFilter;
+    /// The weights of the display: D65 with the 2 degree observer, always.
+    static CMetryFilter RGBFilter;
+    /// x + y + z of the observer in force, without any illuminant; 0 until conditions are set.
+    static Filter xyzSumme;
+    /// The density filters in force.
+    static DichteFilter aDichteFilter;
+    /// The physical conditions in force.
+    static PhysicalConditions aPhysicalCondition;
+    /// The paper white entered last, and whether it is in force.
+    static Spectrum amPaperWhiteSpec;
+    static unsigned char PapierSpektrumDefiniert;
+    /// The paper white's response in each density channel, with the filters that were in force when it was
+    /// entered.
+    static std::array<float, 4> PapierweissNormfaktor;
+
+    /// Puts an illuminant and an observer in force. The custom illuminant leaves weights 0 until
+    /// `SetCustomLXYZ` follows, and `xyzSumme` as it was.
+    static void SetCMetry(IllumClass const& illuminant, ObserverClass const& observer);
+    /// Puts a caller's own weights in force, with their illuminant and observer.
+    static void SetCustomLXYZ(CMetryFilter const& weights) noexcept;
+    static void SetDensityStandard(DStdClass const& standard) noexcept;
+    /// Enters the paper white; a spectrum whose samples sum to exactly 0 withdraws it. The response factors
+    /// belong to the density filters of this moment: who changes the standard enters the white again.
+    static void EnterWhite(Spectrum const& white) noexcept;
+    /// Puts in force all that the condition names. The paper white stays.
+    static void SetMeasuringConditions(MeasuringCondition const& condition);
+    /// Fills `condition` with what is in force.
+    static void GetMeasuringConditions(MeasuringCondition& condition) noexcept;
+
+    /// What is in force, as references that follow later changes.
+    [[nodiscard]] static ObserverClass const& GetObserver() noexcept { return LXYZFilter.GetObserver(); }
+    [[nodiscard]] static IllumClass const& GetIllum() noexcept { return LXYZFilter.GetIllum(); }
+
+    /// The wavelength in nm, from 410 to 700, at which the density -log10(reflectance) is greatest, and that
+    /// density. Of equal ones the nearest to 560 nm wins. With `relative` and a paper white in force,
+    /// reflectance is taken relative to it. 380 with density 0 when no sample is above 0 and at most 1.
+    static short GetMaxDensity(Spectrum const& spectrum, float& density, bool relative) noexcept;
+
+    /// Rescales `spectrum` to the colour strength of `reference` by the single-constant Kubelka-Munk relation
+    /// K/S = (1 - r)^2 / (2 r). A sample outside (0, 1] comes out as 1.
+    static void ToEqualStrength(Spectrum& spectrum, Spectrum const& reference) noexcept;
+
+    /// How many entries a display channel's gamma table has: two for each of 256 input levels.
+    static constexpr std::size_t GammaEntries = 512;
+    /// The table of display channel 0, 1 or 2: entry k is (k / 2 / 255)^(1 / 0.45). All 0 until
+    /// `SetMeasuringConditions`.
+    [[nodiscard]] static std::span<float const, GammaEntries> GammaTable(int channel) noexcept;
+
+  private:
+    static std::array<std::array<float, GammaEntries>, 3> gamma_;
+};
+
+}  // namespace kv

@@ -1,0 +1,11 @@
+#include "KVUtils/Source/metrics/DichteFilter.h"
+
+#include "KVUtils/Source/metrics/StandardDensity.h"
+
+namespace kv {
+
+static_assert(detail::FollowsGrid(detail::DensityTable));
+
+DichteFilter::DichteFilter(DStdType standard) noexcept : DichteFilter(StandardDensity::Filters(standard)) {}
+
+}  // namespace kv

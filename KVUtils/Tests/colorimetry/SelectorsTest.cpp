@@ -1,0 +1,108 @@
+#include "KVUtils/Tests/TestSupport.h"
+
+namespace kv::test {
+
+/// text; the value it reads as; what that value is written as
+using TextRows = Rows<char const*, int, char const*>;
+
+template <class Selector, class Type>
+void ExpectTexts(TextRows const& rows, std::initializer_list<int> unnamed) {
+    for (auto const& [text, value, written] : rows) {
+        Selector const selector{sv::String(text)};
+        EXPECT_EQ(static_cast<int>(static_cast<Type>(selector)), value) << text;
+        EXPECT_EQ(Text(selector), written) << text;
+    }
+    for (int const value : unnamed) EXPECT_EQ(Text(Selector(static_cast<Type>(value))), "") << value;
+}
+
+TEST(Selectors, ReadTheKeyAndWriteTheName) {
+    // F12 is what every other text reads as: a written daylight ("D55"), other case, a blank.
+    ExpectTexts<IllumClass, IllumType>({{"A", 0, "A"},
+                                        {"C", 1, "C"},
+                                        {"D65", 2, "D65"},
+                                        {"D50", 3, "D50"},
+                                        {"Il1", 8, "Il1"},
+                                        {"Il4", 11, "Il4"},
+                                        {"Dxx1", 16, "D65"},
+                                        {"F1", 24, "F1"},
+                                        {"Dxx8", 23, "D65"},
+                                        {"F11", 34, "F11"},
+                                        {"D55", 35, "F12"},
+                                        {"", 35, "F12"},
+                                        {"d65", 35, "F12"},
+                                        {"D65 ", 35, "F12"},
+                                        {"F12", 35, "F12"},
+                                        {"Custom", 100, "Custom"}},
+                                       {-1, 4, 12, 36, 99, 101});
+    ExpectTexts<DStdClass, DStdType>({{"ANSIA", 0, "ANSI A"},
+                                      {"ANSIT", 1, "ANSI T"},
+                                      {"DIN", 2, "DIN"},
+                                      {"DINNB", 3, "DIN NB"},
+                                      {"SPI", 4, "SPI"},
+                                      {"ANSIM", 6, "ANSI M"},
+                                      {"DS1", 8, "DS1"},
+                                      {"ANSI T", 2, "DIN"},
+                                      {"", 2, "DIN"}},
+                                     {-1, 5, 7, 9});
+    ExpectTexts<ActualFilterClass, ValueFilterType>({{"No", 1, "No"},
+                                                     {"Pol", 2, "Pol"},
+                                                     {"D65", 3, "D65"},
+                                                     {"Repro", 4, "Repro"},
+                                                     {"UV", 5, "UV"},
+                                                     {"Cust", 6, "Cust"},
+                                                     {"D8i", 7, "D8i"},
+                                                     {"D8e", 8, "D8e"},
+                                                     {"D8t", 9, "D8t"},
+                                                     {"???", 1, "No"}},
+                                                    {-1, 10});
+    ExpectTexts<WBaseClass, StoredWBaseType>({{"Pap", 0, "Pap"}, {"Abs", 1, "Abs"}, {"", 1, "Abs"}}, {-1, 2});
+    EXPECT_EQ(Text(ActualFilterClass(ValueFilterType::Unknown)), "???");
+    EXPECT_EQ(Text(IllumClass(IllumType::Dxx3, 55)), "D55");
+}
+
+TEST(Selectors, DaylightsAreEqualByNumberAndOthersByType) {
+    for (auto const& [typeA, numberA, typeB, numberB, equal] :
+         Rows<int, short, int, short, bool>{{16, 55, 23, 55, true},
+                                            {16, 55, 16, 65, false},
+                                            {2, 65, 2, 50, true},
+                                            {16, 65, 2, 65, false},
+                                            {2, 65, 16, 65, false},
+                                            {-1, 1, -1, 2, true}}) {
+        IllumClass const a(static_cast<IllumType>(typeA), numberA), b(static_cast<IllumType>(typeB), numberB);
+        EXPECT_EQ(a == b, equal) << typeA << ' ' << typeB;
+        EXPECT_EQ(a != b, !equal) << typeA << ' ' << typeB;
+    }
+    ActualFilterClass const unset(ValueFilterType::NotSet);
+    EXPECT_EQ(ValueFilterType(unset), ValueFilterType::None);
+    EXPECT_NE(unset, ActualFilterClass(ValueFilterType::None));
+}
+
+TEST(Selectors, IlluminantTravelsInOneWord) {
+    EXPECT_EQ(IllumClass(IllumType::D65, 65).GetCode(), 4259842UL);
+    for (auto const& [type, number] : Rows<IllumType, short>{
+             {IllumType::D65, 65}, {IllumType::Dxx2, -5}, {IllumType::Custom, 32767}, {IllumType::A, 0}}) {
+        IllumClass back(IllumType::C, 1);
+        back.SetCode(IllumClass(type, number).GetCode());
+        EXPECT_EQ(IllumType(back), type);
+        EXPECT_EQ(short(back), number);
+    }
+    IllumClass unset(IllumType::C);
+    unset.SetCode(IllumClass(IllumType::NotSet).GetCode());
+    EXPECT_EQ(IllumType(unset), IllumType::NotSet);
+}
+
+class ObserverText : public ContextTest {};
+
+TEST_F(ObserverText, DegreeSignFollowsTheLanguage) {
+    for (auto const& [countryCode, sign] : Rows<unsigned short, std::string>{
+             {1, "\xB0"}, {49, "\xB0"}, {81, "\xDF"}, {86, "\xA1\x43"}, {12345, "\xB0"}}) {
+        Language::SetLanguageByCountryCode(countryCode);
+        // The sign is not part of the key: 10 degrees as written reads as 2.
+        ExpectTexts<ObserverClass, ObserverType>({{"10", 1, ("10" + sign).c_str()},
+                                                  {("10" + sign).c_str(), 0, ("2" + sign).c_str()},
+                                                  {"", 0, ("2" + sign).c_str()}},
+                                                 {-1, 2, 3});
+    }
+}
+
+}  // namespace kv::test
