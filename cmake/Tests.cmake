@@ -20,8 +20,10 @@ set_target_properties(StaticInitProbe PROPERTIES WINDOWS_EXPORT_ALL_SYMBOLS ON)
 
 # The other processes that tests start. Programs find one another by their names, so each has a folder of its own.
 add_executable(ConfigWriter Platform/Tests/ConfigWriter.cpp)
+add_executable(PostOfficePeer KVUtils/Tests/messaging/PostOfficePeer.cpp)
+set_target_properties(PostOfficePeer PROPERTIES OUTPUT_NAME HQMSERV RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/peer)
 add_executable(DdePeer Platform/Tests/DdePeer.cpp Platform/Tests/DdeEndpoint.cpp)
-foreach(program ConfigWriter DdePeer)
+foreach(program ConfigWriter PostOfficePeer DdePeer)
   target_link_libraries(${program} PRIVATE KVUtils::KVUtils kvutils_options)
 endforeach()
 
@@ -40,8 +42,9 @@ add_executable(KVUtilsTests cmake/tests/TestMain.cpp ${library_tests} ${test_sup
 target_link_libraries(KVUtilsTests PRIVATE KVUtils::KVUtils StaticInitProbe GTest::gtest ${LCMS2_LIBRARY} kvutils_options)
 target_compile_definitions(KVUtilsTests PRIVATE
   KV_CONFIG_WRITER="$<TARGET_FILE:ConfigWriter>"
-  KV_DDE_PEER="$<TARGET_FILE:DdePeer>")
-add_dependencies(KVUtilsTests ConfigWriter DdePeer)
+  KV_DDE_PEER="$<TARGET_FILE:DdePeer>"
+  KV_POST_OFFICE_PEER="$<TARGET_FILE:PostOfficePeer>")
+add_dependencies(KVUtilsTests ConfigWriter DdePeer PostOfficePeer)
 gtest_discover_tests(KVUtilsTests DISCOVERY_MODE PRE_TEST)
 
 # Every public header compiles alone, twice over: the file below each header's name includes nothing else.

@@ -1,0 +1,238 @@
+#include "KVUtils/Source/controls/RegisterTopWindow.h"
+#include "KVUtils/Source/messaging/PostOffice.h"
+#include "KVUtils/Tests/messaging/PostOfficeFixture.h"
+#include "SV/core/Window.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+using namespace std::string_literals;
+
+namespace kv::messagingtest {
+namespace {
+
+unsigned char SendBytes(PostOffice& office, sv::String target, sv::String message, std::string_view bytes) {
+    MyMemoryBlock data = Block(bytes);
+    return office.Send(target, message, data);
+}
+
+class SomeWindow : public sv::Window {
+  public:
+    using sv::Window::Enable;
+    void Enable(bool enable) override { enabled_ = enable; }
+    [[nodiscard]] bool IsEnabled() const override { return enabled_; }
+
+  private:
+    bool enabled_ = true;
+};
+
+class PostOfficeSendTest : public PostOfficeTest {
+  public:
+    /// Answers with what the client says when it is asked for the time.
+    long AskBack(KORVELEvent* event) {
+        MyMemoryBlock answer = Block(Ask(appA, TIME_REQUEST) + Bytes(event->GetData()));
+        return office->Answer(event, answer);
+    }
+
+  protected:
+    PostOfficeSendTest() { appA = office->NewApp("/nowhere", "A_1") - 1; }
+
+    /// The client answers everything by the same message and this payload.
+    template <class Peer>
+    void AnswerBy(Peer& peer, std::string const& payload) {
+        peer.onPoke = [&peer, payload](Poked const& request) {
+            peer.Poke("ANSWER!" + request.item, Encoded(payload));
+        };
+    }
+    std::string Ask(int app, int message, DisEnable mode = DisEnable::Nothing) {
+        MyMemoryBlock data = Block("request");
+        MyMemoryBlock answer;
+        if (office->SendAndReceive(app, message, data, answer, mode) == 0) return "not sent";
+        return Bytes(answer);
+    }
+
+    int appA = 0;
+};
+
+TEST_F(PostOfficeSendTest, NumbersBecomeNamesInTheCallersStrings) {
+    sv::String target(appA);
+    sv::String message(1015);
+    MyMemoryBlock data = Block("a\0b"s);
+    EXPECT_EQ(office->Send(target, message, data), 1);
+    EXPECT_EQ(target, "A_1");
+    EXPECT_EQ(message, "ANSWER!SPECTRUM_REQUEST");
+    EXPECT_EQ(Bytes(data),
+              "a\x01\x0A"
+              "b");
+    ASSERT_TRUE(PumpUntil([this] { return a.received.size() == 1; }));
+    EXPECT_EQ(a.received[0].item, "ANSWER!SPECTRUM_REQUEST");
+    EXPECT_EQ(a.received[0].payload,
+              "a\x01\x0A"
+              "b");
+    EXPECT_EQ(a.received[0].sender.substr(0, 6), "BENCH_");
+}
+
+TEST_F(PostOfficeSendTest, EveryNameArrivesAsTheNumberThatWasSent) {
+    static std::vector<int> numbers;
+    numbers.clear();
+    auto const before = office->ChangeReceiveFunction(
+        [](KORVELEvent& event) { numbers.push_back(PostOffice::NumberOfCommand(event)); });
+    std::vector<int> sent;
+    for (int number = 0; number < ANZAHL_BOTSCHAFTEN; ++number) {
+        for (int const asked : {number, number + 1000}) {
+            if (SendBytes(*office, "BENCH", sv::String(asked), "") != 0) sent.push_back(asked);
+        }
+    }
+    ASSERT_TRUE(PumpUntil([&] { return numbers.size() == sent.size(); }));
+    EXPECT_EQ(numbers, sent);
+    EXPECT_EQ(sent.size(), 2U * (127 - 3));
+    EXPECT_TRUE(boxes.seen.empty());
+
+    auto const ours = office->ChangeReceiveFunction(before);
+    EXPECT_EQ(office->ChangeReceiveFunction(before), before);
+    EXPECT_NE(ours, before);
+}
+
+TEST_F(PostOfficeSendTest, RefusesNumbersThatMeanNothing) {
+    struct {
+        char const* target;
+        char const* message;
+    } const rows[] = {{"A_1", "88"},
+                      {"A_1", "1090"},
+                      {"A_1", "127"},
+                      {"A_1", "1127"},
+                      {"A_1", "999"},
+                      {"1", "0"},
+                      {"99", "0"},
+                      {"4294967298", "0"},
+                      {"A_1", ""},
+                      {"NOBODY", "0"},
+                      {"A_1", "99999999999999999999"}};
+    for (auto const& row : rows) EXPECT_EQ(SendBytes(*office, row.target, row.message, ""), 0) << row.message;
+    EXPECT_EQ(Ask(1, IS_READY), "not sent");
+    EXPECT_EQ(Ask(appA, 88), "not sent");
+    PumpAWhile();
+    EXPECT_TRUE(a.received.empty());
+}
+
+TEST_F(PostOfficeSendTest, WaitingChangesTheWindowAsAskedAndPutsItBack) {
+    struct {
+        DisEnable mode;
+        bool isDisabled;
+        bool waits;
+    } const rows[] = {{DisEnable::Nothing, false, false},
+                      {DisEnable::DisableWindow, true, true},
+                      {DisEnable::DisableDialog, true, true},
+                      {DisEnable::WaitPointer, false, true},
+                      {static_cast<DisEnable>(9), false, true}};
+    for (auto const& row : rows) {
+        for (bool const wasBusy : {false, true}) {
+            SomeWindow window;
+            RegisterTopWindow const inFront(&window);
+            window.Enable(!wasBusy);
+            sv::Application::Wait(wasBusy);
+            bool isDisabled = false;
+            bool waits = false;
+            a.onPoke = [&](Poked const& /*request*/) {
+                isDisabled = !window.IsEnabled();
+                waits = sv::Application::IsWait();
+                a.Poke("ANSWER!IS_READY", "yes");
+            };
+            EXPECT_EQ(Ask(appA, IS_READY, row.mode), "yes");
+            EXPECT_EQ(isDisabled, row.isDisabled || wasBusy) << static_cast<int>(row.mode);
+            EXPECT_EQ(waits, row.waits || wasBusy) << static_cast<int>(row.mode);
+            EXPECT_EQ(window.IsEnabled(), !wasBusy);
+            EXPECT_EQ(sv::Application::IsWait(), wasBusy);
+        }
+    }
+    AnswerBy(a, "yes");
+    sv::Application::Wait(false);
+    EXPECT_EQ(Ask(appA, IS_READY, DisEnable::DisableWindow), "yes");  // no window at all
+}
+
+TEST_F(PostOfficeSendTest, GoesOnWaitingForItsOwnAnswer) {
+    a.onPoke = [this](Poked const& /*request*/) {
+        a.Poke("ANSWER!GET_CHILDREN", "another");
+        a.Poke("ANSWER!NOSUCH", "unknown");
+        a.Poke("ANSWER!SPECTRUM_REQUEST", Encoded("mine\0"s));
+        a.Poke("ANSWER!IS_READY", "later");
+    };
+    EXPECT_EQ(Ask(appA, SPECTRUM_REQUEST), "mine\0\x0A"s);
+    // One that lies there is taken for the answer of the next question of its number.
+    PumpAWhile();
+    a.onPoke = nullptr;
+    EXPECT_EQ(Ask(appA, IS_READY), "later");
+}
+
+TEST_F(PostOfficeSendTest, AHandlerMayAskInTurn) {
+    // A asks; the handler asks A back; A asks again meanwhile and is served when the first answer has gone.
+    Handle<&PostOfficeSendTest::AskBack>(NEW_FORMULA, *this);
+    std::vector<std::string> answers;
+    a.onPoke = [&](Poked const& message) {
+        if (message.item == "TIME_REQUEST") {
+            if (answers.empty()) a.Poke("NEW_FORMULA", "2");
+            a.Poke("ANSWER!TIME_REQUEST", "noon");
+        } else {
+            answers.push_back(message.payload);
+        }
+    };
+    a.Poke("NEW_FORMULA", "1");
+    ASSERT_TRUE(PumpUntil([&] { return answers.size() == 2; }));
+    EXPECT_EQ(answers, (std::vector<std::string>{"noon1", "noon2"}));
+}
+
+TEST_F(PostOfficeSendTest, AsksItself) {
+    int const self = office->NewApp("/nowhere", "BENCH") - 1;
+    EXPECT_EQ(Ask(self, IS_READY), "\x02");
+}
+
+TEST_F(PostOfficeTest, ExchangesHandlers) {
+    sv::Link const none;
+    sv::Link const standard = office->ChangeMessageHdl(IS_READY, none, 1);
+    EXPECT_TRUE(standard.IsSet());
+    a.Poke("IS_READY");
+    Settle();  // no handler, no answer
+    EXPECT_FALSE(office->ChangeMessageHdl(IS_READY, standard, 1).IsSet());
+    EXPECT_EQ(Ask(a, "IS_READY"), NotHandled);
+    EXPECT_FALSE(office->ChangeMessageHdl(ANZAHL_BOTSCHAFTEN, standard, 1).IsSet());
+}
+
+TEST_F(PostOfficeTest, TellsTheUserWhenTheAskerIsGone) {
+    a.PokeRaw("IS_READY", "GONE_1:");
+    ASSERT_TRUE(PumpUntil([this] { return !boxes.seen.empty(); }));
+    EXPECT_EQ(boxes.seen, (std::vector<std::string>{"info: Answer failed in PostOffice::DefaultHdl()!"}));
+}
+
+TEST_F(PostOfficeTest, KnowsItsApplications) {
+    EXPECT_EQ(office->GetOwnApplicationName(), "BENCH");
+    EXPECT_FALSE(office->IsHQMServer());
+    EXPECT_EQ(office->GetAnzahlApp(), 2);  // the server and the empty slot
+    EXPECT_EQ(office->GetAppNr("hqmserv"), 0);
+    EXPECT_EQ(*office->GetPath(0), AppDir::Instance()->BinDirEntry().GetFull());
+    EXPECT_EQ(office->GetAppName(1), nullptr);
+    EXPECT_EQ(office->NewApp("/desk", "DESK"), 3);
+    EXPECT_EQ(office->GetAppNr("Desk"), 2);
+    EXPECT_EQ(office->DeleteApp(2), 1);
+    EXPECT_EQ(office->DeleteApp(3), 0);
+    EXPECT_EQ(office->GetAnzahlApp(), 3);
+    EXPECT_EQ(office->GetAppNr("DESK"), -1);
+    Open("HQMSERV");
+    EXPECT_EQ(office->NewApp("/desk", "DESK"), 1);
+}
+
+TEST_F(PostOfficeTest, ThereIsOneAtATime) {
+    EXPECT_EQ(PostOffice::Instance(), office);
+    Open("PRESS");
+    EXPECT_EQ(PostOffice::Instance(), office);
+    EXPECT_EQ(Ask(a, "IS_READY"), NotHandled);
+    EXPECT_FALSE(b.Connect("BENCH"));
+    Discard(std::exchange(office, nullptr));
+    EXPECT_EQ(PostOffice::Instance(), nullptr);
+    EXPECT_TRUE(boxes.seen.empty());
+    PumpAWhile();  // the idle handler is gone too
+}
+
+}  // namespace
+}  // namespace kv::messagingtest
