@@ -47,6 +47,14 @@ target_compile_definitions(KVUtilsTests PRIVATE
 add_dependencies(KVUtilsTests ConfigWriter DdePeer PostOfficePeer)
 gtest_discover_tests(KVUtilsTests DISCOVERY_MODE PRE_TEST)
 
+if(KVUTILS_BUILD_APPS)
+  file(GLOB_RECURSE app_tests CONFIGURE_DEPENDS Apps/Tests/*Test.cpp)
+  add_executable(AppsTests cmake/tests/TestMain.cpp ${app_tests})
+  target_link_libraries(AppsTests PRIVATE measurements kvcolor_commands GTest::gtest kvutils_options)
+  target_compile_definitions(AppsTests PRIVATE KV_APPS_DATA="${PROJECT_SOURCE_DIR}/Apps/data")
+  gtest_discover_tests(AppsTests DISCOVERY_MODE PRE_TEST)
+endif()
+
 # Every public header compiles alone, twice over: the file below each header's name includes nothing else.
 file(GLOB_RECURSE public_headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} KVUtils/*.h SV/*.h)
 list(FILTER public_headers EXCLUDE REGEX "/Tests/")

@@ -1,0 +1,97 @@
+#include "Apps/Tests/measurements/TestFiles.h"
+#include "Apps/measurements/MeasurementFile.h"
+#include "Apps/measurements/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+
+namespace measurements {
+namespace {
+
+using test::Refusal;
+using std::string_literals::operator""s;
+
+TEST(MeasurementFile, WhatIsNoTextIsRefused) {
+    std::string const empty =
+        "file: found an empty file, expected a CGATS file or a CSV file with wavelengths in its head";
+    EXPECT_EQ(Refusal(""), empty);
+    EXPECT_EQ(Refusal("\xEF\xBB\xBF\r\n \t\n"), empty);
+    EXPECT_EQ(
+        Refusal("\xFF\xFE"
+                "n\0a\0"s),
+        "file: found text in UTF-16, expected text in UTF-8 or a one-byte encoding (save the file as UTF-8)");
+    EXPECT_EQ(
+        Refusal("PK\x03\x04..."),
+        "file: found a ZIP archive, as spreadsheet programs save, expected a text file (save the sheet as CSV)");
+    EXPECT_EQ(Refusal("name\n3\0"s + "80"), "file:2: found binary data (byte 0 at column 2), expected text");
+    EXPECT_EQ(Refusal("name,380\n" + std::string(std::size_t{3} << 20U, '1')),
+              "file:2: found a line of more than 1048576 bytes, expected at most that (1 MiB) in a line");
+}
+
+TEST(MeasurementFile, AMessageStaysOnItsLine) {
+    try {
+        static_cast<void>(ParseMeasurements("a\vb\xC3\xBC" + std::string(100, '-'), "two\nlines"));
+        FAIL();
+    } catch (ReadError const& error) {
+        std::string const excerpt = "a?b\xC3\xBC" + std::string(35, '-') + "...";
+        EXPECT_EQ(std::string(error.what()).find("two?lines:1: found \"" + excerpt + "\", expected "), 0U)
+            << error.what();
+    }
+}
+
+/// A folder of its own that goes with the test.
+class FileTest : public testing::Test {
+  protected:
+    FileTest() {
+        // Two builds may run their tests side by side.
+        auto const now = std::chrono::steady_clock::now().time_since_epoch().count();
+        folder_ = std::filesystem::temp_directory_path() / ("measurements-" + std::to_string(now));
+        std::filesystem::create_directories(folder_);
+    }
+    ~FileTest() override {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+    FileTest(FileTest const&) = delete;
+    FileTest& operator=(FileTest const&) = delete;
+
+    [[nodiscard]] std::string Path(char const* name) const { return (folder_ / name).string(); }
+
+    static std::string RefusalOf(std::string const& path) {
+        try {
+            static_cast<void>(ReadMeasurementFile(path));
+        } catch (ReadError const& error) {
+            return error.what();
+        }
+        return "accepted";
+    }
+
+  private:
+    std::filesystem::path folder_;
+};
+
+TEST_F(FileTest, IsReadByPath) {
+    std::string const path = Path("chart.txt");
+    std::ofstream(path, std::ios::binary) << test::CgatsWithHeader("CGATS.17\r\n");
+    MeasurementFile const file = ReadMeasurementFile(path);
+    EXPECT_EQ(file.path, path);
+    EXPECT_EQ(file.dialect, "CGATS.17");
+    EXPECT_EQ(file.samples.size(), 1U);
+}
+
+TEST_F(FileTest, WhatIsNoUsableFileIsRefused) {
+    EXPECT_EQ(RefusalOf(Path("none")),
+              Path("none") + ": found no file of this name, expected a measurement file");
+    EXPECT_EQ(RefusalOf(Path(".")), Path(".") + ": found a directory, expected a measurement file");
+    std::string const large = Path("large");
+    std::ofstream(large, std::ios::binary) << "name,380\n";
+    std::filesystem::resize_file(large, MaxFileBytes + 1);
+    EXPECT_EQ(RefusalOf(large),
+              large + ": found more than 268435456 bytes, expected at most that (256 MiB) in a file");
+}
+
+}  // namespace
+}  // namespace measurements

@@ -1,0 +1,38 @@
+#include "Apps/measurements/Numbers.h"
+
+#include <gtest/gtest.h>
+
+namespace measurements {
+namespace {
+
+TEST(Numbers, OnlyFiniteDecimalNumbersAreRead) {
+    EXPECT_EQ(ToNumber("0.25"), 0.25);
+    EXPECT_EQ(ToNumber("+1"), 1);
+    EXPECT_EQ(ToNumber("-2.5E-1"), -0.25);
+    EXPECT_EQ(ToNumber("0,25", ','), 0.25);
+    for (std::string_view const text : {"", "nan", "NaN", "inf", "-inf", "1e400", "0x1A", "1.2.3", "1 2",
+                                        "1,2", "+-1", "++1", "#N/A", "12%", "\xEF\xBC\x91"}) {
+        EXPECT_FALSE(ToNumber(text)) << text;
+    }
+    EXPECT_FALSE(ToNumber("1,234.5", ','));
+    EXPECT_FALSE(ToNumber("1,2,3", ','));
+    EXPECT_FALSE(ToNumber(std::string(65, '1'))) << "longer than any measured number";
+}
+
+TEST(Numbers, AFileKeepsToItsFirstDecimalMark) {
+    NumberReader numbers;
+    auto const column = [] { return std::string("column 2"); };
+    EXPECT_EQ(numbers.Read("5", {"file", 6}, column), 5);
+    EXPECT_EQ(numbers.Read("\"0,5\"", {"file", 7}, column), 0.5);
+    EXPECT_TRUE(numbers.HasCommas());
+    try {
+        static_cast<void>(numbers.Read("0.5", {"file", 8}, column));
+        FAIL() << "a decimal point among commas";
+    } catch (ReadError const& error) {
+        EXPECT_STREQ(error.what(),
+                     "file:8: found \"0.5\" in column 2, expected a decimal comma as in line 7");
+    }
+}
+
+}  // namespace
+}  // namespace measurements

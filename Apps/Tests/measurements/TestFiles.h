@@ -1,0 +1,63 @@
+// Small measurement files for the tests, put together from the parts in which they differ.
+#pragma once
+
+#include "Apps/measurements/MeasurementFile.h"
+
+#include <string>
+#include <string_view>
+
+namespace measurements::test {
+
+/// Wavelengths of a file, in the order of its columns.
+struct Range {
+    int first = 380;
+    int last = 730;
+    int step = 10;
+};
+
+/// `item` once for each wavelength, every "#" in it being the wavelength; joined by `separator`.
+inline std::string Repeat(std::string_view item, std::string_view separator, Range const& range = {}) {
+    std::string text;
+    for (int nm = range.first; nm != range.last + range.step; nm += range.step) {
+        if (nm != range.first) text += separator;
+        for (char const c : item) text += c == '#' ? std::to_string(nm) : std::string(1, c);
+    }
+    return text;
+}
+
+/// A CGATS file of these header lines, fields and rows; each ends its own lines.
+inline std::string Cgats(std::string const& header, std::string const& fields, std::string const& rows) {
+    return header + "BEGIN_DATA_FORMAT\n" + fields + "\nEND_DATA_FORMAT\nBEGIN_DATA\n" + rows + "END_DATA\n";
+}
+
+/// One sample "1" whose values are all `value`, with the header that is to be looked at.
+inline std::string CgatsWithHeader(std::string const& header, std::string_view value = "0.5") {
+    return Cgats(header, "SampleID " + Repeat("SPECTRAL_NM#", " "), "1 " + Repeat(value, " ") + "\n");
+}
+
+/// Replaces every `from`.
+inline std::string Replaced(std::string text, std::string_view from, std::string_view to) {
+    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
+        text.replace(at, from.size(), to);
+    }
+    return text;
+}
+
+/// What the reader says of a file that it must refuse; "accepted" if it does not.
+inline std::string Refusal(std::string_view bytes) {
+    try {
+        static_cast<void>(ParseMeasurements(bytes, "file"));
+    } catch (ReadError const& error) {
+        return error.what();
+    }
+    return "accepted";
+}
+
+/// All notes, a line each.
+inline std::string Notes(MeasurementFile const& file) {
+    std::string notes;
+    for (std::string const& note : file.notes) notes += note + "\n";
+    return notes;
+}
+
+}  // namespace measurements::test

@@ -1,0 +1,23 @@
+// Environment: what surrounds a run of the program, so that tests can stand in for it.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <ostream>
+#include <string>
+
+namespace kvcolor {
+
+struct Environment {
+    using Clock = std::chrono::steady_clock;
+
+    std::ostream& out;
+    std::ostream& err;
+    bool outIsTerminal = false;
+    bool errIsTerminal = false;
+    /// An environment variable; empty when it is not set.
+    std::function<std::string(char const* name)> variable = [](char const*) { return std::string(); };
+    std::function<Clock::time_point()> now = &Clock::now;
+};
+
+}  // namespace kvcolor

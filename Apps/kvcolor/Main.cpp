@@ -1,0 +1,32 @@
+// The program kvcolor: connects Run with the standard streams.
+#include "Apps/kvcolor/Messages.h"
+#include "Apps/kvcolor/Run.h"
+#include "Platform/CommandLine.h"
+#include "Platform/Terminal.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <iostream>
+#include <system_error>
+
+int main(int argc, char** argv) {
+    platform::PrepareStandardOutput();
+    auto const variable = [](char const* name) {
+        char const* const value = std::getenv(name);
+        return std::string(value == nullptr ? "" : value);
+    };
+    kvcolor::Environment const environment{.out = std::cout,
+                                           .err = std::cerr,
+                                           .outIsTerminal = platform::IsTerminal(stdout),
+                                           .errIsTerminal = platform::IsTerminal(stderr),
+                                           .variable = variable};
+
+    // A write fails while the report is delivered or at the end; nothing in between sets errno.
+    errno = 0;
+    int const status = kvcolor::Run(platform::Arguments(argc, argv), environment);
+    if (std::cout.flush()) return status;
+    int const reason = errno;
+    kvcolor::Messages(std::cerr).Error("cannot write the output" +
+                                       (reason == 0 ? "" : ": " + std::generic_category().message(reason)));
+    return kvcolor::OutputFailed;
+}
