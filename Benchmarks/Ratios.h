@@ -1,0 +1,28 @@
+// Ratios: what a benchmark took in units of another one of the same run, since these alone are comparable
+// between machines, and between two moments of one machine.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+#include <vector>
+
+namespace bench {
+
+/// Registers "`subject` takes so many times as long as `peer`", by the names of two benchmarks, with what a
+/// reader takes from it. Call it from a file's static initialiser.
+struct Ratio {
+    Ratio(std::string subject, std::string peer, std::string meaning);
+};
+
+/// Prints the usual table, then the registered ratios of median CPU times.
+class RatioReporter : public benchmark::ConsoleReporter {
+  public:
+    void ReportRuns(std::vector<Run> const& runs) override;
+    void Finalize() override;
+
+  private:
+    std::vector<Run> medians_;
+};
+
+}  // namespace bench
