@@ -3,7 +3,7 @@
 #include "KVUtils/Source/controls/RegisterTopWindow.h"
 #include "KVUtils/Source/messaging/MessageWire.h"
 #include "SV/core/Application.h"
-#include "SV/core/Window.h"
+#include "SV/ui/Window.h"
 
 #include <algorithm>
 #include <limits>

@@ -5,7 +5,7 @@
 #include "KVUtils/Source/messaging/PostOffice.h"
 #include "SV/core/Application.h"
 #include "SV/core/Boxes.h"
-#include "SV/core/Window.h"
+#include "SV/ui/Window.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,0 +1,87 @@
+#include "SV/headless/HeadlessBackend.h"
+
+#include "SV/ui/Window.h"
+
+#include <algorithm>
+#include <map>
+
+namespace sv::headless {
+
+namespace {
+
+class HeadlessPeer;
+
+/// The peers by their windows.
+std::map<Window const*, HeadlessPeer*>& Peers() {
+    static std::map<Window const*, HeadlessPeer*>& peers = *new std::map<Window const*, HeadlessPeer*>;
+    return peers;
+}
+
+class HeadlessPeer final : public detail::WindowPeer {
+  public:
+    explicit HeadlessPeer(Window& window) : window_(window), canvas_(Size()) { Peers()[&window] = this; }
+    HeadlessPeer(HeadlessPeer const&) = delete;
+    HeadlessPeer& operator=(HeadlessPeer const&) = delete;
+    ~HeadlessPeer() override { Peers().erase(&window_); }
+
+    detail::Canvas& GetCanvas() override { return canvas_; }
+    void SetPosSize(Point /*position*/, Size size) override { size_ = size; }
+    void Show(bool visible) override { isInvalid_ = isInvalid_ || visible; }
+    void Enable(bool /*enabled*/) override { isInvalid_ = true; }
+    void SetText(String const& /*text*/) override { isInvalid_ = true; }
+    void Invalidate() override { isInvalid_ = true; }
+    void GrabFocus() override {
+        if (window_.IsEnabled()) window_.FocusHasCome();
+    }
+    void CaptureMouse(bool /*capture*/) override {}
+    void ToTop() override {}
+
+    RecordingCanvas const& Paint() {
+        canvas_.Restart(size_);
+        window_.Erase();
+        Point const end(static_cast<std::int16_t>(size_.Width() - 1),
+                        static_cast<std::int16_t>(size_.Height() - 1));
+        window_.Paint({Point(), end});
+        isInvalid_ = false;
+        return canvas_;
+    }
+    [[nodiscard]] bool IsInvalid() const noexcept { return isInvalid_; }
+
+  private:
+    Window& window_;
+    RecordingCanvas canvas_;
+    Size size_;
+    bool isInvalid_ = true;
+};
+
+}  // namespace
+
+HeadlessBackend& HeadlessBackend::Instance() noexcept {
+    static HeadlessBackend backend;
+    return backend;
+}
+
+std::unique_ptr<detail::WindowPeer> HeadlessBackend::MakeWindow(Window& window,
+                                                                detail::WindowPeer* /*parent*/) {
+    return std::make_unique<HeadlessPeer>(window);
+}
+
+std::unique_ptr<detail::Canvas> HeadlessBackend::MakeSurface(Size size) {
+    return std::make_unique<RecordingCanvas>(size);
+}
+
+Bitmap Render(Window& window) {
+    Bitmap picture = Peers().at(&window)->Paint().Pixels();
+    for (Window* const child : window.GetChildren()) {
+        if (!child->IsVisible()) continue;
+        Point const place = child->GetPosPixel();
+        picture.Paste(place.X(), place.Y(), Render(*child));
+    }
+    return picture;
+}
+
+std::vector<DrawCall> Record(Window& window) { return Peers().at(&window)->Paint().Calls(); }
+
+bool IsInvalid(Window const& window) { return Peers().at(&window)->IsInvalid(); }
+
+}  // namespace sv::headless

@@ -1,0 +1,154 @@
+// What drawing is done with: pens, brushes, fonts, and the map from a caller's coordinates to pixels. Plain
+// values.
+#pragma once
+
+#include "SV/core/Color.h"
+#include "SV/core/Geometry.h"
+
+#include <cstdint>
+
+namespace sv {
+
+/// The colours that the suite's windows ask for by number.
+enum class ColorName : int {
+    Black = 0,
+    Highlight = 2,  // the face of a button under the pointer
+    White = 15,
+    Help = 21  // a quiet ground for help
+};
+
+[[nodiscard]] constexpr Color ColorOf(ColorName name) noexcept {
+    constexpr auto channel = [](int code) { return static_cast<std::uint16_t>(code * 257); };
+    switch (name) {
+        case ColorName::Highlight:
+            return {channel(0xD6), channel(0xE8), channel(0xF7)};
+        case ColorName::White:
+            return {channel(0xFF), channel(0xFF), channel(0xFF)};
+        case ColorName::Help:
+            return {channel(0xFF), channel(0xFB), channel(0xDC)};
+        case ColorName::Black:
+            break;
+    }
+    return {};
+}
+
+enum class PenStyle : int { None = 0, Solid = 1, Dash = 2 };
+
+class Pen {
+  public:
+    /// Black, one pixel, solid.
+    constexpr Pen() noexcept = default;
+    constexpr explicit Pen(Color color, std::uint16_t width = 1, PenStyle style = PenStyle::Solid) noexcept
+        : color_(color), width_(width), style_(style) {}
+
+    [[nodiscard]] constexpr Color GetColor() const noexcept { return color_; }
+    /// In pixels; 0 counts as 1.
+    [[nodiscard]] constexpr std::uint16_t GetWidth() const noexcept { return width_; }
+    [[nodiscard]] constexpr PenStyle GetStyle() const noexcept { return style_; }
+    constexpr void ChangeColor(Color color) noexcept { color_ = color; }
+    constexpr void ChangeWidth(std::uint16_t width) noexcept { width_ = width; }
+    constexpr void ChangeStyle(PenStyle style) noexcept { style_ = style; }
+
+    friend constexpr bool operator==(Pen const&, Pen const&) noexcept = default;
+
+  private:
+    Color color_;
+    std::uint16_t width_ = 1;
+    PenStyle style_ = PenStyle::Solid;
+};
+
+enum class BrushStyle : int { None = 0, Solid = 1 };
+
+class Brush {
+  public:
+    /// White, solid.
+    constexpr Brush() noexcept : Brush(ColorName::White) {}
+    constexpr explicit Brush(Color color, BrushStyle style = BrushStyle::Solid) noexcept
+        : Brush(color, color, style) {}
+    constexpr explicit Brush(ColorName name) noexcept : Brush(ColorOf(name)) {}
+    /// `fill` is the second colour of styles with a pattern; a solid brush does not show it.
+    constexpr Brush(Color color, Color fill, BrushStyle style) noexcept
+        : color_(color), fill_(fill), style_(style) {}
+
+    [[nodiscard]] constexpr Color GetColor() const noexcept { return color_; }
+    [[nodiscard]] constexpr Color GetFillColor() const noexcept { return fill_; }
+    [[nodiscard]] constexpr BrushStyle GetStyle() const noexcept { return style_; }
+    constexpr void ChangeColor(Color color) noexcept { color_ = color; }
+    constexpr void ChangeStyle(BrushStyle style) noexcept { style_ = style; }
+
+    friend constexpr bool operator==(Brush const&, Brush const&) noexcept = default;
+
+  private:
+    Color color_;
+    Color fill_;
+    BrushStyle style_;
+};
+
+enum class FontPitch : int { Variable = 0, Fixed = 1 };
+enum class FontWeight : int { Normal = 0, Light = 1, Bold = 2 };
+
+class Font {
+  public:
+    /// The system's own, for text on controls.
+    constexpr Font() noexcept = default;
+    /// `height` in pixels; 0 is the system's own.
+    constexpr explicit Font(std::uint16_t height, FontPitch pitch = FontPitch::Variable,
+                            FontWeight weight = FontWeight::Normal) noexcept
+        : height_(height), pitch_(pitch), weight_(weight) {}
+
+    [[nodiscard]] constexpr std::uint16_t GetHeight() const noexcept { return height_; }
+    [[nodiscard]] constexpr FontPitch GetPitch() const noexcept { return pitch_; }
+    [[nodiscard]] constexpr FontWeight GetWeight() const noexcept { return weight_; }
+    [[nodiscard]] constexpr Color GetColor() const noexcept { return color_; }
+    constexpr void ChangeWeight(FontWeight weight) noexcept { weight_ = weight; }
+    constexpr void ChangeColor(Color color) noexcept { color_ = color; }
+
+    friend constexpr bool operator==(Font const&, Font const&) noexcept = default;
+
+  private:
+    std::uint16_t height_ = 0;
+    FontPitch pitch_ = FontPitch::Variable;
+    FontWeight weight_ = FontWeight::Normal;
+    Color color_;
+};
+
+/// A ratio, kept as the quotient.
+class Fraction {
+  public:
+    constexpr explicit Fraction(double value) noexcept : value_(value) {}
+    constexpr operator double() const noexcept { return value_; }
+
+  private:
+    double value_;
+};
+
+enum class MapUnit : int { Pixel = 10 };
+
+/// From logical to pixel coordinates: add the origin, then multiply by the scale of each axis.
+class MapMode {
+  public:
+    /// Pixels from the top left corner down.
+    constexpr MapMode() noexcept = default;
+    constexpr MapMode(MapUnit unit, Point origin, Fraction scaleX, Fraction scaleY) noexcept
+        : unit_(unit), origin_(origin), scaleX_(scaleX), scaleY_(scaleY) {}
+
+    [[nodiscard]] constexpr MapUnit GetMapUnit() const noexcept { return unit_; }
+    [[nodiscard]] constexpr Point GetOrigin() const noexcept { return origin_; }
+    [[nodiscard]] constexpr double GetScaleX() const noexcept { return scaleX_; }
+    [[nodiscard]] constexpr double GetScaleY() const noexcept { return scaleY_; }
+    /// Whether y grows upward.
+    [[nodiscard]] constexpr bool IsUpward() const noexcept { return scaleY_ < 0.0; }
+
+    friend constexpr bool operator==(MapMode const& a, MapMode const& b) noexcept {
+        return a.unit_ == b.unit_ && a.origin_ == b.origin_ && double{a.scaleX_} == double{b.scaleX_} &&
+               double{a.scaleY_} == double{b.scaleY_};
+    }
+
+  private:
+    MapUnit unit_ = MapUnit::Pixel;
+    Point origin_;
+    Fraction scaleX_{1.0};
+    Fraction scaleY_{1.0};
+};
+
+}  // namespace sv

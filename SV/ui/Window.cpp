@@ -1,0 +1,96 @@
+#include "SV/ui/Window.h"
+
+#include "SV/ui/Backend.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace sv {
+
+constinit Window* Window::focus_ = nullptr;
+constinit Window* Window::captor_ = nullptr;
+
+Window::Window(Window* parent, Style style) : parent_(parent), style_(style) {
+    if (parent_ != nullptr) parent_->children_.push_back(this);
+    peer_ = detail::CurrentBackend().MakeWindow(*this, parent_ == nullptr ? nullptr : parent_->peer_.get());
+}
+
+Window::~Window() {
+    if (focus_ == this) focus_ = nullptr;
+    ReleaseMouse();
+    if (parent_ != nullptr) std::erase(parent_->children_, this);
+    for (Window* const child : children_) child->parent_ = nullptr;
+}
+
+void Window::Paint(Rectangle const& /*area*/) {}
+void Window::Resize() {}
+void Window::MouseMove(MouseEvent const& /*event*/) {}
+void Window::MouseButtonDown(MouseEvent const& /*event*/) {}
+void Window::MouseButtonUp(MouseEvent const& /*event*/) {}
+void Window::GetFocus() {}
+void Window::LoseFocus() {}
+
+void Window::SetPosSizePixel(Point position, Size size) {
+    ChangePosPixel(position);
+    ChangeSizePixel(size);
+}
+
+Point Window::ChangePosPixel(Point position) {
+    Point const before = std::exchange(position_, position);
+    peer_->SetPosSize(position_, size_);
+    return before;
+}
+
+Size Window::ChangeSizePixel(Size size) {
+    Size const before = std::exchange(size_, size);
+    peer_->SetPosSize(position_, size_);
+    if (size_ != before) Resize();
+    return before;
+}
+
+void Window::Show(bool visible) {
+    isVisible_ = visible;
+    peer_->Show(visible);
+}
+
+void Window::Enable(bool enable) {
+    isEnabled_ = enable;
+    peer_->Enable(enable);
+}
+
+void Window::SetText(String const& text) {
+    text_ = text;
+    peer_->SetText(text_);
+}
+
+void Window::Invalidate() { peer_->Invalidate(); }
+void Window::GrabFocus() { peer_->GrabFocus(); }
+void Window::ToTop() { peer_->ToTop(); }
+
+void Window::CaptureMouse() {
+    captor_ = this;
+    peer_->CaptureMouse(true);
+}
+
+void Window::ReleaseMouse() {
+    if (captor_ != this) return;
+    captor_ = nullptr;
+    peer_->CaptureMouse(false);
+}
+
+void Window::FocusHasCome() {
+    if (focus_ == this) return;
+    if (focus_ != nullptr) focus_->FocusHasGone();
+    focus_ = this;
+    GetFocus();
+}
+
+void Window::FocusHasGone() {
+    if (focus_ != this) return;
+    focus_ = nullptr;
+    LoseFocus();
+}
+
+detail::Canvas& Window::GetCanvas() const { return peer_->GetCanvas(); }
+
+}  // namespace sv

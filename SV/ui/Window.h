@@ -1,0 +1,101 @@
+// sv::Window: an area of the screen that is drawn on, takes input, and holds other windows.
+//
+// A window is made hidden and enabled, and is destroyed before its parent. All of it belongs to the main
+// thread.
+#pragma once
+
+#include "SV/core/String.h"
+#include "SV/ui/Events.h"
+#include "SV/ui/OutputDevice.h"
+
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace sv {
+
+namespace detail {
+class WindowPeer;
+}
+
+class Window : public OutputDevice {
+  public:
+    /// The style bits of a window, as the suite's classes give them.
+    using Style = unsigned long;
+
+    /// `parent` is null for a window of its own on the screen. The style is kept for whoever asks.
+    explicit Window(Window* parent, Style style = 0);
+    virtual ~Window();
+
+    /// Draws what the window shows, after its ground was painted. All of it may be drawn: what lies outside
+    /// the area is cut off.
+    virtual void Paint(Rectangle const& area);
+    /// The size has changed.
+    virtual void Resize();
+    virtual void MouseMove(MouseEvent const& event);
+    virtual void MouseButtonDown(MouseEvent const& event);
+    virtual void MouseButtonUp(MouseEvent const& event);
+    virtual void GetFocus();
+    virtual void LoseFocus();
+
+    [[nodiscard]] Window* GetParent() const noexcept { return parent_; }
+    /// The windows in this one, in the order they were made.
+    [[nodiscard]] std::span<Window* const> GetChildren() const noexcept { return children_; }
+    [[nodiscard]] Style GetStyle() const noexcept { return style_; }
+
+    /// From the top left corner of the parent's area or of the screen.
+    [[nodiscard]] Point GetPosPixel() const noexcept { return position_; }
+    [[nodiscard]] Size GetSizePixel() const noexcept { return size_; }
+    void SetPosSizePixel(Point position, Size size);
+    /// Each returns what was there before. `Resize` runs when the size has changed.
+    virtual Point ChangePosPixel(Point position);
+    Size ChangeSizePixel(Size size);
+
+    virtual void Show(bool visible);
+    void Show() { Show(true); }
+    void Hide() { Show(false); }
+    /// Whether it was shown; a window in a hidden one is not to be seen all the same.
+    [[nodiscard]] bool IsVisible() const noexcept { return isVisible_; }
+
+    /// Lets the window take input, or shuts it off.
+    virtual void Enable(bool enable);
+    void Enable() { Enable(true); }
+    void Disable() { Enable(false); }
+    [[nodiscard]] bool IsEnabled() const noexcept { return isEnabled_; }
+
+    /// The title, or what a control shows.
+    void SetText(String const& text);
+    [[nodiscard]] String const& GetText() const noexcept { return text_; }
+
+    /// Has the window painted, some time soon.
+    void Invalidate();
+    void GrabFocus();
+    [[nodiscard]] bool HasFocus() const noexcept { return focus_ == this; }
+    /// Events of the mouse come to this window, wherever the pointer is.
+    void CaptureMouse();
+    void ReleaseMouse();
+    [[nodiscard]] bool HasCapture() const noexcept { return captor_ == this; }
+    void ToTop();
+
+    /// For backends: the window system has given the window the focus, or taken it away.
+    void FocusHasCome();
+    void FocusHasGone();
+
+  private:
+    [[nodiscard]] detail::Canvas& GetCanvas() const override;
+
+    Window* parent_;
+    std::vector<Window*> children_;
+    Style style_;
+    Point position_;
+    Size size_;
+    bool isVisible_ = false;
+    bool isEnabled_ = true;
+    String text_;
+    std::unique_ptr<detail::WindowPeer> peer_;
+
+    static Window* focus_;
+    static Window* captor_;
+};
+
+}  // namespace sv
