@@ -35,6 +35,11 @@ class HeadlessPeer final : public detail::WindowPeer {
     }
     void CaptureMouse(bool /*capture*/) override {}
     void ToTop() override {}
+    void SetAccessibleName(String const& /*name*/) override {}
+    void SetMaxTextLen(unsigned short /*length*/) override {}
+    void SetReadOnly(bool /*readOnly*/) override {}
+    void SetEntries(std::span<String const> /*entries*/, int /*selected*/) override { isInvalid_ = true; }
+    void SetChecked(bool /*checked*/) override { isInvalid_ = true; }
 
     RecordingCanvas const& Paint() {
         canvas_.Restart(size_);
@@ -61,7 +66,7 @@ HeadlessBackend& HeadlessBackend::Instance() noexcept {
     return backend;
 }
 
-std::unique_ptr<detail::WindowPeer> HeadlessBackend::MakeWindow(Window& window,
+std::unique_ptr<detail::WindowPeer> HeadlessBackend::MakeWindow(Window& window, detail::WindowKind /*kind*/,
                                                                 detail::WindowPeer* /*parent*/) {
     return std::make_unique<HeadlessPeer>(window);
 }

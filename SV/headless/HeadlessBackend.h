@@ -13,10 +13,16 @@ class HeadlessBackend final : public detail::Backend {
   public:
     [[nodiscard]] static HeadlessBackend& Instance() noexcept;
 
-    [[nodiscard]] std::unique_ptr<detail::WindowPeer> MakeWindow(Window& window,
+    [[nodiscard]] std::unique_ptr<detail::WindowPeer> MakeWindow(Window& window, detail::WindowKind kind,
                                                                  detail::WindowPeer* parent) override;
     [[nodiscard]] std::unique_ptr<detail::Canvas> MakeSurface(Size size) override;
+    [[nodiscard]] bool HasDisplay() const noexcept override { return false; }
     [[nodiscard]] Size ScreenSize() const override { return {1280, 1024}; }
+    [[nodiscard]] Point PointerPosition() const override { return pointer_; }
+    void MovePointer(Point position) noexcept { pointer_ = position; }
+
+  private:
+    Point pointer_;
 };
 
 /// A picture of the window with all visible windows in it, painted anew.

@@ -7,6 +7,7 @@
 #include "SV/ui/Canvas.h"
 
 #include <memory>
+#include <span>
 
 namespace sv {
 class Window;
@@ -14,7 +15,21 @@ class Window;
 
 namespace sv::detail {
 
-/// The window system's side of one `sv::Window`.
+/// What a window is to the window system. All but the first two are controls that it draws itself.
+enum class WindowKind : int {
+    Area,
+    Dialog,
+    Edit,
+    SpinButton,
+    FixedText,
+    PushButton,
+    CheckBox,
+    ListBox,
+    DropDown
+};
+
+/// The window system's side of one `sv::Window`. What happens on its side it reports by the window's
+/// operations under "For backends".
 class WindowPeer {
   public:
     virtual ~WindowPeer() = default;
@@ -32,6 +47,16 @@ class WindowPeer {
     /// Sends all events of the mouse to this window, wherever the pointer is.
     virtual void CaptureMouse(bool capture) = 0;
     virtual void ToTop() = 0;
+    /// What a screen reader says in place of the text; empty for the text.
+    virtual void SetAccessibleName(String const& name) = 0;
+
+    // Controls. The others ignore these.
+    /// Of an edit, in characters; 0 for as many as there are.
+    virtual void SetMaxTextLen(unsigned short length) = 0;
+    virtual void SetReadOnly(bool readOnly) = 0;
+    /// Of a list: all entries anew, and the selected one, -1 for none, scrolled into view.
+    virtual void SetEntries(std::span<String const> entries, int selected) = 0;
+    virtual void SetChecked(bool checked) = 0;
 };
 
 class Backend {
@@ -39,10 +64,15 @@ class Backend {
     virtual ~Backend() = default;
 
     /// `parent` is null for a window of its own on the screen. The window outlives its peer.
-    [[nodiscard]] virtual std::unique_ptr<WindowPeer> MakeWindow(Window& window, WindowPeer* parent) = 0;
+    [[nodiscard]] virtual std::unique_ptr<WindowPeer> MakeWindow(Window& window, WindowKind kind,
+                                                                 WindowPeer* parent) = 0;
     /// A surface to draw on and to read back, black at first.
     [[nodiscard]] virtual std::unique_ptr<Canvas> MakeSurface(Size size) = 0;
+    /// Whether there is somebody to see the windows; without, nothing waits for a person.
+    [[nodiscard]] virtual bool HasDisplay() const noexcept = 0;
     [[nodiscard]] virtual Size ScreenSize() const = 0;
+    /// Of the pointer on the screen.
+    [[nodiscard]] virtual Point PointerPosition() const = 0;
 };
 
 /// The backend in use: the one without a display, unless another is installed.

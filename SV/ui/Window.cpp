@@ -10,9 +10,12 @@ namespace sv {
 constinit Window* Window::focus_ = nullptr;
 constinit Window* Window::captor_ = nullptr;
 
-Window::Window(Window* parent, Style style) : parent_(parent), style_(style) {
+Window::Window(Window* parent, Style style) : Window(detail::WindowKind::Area, parent, style) {}
+
+Window::Window(detail::WindowKind kind, Window* parent, Style style) : parent_(parent), style_(style) {
     if (parent_ != nullptr) parent_->children_.push_back(this);
-    peer_ = detail::CurrentBackend().MakeWindow(*this, parent_ == nullptr ? nullptr : parent_->peer_.get());
+    detail::WindowPeer* const parentPeer = parent_ == nullptr ? nullptr : parent_->peer_.get();
+    peer_ = detail::CurrentBackend().MakeWindow(*this, kind, parentPeer);
 }
 
 Window::~Window() {
@@ -29,6 +32,11 @@ void Window::MouseButtonDown(MouseEvent const& /*event*/) {}
 void Window::MouseButtonUp(MouseEvent const& /*event*/) {}
 void Window::GetFocus() {}
 void Window::LoseFocus() {}
+void Window::TextHasChanged(String const& /*text*/) {}
+void Window::WasClicked() {}
+void Window::WasSpun(bool /*up*/) {}
+void Window::EntryWasSelected(unsigned short /*position*/) {}
+void Window::WasClosed() {}
 
 void Window::SetPosSizePixel(Point position, Size size) {
     ChangePosPixel(position);
@@ -66,6 +74,12 @@ void Window::SetText(String const& text) {
 void Window::Invalidate() { peer_->Invalidate(); }
 void Window::GrabFocus() { peer_->GrabFocus(); }
 void Window::ToTop() { peer_->ToTop(); }
+void Window::SetAccessibleName(String const& name) { peer_->SetAccessibleName(name); }
+
+void Window::WasPlaced(Point position, Size size) {
+    position_ = position;
+    if (std::exchange(size_, size) != size) Resize();
+}
 
 void Window::CaptureMouse() {
     captor_ = this;

@@ -16,7 +16,8 @@ namespace sv {
 
 namespace detail {
 class WindowPeer;
-}
+enum class WindowKind : int;
+}  // namespace detail
 
 class Window : public OutputDevice {
   public:
@@ -77,9 +78,30 @@ class Window : public OutputDevice {
     [[nodiscard]] bool HasCapture() const noexcept { return captor_ == this; }
     void ToTop();
 
-    /// For backends: the window system has given the window the focus, or taken it away.
+    /// What a screen reader says in place of the text; empty for the text.
+    void SetAccessibleName(String const& name);
+
+    // For backends: what has happened on the window system's side.
     void FocusHasCome();
     void FocusHasGone();
+    /// A person has changed the text.
+    virtual void TextHasChanged(String const& text);
+    /// A button was pressed, by the mouse or the keyboard.
+    virtual void WasClicked();
+    /// A spin button's arrow was pressed once, or repeats.
+    virtual void WasSpun(bool up);
+    /// A person has selected the entry.
+    virtual void EntryWasSelected(unsigned short position);
+    /// A person wants the window closed.
+    virtual void WasClosed();
+    /// A person, or the window system, has moved the window or changed its size.
+    void WasPlaced(Point position, Size size);
+
+  protected:
+    Window(detail::WindowKind kind, Window* parent, Style style);
+    /// The text without telling the window system, which has it.
+    void KeepText(String const& text) { text_ = text; }
+    [[nodiscard]] detail::WindowPeer& GetPeer() const noexcept { return *peer_; }
 
   private:
     [[nodiscard]] detail::Canvas& GetCanvas() const override;

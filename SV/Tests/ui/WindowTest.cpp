@@ -1,0 +1,74 @@
+#include "SV/headless/HeadlessBackend.h"
+#include "SV/ui/Window.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace sv {
+
+namespace {
+
+constexpr Color Red(0xFFFF, 0, 0);
+
+// A window that notes what it is told.
+class Noted : public Window {
+  public:
+    using Window::Window;
+    void Paint(Rectangle const& area) override {
+        log += "paint " + std::to_string(area.BottomRight().X()) + ' ';
+        DrawPixel({0, 0}, Red);
+    }
+    void Resize() override { log += "resize "; }
+    void GetFocus() override { log += "focus "; }
+    void LoseFocus() override { log += "blur "; }
+
+    std::string log;
+};
+
+TEST(WindowTest, TellsWhatHappens) {
+    Noted parent(nullptr);
+    Noted child(&parent);
+    parent.SetPosSizePixel({5, 5}, {30, 20});
+    parent.SetPosSizePixel({6, 6}, {30, 20});
+    EXPECT_EQ(parent.log, "resize ") << "the same size again is no change";
+    EXPECT_EQ(child.ChangePosPixel({10, 10}), Point());
+    child.ChangeSizePixel({4, 4});
+
+    EXPECT_FALSE(child.IsVisible());
+    EXPECT_NE(headless::Render(parent).At(10, 10).ToColor(), Red);
+    child.Show();
+    Bitmap const picture = headless::Render(parent);
+    EXPECT_EQ(picture.At(10, 10).ToColor(), Red) << "the child's own corner";
+    EXPECT_FALSE(headless::IsInvalid(child));
+    child.Invalidate();
+    EXPECT_TRUE(headless::IsInvalid(child));
+
+    parent.log = child.log = "";
+    child.GrabFocus();
+    parent.GrabFocus();
+    parent.Disable();
+    child.Disable();
+    child.GrabFocus();
+    EXPECT_EQ(child.log, "focus blur ");
+    EXPECT_EQ(parent.log, "focus ");
+    EXPECT_TRUE(parent.HasFocus()) << "a disabled window gets no focus";
+}
+
+TEST(WindowTest, LeavesNothingBehind) {
+    Window parent(nullptr);
+    {
+        Window child(&parent);
+        child.GrabFocus();
+        child.CaptureMouse();
+        EXPECT_EQ(parent.GetChildren().size(), 1U);
+    }
+    EXPECT_TRUE(parent.GetChildren().empty());
+    EXPECT_FALSE(parent.HasFocus());
+    parent.ReleaseMouse();
+    EXPECT_FALSE(parent.HasCapture());
+}
+
+}  // namespace
+
+}  // namespace sv

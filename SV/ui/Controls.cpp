@@ -1,0 +1,135 @@
+#include "SV/ui/Controls.h"
+
+#include "SV/ui/Backend.h"
+
+#include <utility>
+
+namespace sv {
+
+using detail::WindowKind;
+
+Edit::Edit(Window* parent, Style style) : Window(WindowKind::Edit, parent, style) {}
+
+void Edit::ChangeMaxTextLen(unsigned short length) { GetPeer().SetMaxTextLen(length); }
+void Edit::SetReadOnly(bool readOnly) { GetPeer().SetReadOnly(readOnly); }
+Link Edit::ChangeModifyHdl(Link const& link) noexcept { return std::exchange(modify_, link); }
+Link Edit::ChangeLoseFocusHdl(Link const& link) noexcept { return std::exchange(loseFocus_, link); }
+void Edit::LoseFocus() { loseFocus_.Call(this); }
+
+void Edit::TextHasChanged(String const& text) {
+    KeepText(text);
+    modify_.Call(this);
+}
+
+SpinButton::SpinButton(Window* parent, Style style) : Window(WindowKind::SpinButton, parent, style) {}
+
+Link SpinButton::ChangeUpHdl(Link const& link) noexcept { return std::exchange(up_, link); }
+Link SpinButton::ChangeDownHdl(Link const& link) noexcept { return std::exchange(down_, link); }
+void SpinButton::WasSpun(bool up) { (up ? up_ : down_).Call(this); }
+
+FixedText::FixedText(Window* parent, Style style) : Window(WindowKind::FixedText, parent, style) {}
+
+Button::Button(detail::WindowKind kind, Window* parent, Style style) : Window(kind, parent, style) {}
+
+Link Button::ChangeClickHdl(Link const& link) noexcept { return std::exchange(click_, link); }
+void Button::Click() { click_.Call(this); }
+void Button::WasClicked() {
+    if (IsEnabled()) Click();
+}
+
+PushButton::PushButton(Window* parent, Style style) : Button(WindowKind::PushButton, parent, style) {}
+
+BitmapButton::BitmapButton(Window* parent, Bitmap bitmap, Style style)
+    : Button(WindowKind::Area, parent, style), bitmap_(std::move(bitmap)) {}
+
+Bitmap BitmapButton::ChangeBitmap(Bitmap bitmap) {
+    std::swap(bitmap_, bitmap);
+    Invalidate();
+    return bitmap;
+}
+
+void BitmapButton::Paint(Rectangle const& /*area*/) {
+    Size const size = GetSizePixel();
+    Size const face = bitmap_.GetSizePixel();
+    int const shift = isDown_ ? 1 : 0;
+    Pen const pen = ChangePen(Pen(HasFocus() ? ColorOf(ColorName::Black) : Color(0x8000, 0x8000, 0x8000)));
+    Brush const brush = ChangeFillInBrush(GetBackgroundBrush());
+    DrawRect(
+        {{0, 0}, {static_cast<std::int16_t>(size.Width() - 1), static_cast<std::int16_t>(size.Height() - 1)}},
+        4, 4);
+    ChangeFillInBrush(brush);
+    ChangePen(pen);
+    DrawBitmap({static_cast<std::int16_t>((size.Width() - face.Width()) / 2 + shift),
+                static_cast<std::int16_t>((size.Height() - face.Height()) / 2 + shift)},
+               bitmap_);
+}
+
+void BitmapButton::MouseButtonDown(MouseEvent const& event) {
+    if (!event.IsLeft() || !IsEnabled()) return;
+    isDown_ = true;
+    GrabFocus();
+    Invalidate();
+}
+
+void BitmapButton::MouseButtonUp(MouseEvent const& event) {
+    if (!std::exchange(isDown_, false)) return;
+    Invalidate();
+    Size const size = GetSizePixel();
+    Rectangle const face(
+        {0, 0}, {static_cast<std::int16_t>(size.Width() - 1), static_cast<std::int16_t>(size.Height() - 1)});
+    if (face.IsInside(event.GetPosPixel())) WasClicked();
+}
+
+void BitmapButton::GetFocus() { Invalidate(); }
+void BitmapButton::LoseFocus() { Invalidate(); }
+
+CheckBox::CheckBox(Window* parent, Style style) : Button(WindowKind::CheckBox, parent, style) {}
+
+void CheckBox::Check(bool checked) {
+    isChecked_ = checked;
+    GetPeer().SetChecked(checked);
+}
+
+void CheckBox::Click() {
+    Check(!isChecked_);
+    Button::Click();
+}
+
+ListBoxControl::ListBoxControl(Window* parent, Style style)
+    : ListBoxControl(WindowKind::ListBox, parent, style) {}
+ListBoxControl::ListBoxControl(detail::WindowKind kind, Window* parent, Style style)
+    : Window(kind, parent, style) {}
+
+void ListBoxControl::Update() {
+    std::vector<String> entries;
+    for (unsigned short i = 0; i < GetEntryCount(); ++i) entries.push_back(GetEntry(i));
+    unsigned short const selected = GetSelectEntryPos();
+    GetPeer().SetEntries(entries, selected == End ? -1 : selected);
+}
+
+void ListBoxControl::Clear() {
+    entries_.Clear();
+    Update();
+}
+
+void ListBoxControl::InsertEntry(String const& text, unsigned short position) {
+    entries_.InsertEntry(text, position);
+    Update();
+}
+
+void ListBoxControl::SelectEntryPos(unsigned short position) {
+    entries_.SelectEntryPos(position);
+    Update();
+}
+
+Link ListBoxControl::ChangeSelectHdl(Link const& link) noexcept { return std::exchange(select_, link); }
+
+void ListBoxControl::EntryWasSelected(unsigned short position) {
+    entries_.SelectEntryPos(position);
+    select_.Call(this);
+}
+
+DropDownListBox::DropDownListBox(Window* parent, Style style)
+    : ListBoxControl(WindowKind::DropDown, parent, style) {}
+
+}  // namespace sv
