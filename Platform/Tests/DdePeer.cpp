@@ -1,9 +1,15 @@
 // DdePeer: the other program in tests of dynamic data exchange. It says "ready" when peers can connect to it.
 //
-//   DdePeer receive TOPIC COUNT         takes COUNT messages, each sender's numbered from 0, and says "done
-//   FAULTS" DdePeer send TOPIC NAME COUNT SIZE  sends so many of so many bytes and ends DdePeer echo TOPIC
-//   sends every message back to the topic that is its item, until it is ended DdePeer mutual OWN OTHER on a
-//   line from its input connects to OTHER, while OTHER connects to it
+//   DdePeer receive TOPIC COUNT         takes COUNT messages, each sender's numbered from 0, and says
+//                                       "done FAULTS"
+//   DdePeer send TOPIC NAME COUNT SIZE  sends so many of so many bytes and ends
+//   DdePeer echo TOPIC                  sends every message back to the topic that is its item, until it is
+//                                       ended
+//   DdePeer mutual OWN OTHER            connects to OTHER on a line from its input, and is connected to by it
+//
+//   DdePeer offer SERVICE TOPIC DATA leave|stay
+//                                       pokes the data, and ends then or when the conversation is ended; 1
+//                                       when it was refused
 #include "Platform/Tests/DdeEndpoint.h"
 #include "Platform/Tests/DdeNumbered.h"
 
@@ -75,6 +81,16 @@ int Mutual(std::string const& own, std::string const& other) {
     return RunUntil([&] { return hasHeard; }) ? 0 : 3;
 }
 
+int Offer(std::string const& service, std::string const& topic, std::string const& data, bool stays) {
+    DdeEndpoint endpoint("offer");
+    bool hasEnded = !stays;
+    endpoint.onDisconnect = [&](HCONV) { hasEnded = true; };
+    HCONV const conversation = endpoint.Connect(topic.c_str(), service.c_str());
+    if (conversation == nullptr) return 1;
+    if (!endpoint.Poke(conversation, "formula", data)) return 2;
+    return RunUntil([&] { return hasEnded; }, ForEver) ? 0 : 3;
+}
+
 int Run(std::vector<std::string> const& words) {
     if (words.size() == 3 && words[0] == "receive") return Receive(words[1], std::stoul(words[2]));
     if (words.size() == 5 && words[0] == "send") {
@@ -82,6 +98,8 @@ int Run(std::vector<std::string> const& words) {
     }
     if (words.size() == 2 && words[0] == "echo") return Echo(words[1]);
     if (words.size() == 3 && words[0] == "mutual") return Mutual(words[1], words[2]);
+    if (words.size() == 5 && words[0] == "offer")
+        return Offer(words[1], words[2], words[3], words[4] == "stay");
     return 64;
 }
 
