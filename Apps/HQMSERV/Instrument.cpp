@@ -13,6 +13,13 @@ bool Agree(std::string const& left, std::string const& right) {
 
 }  // namespace
 
+measurements::DeviceIdentity Instrument::Identity() const {
+    return {.name = "Replay",
+            .serialNumber = "R-" + std::to_string(Patches()),
+            .softwareVersion = Version,
+            .type = measurements::DeviceType::Spectrophotometer};
+}
+
 ServerStatus Instrument::MeasureWhite() noexcept {
     hasWhite_ = true;
     return ServerStatus::Done;

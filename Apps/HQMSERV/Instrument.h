@@ -9,6 +9,8 @@
 
 namespace hqmserv {
 
+inline constexpr char const* Version = "0.1.0";
+
 using measurements::ServerStatus;
 
 class Instrument {
@@ -16,6 +18,9 @@ class Instrument {
     /// With nothing to measure.
     Instrument() = default;
     explicit Instrument(measurements::MeasurementFile chart) : chart_(std::move(chart)) {}
+
+    /// One and the same chart is played by one and the same instrument.
+    [[nodiscard]] measurements::DeviceIdentity Identity() const;
 
     [[nodiscard]] ServerStatus MeasureWhite() noexcept;
     /// Takes the next patch.

@@ -38,6 +38,14 @@ long Answer(kv::KORVELEvent* event, Fields const&... fields) {
     return Answer(event, ServerStatus::Done, fields...);
 }
 
+long Answer(kv::KORVELEvent* event, std::string const& text) {
+    return Answer(event, ServerStatus::Done, sv::String(measurements::ToSuite(text)));
+}
+
+long AnswerByte(kv::KORVELEvent* event, bool isSo) {
+    return Answer(event, ServerStatus::Done, static_cast<unsigned char>(isSo ? 1 : 0));
+}
+
 /// In the language that the last client asked for.
 sv::String TextOf(DisplayText number) {
     static int loaded = 0;
@@ -111,18 +119,15 @@ void Server::UserEvent(unsigned long id, void* data) {
     if (id == LonelyEvent && !theServer_->clients_.HadAny()) sv::Application::Quit();
 }
 
-long Server::VersionHdl(Event* event) { return Answer(event, sv::String(Version)); }
-long Server::DeviceNameHdl(Event* event) { return Answer(event, sv::String("Replay")); }
+long Server::VersionHdl(Event* event) { return Answer(event, instrument_.Identity().softwareVersion); }
+long Server::DeviceNameHdl(Event* event) { return Answer(event, instrument_.Identity().name); }
 long Server::DeviceTypeHdl(Event* event) {
-    return Answer(event, static_cast<short>(measurements::DeviceType::Spectrophotometer));
+    return Answer(event, static_cast<short>(instrument_.Identity().type));
 }
-// One and the same instrument plays one and the same chart.
-long Server::SerialNumberHdl(Event* event) { return Answer(event, "R-" + sv::String(instrument_.Patches())); }
+long Server::SerialNumberHdl(Event* event) { return Answer(event, instrument_.Identity().serialNumber); }
 long Server::DisplayHdl(Event* event) { return Answer(event, Display()); }
-long Server::AppReadyHdl(Event* event) { return Answer(event, static_cast<unsigned char>(1)); }
-long Server::ReadyHdl(Event* event) {
-    return Answer(event, static_cast<unsigned char>(instrument_.Patches() > 0 && !isMeasuring_ ? 1 : 0));
-}
+long Server::AppReadyHdl(Event* event) { return AnswerByte(event, theServer_ == this); }
+long Server::ReadyHdl(Event* event) { return AnswerByte(event, instrument_.Patches() > 0 && !isMeasuring_); }
 
 long Server::WhiteHdl(Event* event) {
     Expose();

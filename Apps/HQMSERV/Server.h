@@ -13,8 +13,6 @@
 
 namespace hqmserv {
 
-inline constexpr char const* Version = "0.1.0";
-
 class Server {
   public:
     struct Settings {

@@ -111,7 +111,7 @@ kv::MyMemoryBlock ServerClient::WaitForAnswer(int message) {
         throw ServerError("the measuring server did not answer " + NameOf(message) + " within " +
                           Seconds(settings_.patience));
     }
-    return std::move(*std::exchange(answer_, std::nullopt));
+    return *std::exchange(answer_, std::nullopt);
 }
 
 kv::MyMemoryBlock ServerClient::Ask(int message, kv::MyMemoryBlock const& request) {

@@ -24,13 +24,6 @@ class ServerError : public std::runtime_error {
     ServerStatus status_;
 };
 
-struct DeviceIdentity {
-    std::string name;
-    std::string serialNumber;
-    std::string softwareVersion;
-    DeviceType type = DeviceType::Unknown;
-};
-
 class ServerClient {
   public:
     struct Settings {

@@ -56,6 +56,14 @@ enum class ServerStatus : int {
 
 enum class DeviceType : int { Unknown = 0, Spectrophotometer = 1, Densitometer = 2, ScanningTable = 3 };
 
+/// What an instrument says of itself.
+struct DeviceIdentity {
+    std::string name;
+    std::string serialNumber;
+    std::string softwareVersion;
+    DeviceType type = DeviceType::Unknown;
+};
+
 /// One patch as it was measured.
 struct MeasuredPatch {
     long number = 0;        // in the chart, from 1
