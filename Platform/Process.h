@@ -44,4 +44,7 @@ class Process {
 /// for it.
 bool StartProgram(std::string const& commandLine, std::optional<std::string> const& directory = std::nullopt);
 
+/// The system's number of this process.
+[[nodiscard]] unsigned long ProcessNumber() noexcept;
+
 }  // namespace platform

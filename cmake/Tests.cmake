@@ -50,8 +50,12 @@ gtest_discover_tests(KVUtilsTests DISCOVERY_MODE PRE_TEST)
 if(KVUTILS_BUILD_APPS)
   file(GLOB_RECURSE app_tests CONFIGURE_DEPENDS Apps/Tests/*Test.cpp)
   add_executable(AppsTests cmake/tests/TestMain.cpp ${app_tests})
-  target_link_libraries(AppsTests PRIVATE measurements kvcolor_commands GTest::gtest kvutils_options)
-  target_compile_definitions(AppsTests PRIVATE KV_APPS_DATA="${PROJECT_SOURCE_DIR}/Apps/data")
+  target_link_libraries(AppsTests PRIVATE measuring_server kvcolor_commands GTest::gtest kvutils_options)
+  target_compile_definitions(AppsTests PRIVATE
+    KV_APPS_DATA="${PROJECT_SOURCE_DIR}/Apps/data"
+    KV_COLOR="$<TARGET_FILE:kvcolor>"
+    KV_HQMSERV="$<TARGET_FILE:MeasuringServer>")
+  add_dependencies(AppsTests kvcolor MeasuringServer)
   gtest_discover_tests(AppsTests DISCOVERY_MODE PRE_TEST)
 endif()
 

@@ -3,9 +3,9 @@
 #include "Apps/measurements/Numbers.h"
 #include "Apps/measurements/Reflectance.h"
 #include "Apps/measurements/SampleTable.h"
+#include "Apps/measurements/SuiteText.h"
 #include "Apps/measurements/Text.h"
 #include "KVUtils/Source/data/ASCIIFile.h"
-#include "SV/core/Encoding.h"
 
 #include <array>
 #include <cerrno>
@@ -31,14 +31,6 @@ constexpr short LabDecimals = 4;
 /// Half a unit in the last place of a float above 2e-7 is more than half of the last decimal;
 /// with 16 decimals, numbers as text would show their own rounding.
 constexpr short ReflectanceDecimals = 14;
-
-std::string ToSuite(std::string_view utf8) {
-    return sv::detail::ToSingleByte(sv::detail::FromUtf8(utf8), sv::detail::Windows1252);
-}
-
-std::string FromSuite(std::string_view bytes) {
-    return sv::detail::ToUtf8(sv::detail::FromSingleByte(bytes, sv::detail::Windows1252));
-}
 
 fs::path PathOf(std::string const& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
 

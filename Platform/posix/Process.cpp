@@ -59,4 +59,6 @@ void Process::Kill() noexcept {
     if (!state_->exitCode) ::kill(state_->id, SIGKILL);
 }
 
+unsigned long ProcessNumber() noexcept { return static_cast<unsigned long>(::getpid()); }
+
 }  // namespace platform

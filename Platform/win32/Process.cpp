@@ -57,4 +57,6 @@ int Process::Wait() noexcept {
 
 void Process::Kill() noexcept { ::TerminateProcess(state_->process.Get(), static_cast<UINT>(Killed)); }
 
+unsigned long ProcessNumber() noexcept { return GetCurrentProcessId(); }
+
 }  // namespace platform
