@@ -23,6 +23,8 @@ class Process {
     /// Lets go of the program, which runs on if it still does.
     ~Process();
 
+    /// The number that the system knows the program by.
+    [[nodiscard]] long Id() const noexcept;
     [[nodiscard]] bool IsRunning() noexcept;
     /// Waits for the program's end and returns its exit code.
     int Wait() noexcept;

@@ -47,6 +47,8 @@ std::unique_ptr<Process> Process::Start(std::string const& program,
 // A program that still runs leaves an entry in the system's table when it ends, until this one ends.
 Process::~Process() { state_->Collect(WNOHANG); }
 
+long Process::Id() const noexcept { return state_->id; }
+
 bool Process::IsRunning() noexcept { return !state_->Collect(WNOHANG); }
 
 int Process::Wait() noexcept {

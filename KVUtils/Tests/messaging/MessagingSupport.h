@@ -103,7 +103,7 @@ void Discard(Singleton* singleton) {
 
 /// Turns the loop until something has come about; false when it does not.
 template <class Condition>
-bool PumpUntil(Condition condition, std::chrono::milliseconds limit = std::chrono::seconds(10)) {
+bool PumpUntil(Condition condition, std::chrono::milliseconds limit = std::chrono::seconds(60)) {
     auto const end = std::chrono::steady_clock::now() + limit;
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end) return false;
@@ -151,7 +151,9 @@ class DdePeer {
         the = nullptr;
     }
 
+    /// Ends the conversation that was there before.
     bool Connect(std::string const& topic, char const* service = "KORVELApplication") {
+        Disconnect();
         platform::HSZ const serviceHandle = String(service);
         platform::HSZ const topicHandle = String(topic.c_str());
         conversation_ = platform::DdeConnect(instance_, serviceHandle, topicHandle, nullptr);
@@ -159,7 +161,9 @@ class DdePeer {
         platform::DdeFreeStringHandle(instance_, topicHandle);
         return conversation_ != nullptr;
     }
-    void Disconnect() { platform::DdeDisconnect(std::exchange(conversation_, nullptr)); }
+    void Disconnect() {
+        if (conversation_ != nullptr) platform::DdeDisconnect(std::exchange(conversation_, nullptr));
+    }
 
     /// Pokes bytes as they are.
     void PokeRaw(std::string const& item, std::string_view bytes) {

@@ -1,6 +1,7 @@
 #include "KVUtils/Source/messaging/RezepturServer.h"
 #include "KVUtils/Tests/messaging/MessagingSupport.h"
 #include "Platform/Process.h"
+#include "Platform/Tests/TestSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -83,10 +84,11 @@ TEST_F(RezepturServerTest, EndsTheConversationWithItself) {
     ASSERT_TRUE(first.Connect(Topic, Service));
     PumpAWhile();
     server.reset();
-    EXPECT_TRUE(PumpUntil([&] { return first.disconnects == 1; }));
     EXPECT_FALSE(second.Connect(Topic, Service));
     Receiver const again;
     EXPECT_TRUE(second.Connect(Topic, Service));
+    if (tests::IsUnderWine()) GTEST_SKIP() << "Wine ends no conversation from the server's side";
+    EXPECT_TRUE(PumpUntil([&] { return first.disconnects == 1; }));
 }
 
 TEST_F(RezepturServerTest, TellsTheUserWhereNothingElseIsDone) {

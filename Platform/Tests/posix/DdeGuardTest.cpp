@@ -3,7 +3,7 @@
 #include "Platform/Ddeml.h"
 #include "Platform/Tests/DdeEndpoint.h"
 #include "Platform/Tests/RuntimeDirectory.h"
-#include "Platform/Tests/posix/PeerProcess.h"
+#include "Platform/Tests/TestSystem.h"
 #include "Platform/posix/DdeFrame.h"
 
 #include <gtest/gtest.h>
