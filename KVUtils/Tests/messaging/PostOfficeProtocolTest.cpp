@@ -1,6 +1,5 @@
 #include "KVUtils/Source/controls/RegisterTopWindow.h"
 #include "KVUtils/Tests/messaging/PostOfficeFixture.h"
-#include "SV/core/Window.h"
 
 #include <gtest/gtest.h>
 
@@ -12,16 +11,6 @@ using namespace std::string_literals;
 
 namespace kv::messagingtest {
 namespace {
-
-class SomeWindow : public sv::Window {
-  public:
-    using sv::Window::Enable;
-    void Enable(bool enable) override { enabled_ = enable; }
-    [[nodiscard]] bool IsEnabled() const override { return enabled_; }
-
-  private:
-    bool enabled_ = true;
-};
 
 class PostOfficeProtocolTest : public PostOfficeTest {
   public:
