@@ -26,13 +26,13 @@ TEST_F(TextTest, WhatIsNotThere) {
     EXPECT_EQ(Text::GetText(0, 0), "");
     EXPECT_EQ(Text::GetEntryCount(0), 0U);
     EXPECT_EQ(Text::GetGroupNr("A"), static_cast<unsigned>(-1));
-    Text::LoadText(Write("a.lng", "{A}\n[a0]\n"));
-    for (unsigned const group : {1U, 2U, 200U, 201U, static_cast<unsigned>(-1)}) {
+    Text::LoadText(Write("a.lng", "{A}\n[a0]\n{B}\n[b0]\n"));
+    for (unsigned const group : {2U, 3U, 200U, 201U, static_cast<unsigned>(-1)}) {
         EXPECT_EQ(Text::GetText(group, 0), "") << group;
         EXPECT_EQ(Text::GetEntryCount(group), 0U) << group;
     }
-    EXPECT_EQ(Text::GetText(0, 1), "");
-    EXPECT_EQ(Text::GetText(0, static_cast<unsigned long>(-1)), "");
+    EXPECT_EQ(Text::GetText(1, 1), "");
+    EXPECT_EQ(Text::GetText(1, static_cast<unsigned long>(-1)), "");
     EXPECT_EQ(Text::GetGroupNr("a"), static_cast<unsigned>(-1)) << "exactly that name";
     EXPECT_EQ(TextSegment("a")[0], "");
 }
