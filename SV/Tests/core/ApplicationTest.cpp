@@ -186,15 +186,7 @@ TEST_F(ApplicationTest, WaitingTakesNoProcessorTime) {
     int turns = 0;
     for (; MsSince(start) < 1000.0; ++turns) Application::Reschedule();
     EXPECT_GT(turns, 20) << "a few milliseconds a turn";
-    EXPECT_LT(tests::ProcessorMs() - processor, 20.0) << "2 percent";
-}
-
-TEST_F(ApplicationTest, WaitIsAState) {
-    Application::Wait(true);
-    Application::Wait(true);
-    EXPECT_TRUE(Application::IsWait());
-    Application::Wait(false);
-    EXPECT_FALSE(Application::IsWait());
+    EXPECT_LT(tests::ProcessorMs() - processor, 200.0) << "a busy loop takes all of it";
 }
 
 // A place for one message, as a transport has it between the arrival and the user event.
