@@ -1,15 +1,14 @@
 #include "Apps/Tests/measurements/TestFiles.h"
 #include "Apps/measurements/DataFile.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
+#include "Platform/Tests/TemporaryDirectory.h"
 
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <random>
 
@@ -21,31 +20,19 @@ using test::Replaced;
 
 class DataFileTest : public testing::Test {
   protected:
-    DataFileTest() {
-        auto const now = std::chrono::steady_clock::now().time_since_epoch().count();
-        folder_ = std::filesystem::temp_directory_path() / ("data-file-" + std::to_string(now));
-        std::filesystem::create_directories(folder_);
-        kv::AppName::CreateAppName("Desk", "1.2");
-    }
+    DataFileTest() { kv::AppName::CreateAppName("Desk", "1.2"); }
     ~DataFileTest() override {
         kv::AppName* const name = kv::AppName::Instance();
         kv::KVSingleton::Remove(name);
         delete name;
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
     }
     DataFileTest(DataFileTest const&) = delete;
     DataFileTest& operator=(DataFileTest const&) = delete;
 
-    [[nodiscard]] std::string Path(char const* name = "samples.dat") const {
-        return (folder_ / name).string();
-    }
-    [[nodiscard]] std::string Bytes() const {
-        std::ifstream stream(Path(), std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
-    [[nodiscard]] std::size_t FilesThere() const {
-        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder_), {}));
+    [[nodiscard]] std::string Path(char const* name = "samples.dat") const { return folder_ / name; }
+    [[nodiscard]] std::string Bytes() const { return tests::Bytes(Path()); }
+    [[nodiscard]] auto FilesThere() const {
+        return std::distance(std::filesystem::directory_iterator(folder_.Path()), {});
     }
     [[nodiscard]] MeasurementFile WrittenAndRead(MeasurementFile const& file) const {
         WriteDataFile(file, Path());
@@ -72,7 +59,7 @@ class DataFileTest : public testing::Test {
     }
 
   private:
-    std::filesystem::path folder_;
+    tests::TemporaryDirectory folder_;
 };
 
 TEST_F(DataFileTest, SpectraComeBackToTheLastBit) {
@@ -236,7 +223,7 @@ TEST_F(DataFileTest, UnknownConditionsAreNoted) {
 
 TEST_F(DataFileTest, IsWrittenWholeOrNotAtAll) {
     std::string const old = "something older";
-    std::ofstream(Path(), std::ios::binary) << old;
+    tests::PutBytes(Path(), old);
     EXPECT_EQ(WriteFailure(OfNames({std::string(2000, 'x')}), Path()),
               Path() + ": cannot be written: line 9 would be longer than 1023 characters: \"Name=" +
                   std::string(35, 'x') + "...\"");
@@ -248,7 +235,7 @@ TEST_F(DataFileTest, IsWrittenWholeOrNotAtAll) {
               Path(".") + ": cannot be written: it is no regular file");
     EXPECT_EQ(WriteFailure(OfNames({std::string(1018, 'x')}), Path()), "written");
     EXPECT_EQ(ReadMeasurementFile(Path()).samples[0].name, std::string(1018, 'x'));
-    EXPECT_EQ(FilesThere(), 1U);
+    EXPECT_EQ(FilesThere(), 1);
 }
 
 }  // namespace

@@ -1,10 +1,10 @@
 #include "Apps/Tests/measurements/TestFiles.h"
 #include "Apps/measurements/MeasurementFile.h"
 #include "Apps/measurements/Text.h"
+#include "Platform/Tests/TemporaryDirectory.h"
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 
@@ -42,23 +42,9 @@ TEST(MeasurementFile, AMessageStaysOnItsLine) {
     }
 }
 
-/// A folder of its own that goes with the test.
 class FileTest : public testing::Test {
   protected:
-    FileTest() {
-        // Two builds may run their tests side by side.
-        auto const now = std::chrono::steady_clock::now().time_since_epoch().count();
-        folder_ = std::filesystem::temp_directory_path() / ("measurements-" + std::to_string(now));
-        std::filesystem::create_directories(folder_);
-    }
-    ~FileTest() override {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
-    }
-    FileTest(FileTest const&) = delete;
-    FileTest& operator=(FileTest const&) = delete;
-
-    [[nodiscard]] std::string Path(char const* name) const { return (folder_ / name).string(); }
+    [[nodiscard]] std::string Path(char const* name) const { return folder_ / name; }
 
     static std::string RefusalOf(std::string const& path) {
         try {
@@ -70,7 +56,7 @@ class FileTest : public testing::Test {
     }
 
   private:
-    std::filesystem::path folder_;
+    tests::TemporaryDirectory folder_;
 };
 
 TEST_F(FileTest, IsReadByPath) {
