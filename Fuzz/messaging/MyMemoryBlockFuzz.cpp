@@ -55,7 +55,7 @@ void Apply(kv::MyMemoryBlock& block, Model& model, unsigned operation, std::stri
             return model.Put(bytes + '\0');
         case 2:
             block << static_cast<long>(count);
-            return model.Put({static_cast<char>(count), '\0', '\0', '\0'});
+            return model.Put(std::string(1, static_cast<char>(count)) + std::string(3, '\0'));
         case 3: {
             std::string target = Target(bytes.size());
             target.resize(static_cast<std::size_t>(block.Get(target.data(), count)));
