@@ -127,11 +127,14 @@ TEST_F(DataFileTest, ConditionsComeBack) {
             file.stated.observer = kv::ObserverClass(observer);
             file.stated.measurementMode = "M1";
             file.stated.filter = "Pol";
+            file.stated.whiteBase = "Paper";
             MeasurementFile const read = WrittenAndRead(file);
             EXPECT_EQ(read.stated.illuminant, file.stated.illuminant) << illuminant;
             EXPECT_EQ(read.stated.observer, file.stated.observer) << illuminant;
             EXPECT_EQ(read.stated.measurementMode, "M1");
             EXPECT_EQ(read.stated.filter, "Pol");
+            EXPECT_EQ(read.stated.whiteBase, "Paper");
+            EXPECT_EQ(WrittenAndRead(read).source, "m\xC3\xBCster.txt") << "where it came from first";
         }
     }
     MeasurementFile const bare = WrittenAndRead(OfNames({"a"}));
@@ -220,6 +223,20 @@ TEST_F(DataFileTest, UnknownConditionsAreNoted) {
               "the suite's data file, version 2\nilluminant stated as \"Neon\", which is not known\n"
               "observer stated as \"7\", which is not known\n");
 }
+
+#ifndef _WIN32
+TEST_F(DataFileTest, GoesThroughALinkAndKeepsThePermissions) {
+    namespace fs = std::filesystem;
+    constexpr auto OwnersOnly = fs::perms::owner_read | fs::perms::owner_write;
+    tests::PutBytes(Path("target.dat"), "old");
+    fs::permissions(Path("target.dat"), OwnersOnly);
+    fs::create_symlink("target.dat", Path());
+    WriteDataFile(OfNames({"a"}), Path());
+    EXPECT_TRUE(fs::is_symlink(Path()));
+    EXPECT_EQ(ReadMeasurementFile(Path("target.dat")).samples.size(), 1U);
+    EXPECT_EQ(fs::status(Path("target.dat")).permissions(), OwnersOnly);
+}
+#endif
 
 TEST_F(DataFileTest, IsWrittenWholeOrNotAtAll) {
     std::string const old = "something older";
