@@ -20,8 +20,8 @@ class Thread {
     /// Starts nothing yet.
     explicit Thread(ThreadPriorityTYPE priority) noexcept;
     /// Ends the thread as `KillThread` does, after a moment in which it may end by itself, and waits until it
-    /// has ended. What a derived class holds is gone by then, so its own destructor has to tell a routine that
-    /// uses it to stop, and wait. Not for the thread itself to call.
+    /// has ended. What a derived class holds is gone by then, so its own destructor has to tell a routine
+    /// that uses it to stop, and wait. Not for the thread itself to call.
     virtual ~Thread();
     Thread(Thread const&) = delete;
     Thread& operator=(Thread const&) = delete;
