@@ -42,40 +42,19 @@ TEST(MeasurementFile, AMessageStaysOnItsLine) {
     }
 }
 
-class FileTest : public testing::Test {
-  protected:
-    [[nodiscard]] std::string Path(char const* name) const { return folder_ / name; }
-
-    static std::string RefusalOf(std::string const& path) {
-        try {
-            static_cast<void>(ReadMeasurementFile(path));
-        } catch (ReadError const& error) {
-            return error.what();
-        }
-        return "accepted";
-    }
-
-  private:
-    tests::TemporaryDirectory folder_;
-};
-
-TEST_F(FileTest, IsReadByPath) {
-    std::string const path = Path("chart.txt");
-    std::ofstream(path, std::ios::binary) << test::CgatsWithHeader("CGATS.17\r\n");
-    MeasurementFile const file = ReadMeasurementFile(path);
-    EXPECT_EQ(file.path, path);
-    EXPECT_EQ(file.dialect, "CGATS.17");
-    EXPECT_EQ(file.samples.size(), 1U);
-}
-
-TEST_F(FileTest, WhatIsNoUsableFileIsRefused) {
-    EXPECT_EQ(RefusalOf(Path("none")),
-              Path("none") + ": found no file of this name, expected a measurement file");
-    EXPECT_EQ(RefusalOf(Path(".")), Path(".") + ": found a directory, expected a measurement file");
-    std::string const large = Path("large");
+TEST(MeasurementFile, WhatIsNoUsableFileIsRefused) {
+    tests::TemporaryDirectory const folder;
+    auto const refusal = [](std::string const& path) {
+        return test::FailureOf([&] { static_cast<void>(ReadMeasurementFile(path)); });
+    };
+    std::string const none = folder / "none";
+    EXPECT_EQ(refusal(none), none + ": found no file of this name, expected a measurement file");
+    std::string const directory = folder.Path().string();
+    EXPECT_EQ(refusal(directory), directory + ": found a directory, expected a measurement file");
+    std::string const large = folder / "large";
     std::ofstream(large, std::ios::binary) << "name,380\n";
     std::filesystem::resize_file(large, MaxFileBytes + 1);
-    EXPECT_EQ(RefusalOf(large),
+    EXPECT_EQ(refusal(large),
               large + ": found more than 268435456 bytes, expected at most that (256 MiB) in a file");
 }
 

@@ -46,14 +46,20 @@ inline std::string Replaced(std::string text, std::string_view from, std::string
     return text;
 }
 
-/// What the reader says of a file that it must refuse; "accepted" if it does not.
-inline std::string Refusal(std::string_view bytes) {
+/// What is said when the call fails as it must; "accepted" if it does not.
+template <class Error = ReadError, class Call>
+std::string FailureOf(Call call) {
     try {
-        static_cast<void>(ParseMeasurements(bytes, "file"));
-    } catch (ReadError const& error) {
+        call();
+    } catch (Error const& error) {
         return error.what();
     }
     return "accepted";
+}
+
+/// What the reader says of a file that it must refuse; "accepted" if it does not.
+inline std::string Refusal(std::string_view bytes) {
+    return FailureOf([&] { static_cast<void>(ParseMeasurements(bytes, "file")); });
 }
 
 /// One file as a dialect writes it.
