@@ -1,5 +1,6 @@
 #include "KVUtils/Source/controls/RegisterTopWindow.h"
 #include "KVUtils/Tests/messaging/PostOfficeFixture.h"
+#include "SV/core/Window.h"
 
 #include <gtest/gtest.h>
 

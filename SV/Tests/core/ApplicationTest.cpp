@@ -186,7 +186,7 @@ TEST_F(ApplicationTest, WaitingTakesNoProcessorTime) {
     int turns = 0;
     for (; MsSince(start) < 1000.0; ++turns) Application::Reschedule();
     EXPECT_GT(turns, 20) << "a few milliseconds a turn";
-    EXPECT_LT(tests::ProcessorMs() - processor, 200.0) << "a busy loop takes all of it";
+    EXPECT_LT(tests::ProcessorMs() - processor, 300.0) << "30 percent: a busy loop takes all";
 }
 
 // A place for one message, as a transport has it between the arrival and the user event.
