@@ -13,16 +13,6 @@ using namespace std::string_literals;
 namespace kv::messagingtest {
 namespace {
 
-class SomeWindow : public sv::Window {
-  public:
-    using sv::Window::Enable;
-    void Enable(bool enable) override { enabled_ = enable; }
-    [[nodiscard]] bool IsEnabled() const override { return enabled_; }
-
-  private:
-    bool enabled_ = true;
-};
-
 class PostOfficeProtocolTest : public PostOfficeTest {
   public:
     /// Enters what was handled, as "sender message payload".

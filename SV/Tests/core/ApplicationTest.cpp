@@ -189,14 +189,6 @@ TEST_F(ApplicationTest, WaitingTakesNoProcessorTime) {
     EXPECT_LT(tests::ProcessorMs() - processor, 300.0) << "30 percent: a busy loop takes all";
 }
 
-TEST_F(ApplicationTest, WaitIsAState) {
-    Application::Wait(true);
-    Application::Wait(true);
-    EXPECT_TRUE(Application::IsWait());
-    Application::Wait(false);
-    EXPECT_FALSE(Application::IsWait());
-}
-
 // A place for one message, as a transport has it between the arrival and the user event.
 struct OnePlace {
     static inline std::string held;
