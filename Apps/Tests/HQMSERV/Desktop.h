@@ -21,10 +21,20 @@ namespace hqmserv::test {
 
 inline std::string const Chart = KV_APPS_DATA "/chart24-lab-a.csv";
 
+/// Waits some time until the server can be reached, or cannot any more.
+inline void WaitUntil(bool isReachable) {
+    Clients const clients;
+    for (int i = 0; i < 3000 && clients.IsReachable(measurements::ServerName) != isReachable; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+}
+
 class Desktop {
   public:
     /// The server is the program under test; it plays `chart` when a message starts it.
     explicit Desktop(std::string const& chart = Chart) {
+        // Where programs find one another by the session, the server of the test before has to end first.
+        WaitUntil(false);
         std::ofstream(ini_) << "[HQM-Server]\nPath=" << KV_HQMSERV << "\nMeasurements=" << chart << '\n';
         Set("KORVEL_INI", ini_);
     }
@@ -78,10 +88,7 @@ class Program {
 class ServerProgram : public Program {
   public:
     explicit ServerProgram(std::vector<std::string> const& arguments) : Program(KV_HQMSERV, arguments) {
-        Clients const clients;
-        for (int i = 0; i < 3000 && !clients.IsReachable(measurements::ServerName); ++i) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
+        WaitUntil(true);
     }
 };
 
