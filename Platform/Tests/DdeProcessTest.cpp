@@ -25,12 +25,15 @@ using tests::PeerProcess;
 using tests::RunUntil;
 
 // On Windows a program's queue holds 10,000 messages, and a sender that does not wait for answers is refused
-// what is beyond; elsewhere there is no such limit.
+// what is beyond; under Wine it holds any number, and all of a burst is to be worked off. Elsewhere the
+// sender keeps what the receiver does not take.
 #ifdef _WIN32
 constexpr unsigned long MessagesOfASender = 1'000;
+constexpr char const* MessagesOfABurst = "3000";
 constexpr int Kills = 20;
 #else
 constexpr unsigned long MessagesOfASender = 25'000;
+constexpr char const* MessagesOfABurst = "1000000";
 constexpr int Kills = 200;
 #endif
 
@@ -88,14 +91,14 @@ TEST_F(DdeProcessTest, SendersKilledInABurstHarmNobody) {
     PeerProcess const steadySender = StartDdePeer({"send", "sink", "steady", std::to_string(Steady), "1024"});
     for (int kill = 0; kill < Kills; ++kill) {
         std::string const name = "burst" + std::to_string(kill);
-        PeerProcess const sender = StartDdePeer({"send", "sink", name, "1000000", "1024"});
+        PeerProcess const sender = StartDdePeer({"send", "sink", name, MessagesOfABurst, "1024"});
         unsigned long const enough = 1 + static_cast<unsigned long>(kill % 40);
         ASSERT_TRUE(RunUntil([&] { return bursts.Count(name) >= enough; })) << name;
         sender->Kill();
     }
     // Wine ends a conversation for the peer of a program that ends it, and not for that of one that dies.
     int const expected = tests::IsUnderWine() ? 1 : Kills + 1;
-    EXPECT_TRUE(RunUntil([&] { return steady.Count() == Steady && disconnects == expected; }, 30'000))
+    EXPECT_TRUE(RunUntil([&] { return steady.Count() == Steady && disconnects >= expected; }))
         << steady.Count() << " messages, " << disconnects << " disconnects";
     EXPECT_TRUE(EndsWith(steadySender, 0));
     EXPECT_EQ(steady.Faults(), 0U);
