@@ -1,5 +1,6 @@
 #include "Apps/HQMSERV/Clients.h"
 
+#include "Apps/measurements/ServerProbe.h"
 #include "KVUtils/Source/messaging/MessageTable.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 #include "SV/core/Application.h"
@@ -11,8 +12,6 @@
 namespace hqmserv {
 
 namespace {
-
-constexpr char ServiceOfTheSuite[] = "KORVELApplication";
 
 bool Is(kv::KORVELEvent const& event, int message) {
     return event.GetCommandName() == kv::MessageTable[static_cast<std::size_t>(message)].name;
@@ -42,25 +41,6 @@ Clients::~Clients() {
     platform::DdeUninitialize(instance_);
 }
 
-platform::HCONV Clients::Converse(std::string const& name) const {
-    auto const handle = [this](char const* text) {
-        return platform::DdeCreateStringHandleA(instance_, text, platform::CP_WINANSI);
-    };
-    platform::HSZ const service = handle(ServiceOfTheSuite);
-    platform::HSZ const topic = handle(name.c_str());
-    platform::HCONV const conversation = platform::DdeConnect(instance_, service, topic, nullptr);
-    platform::DdeFreeStringHandle(instance_, topic);
-    platform::DdeFreeStringHandle(instance_, service);
-    return conversation;
-}
-
-bool Clients::IsReachable(std::string const& name) const {
-    platform::HCONV const conversation = Converse(name);
-    if (conversation == nullptr) return false;
-    platform::DdeDisconnect(conversation);
-    return true;
-}
-
 void Clients::Add(sv::String const& name) {
     hadAny_ = true;
     auto const known = std::ranges::find(clients_, name, &Client::name);
@@ -68,7 +48,8 @@ void Clients::Add(sv::String const& name) {
         ++known->connects;
         return;
     }
-    clients_.push_back({.name = name, .conversation = Converse(std::string(name.View())), .connects = 1});
+    platform::HCONV const conversation = measurements::Converse(instance_, std::string(name.View()));
+    clients_.push_back({.name = name, .conversation = conversation, .connects = 1});
 }
 
 void Clients::Forget(sv::String const& name) {

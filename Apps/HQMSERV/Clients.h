@@ -8,7 +8,6 @@
 #include "SV/core/String.h"
 
 #include <cstdint>
-#include <string>
 #include <vector>
 
 namespace hqmserv {
@@ -21,9 +20,6 @@ class Clients {
     Clients(Clients const&) = delete;
     Clients& operator=(Clients const&) = delete;
     ~Clients();
-
-    /// Whether a program answers to this name.
-    [[nodiscard]] bool IsReachable(std::string const& name) const;
 
     /// Notes what a message says of its sender; to be called with each before it is handled. False for the
     /// late farewell of one that was buried already: it must not count twice.
@@ -47,7 +43,6 @@ class Clients {
         bool isDead = false;
     };
 
-    [[nodiscard]] platform::HCONV Converse(std::string const& name) const;
     void Add(sv::String const& name);
     void Forget(sv::String const& name);
     [[nodiscard]] bool IsLockedByOther(Client const& client) const;

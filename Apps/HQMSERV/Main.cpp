@@ -1,6 +1,7 @@
 // The program HQMSERV: a measuring server that plays measurement files.
 #include "Apps/HQMSERV/Options.h"
 #include "Apps/HQMSERV/Server.h"
+#include "Apps/measurements/ServerProbe.h"
 #include "Apps/measurements/SuiteServices.h"
 #include "KVUtils/KVUtils.h"
 #include "Platform/CommandLine.h"
@@ -15,7 +16,7 @@ namespace {
 
 using namespace hqmserv;
 
-constexpr std::chrono::seconds PatienceWhenCalled{60};
+constexpr std::chrono::seconds PatienceWhenCalled{30};
 
 std::string FileOf(Options const& options) {
     if (!options.file.empty()) return options.file;
@@ -38,7 +39,7 @@ Instrument Prepare(Options const& options, Server::Settings& settings) {
 
 void Serve(Options const& options) {
     Clients clients;
-    if (clients.IsReachable(measurements::ServerName)) {
+    if (measurements::ServerProbe().IsReachable(measurements::ServerName)) {
         if (options.isCalled) return;  // two messages were faster than one start
         throw std::runtime_error("another one is running already");
     }

@@ -1,5 +1,6 @@
 #include "Apps/measurements/ServerClient.h"
 
+#include "Apps/measurements/ServerProbe.h"
 #include "Apps/measurements/SuiteText.h"
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Source/messaging/MessageTable.h"
@@ -15,6 +16,10 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 using namespace std::chrono_literals;
+
+// What a server needs on a busy machine.
+constexpr auto TimeToStart = 3s;
+constexpr auto TimeToAnswer = 2s;
 
 constexpr unsigned char ProtocolVersion = 3;  // the one that sends a language
 
@@ -52,8 +57,11 @@ void ServerClient::TakeLeave() noexcept {
         // With an end in sight, nothing of it may take long.
         settings_.patience = std::min<std::chrono::milliseconds>(settings_.patience, 2s);
         settings_.isInterrupted = [] { return false; };
-        if (std::exchange(isLocked_, false)) Ask(kv::UNLOCK);
-        for (; connects_ > 0; --connects_) Ask(kv::DISCONNECT);
+        // A farewell to a server that is gone would start another one.
+        if (ServerProbe().IsReachable(ServerName)) {
+            if (isLocked_) Ask(kv::UNLOCK);
+            for (; connects_ > 0; --connects_) Ask(kv::DISCONNECT);
+        }
     } catch (...) {  // NOLINT(bugprone-empty-catch): the server is gone, and so are we
     }
     theClient_ = nullptr;
@@ -62,8 +70,6 @@ void ServerClient::TakeLeave() noexcept {
 void ServerClient::Receive(kv::KORVELEvent& event) {
     std::string const name(event.GetCommandName().View());
     if (theClient_ != nullptr) {
-        // A slow server may answer more than one attempt, and then wants as many farewells.
-        if (name == AnswerTo(kv::CONNECT)) ++theClient_->connects_;
         if (name == theClient_->awaited_) {
             theClient_->answer_ = event.GetData();
             theClient_->awaited_.clear();
@@ -84,12 +90,15 @@ bool ServerClient::Send(int message, kv::MyMemoryBlock data) {
 void ServerClient::Connect() {
     kv::MyMemoryBlock data;
     data << ProtocolVersion << static_cast<short>(kv::Language::GetCountryCode());
-    // The message that starts the server is lost, and so is one that reaches it while it ends. Each attempt
-    // may start a server again, so they keep a growing distance.
+    // The message that starts the server is lost, and so is one that reaches it while it ends.
     auto const end = Clock::now() + settings_.patience;
-    for (std::chrono::milliseconds pause = 100ms;; pause *= 2) {
-        if (Send(kv::CONNECT, data)) pause = std::max<std::chrono::milliseconds>(pause, 1s);
-        if (IsAnsweredBy(std::min(Clock::now() + pause, end))) break;
+    for (;;) {
+        if (Send(kv::CONNECT, data)) {
+            ++connects_;  // a slow server may count more than one attempt, and then wants as many farewells
+            if (IsAnsweredBy(std::min(Clock::now() + TimeToAnswer, end))) break;
+        } else {
+            WaitForStart(std::min(Clock::now() + TimeToStart, end));
+        }
         if (Clock::now() < end) continue;
         sv::String const* const path = kv::PostOffice::Instance()->GetPath(ServerNumber);
         throw ServerError("the measuring server " + std::string(ServerName) +
@@ -97,6 +106,15 @@ void ServerClient::Connect() {
                           (path == nullptr ? "" : " from " + FromSuite(path->View())));
     }
     answer_.reset();
+}
+
+// Another message would start the server once more.
+void ServerClient::WaitForStart(Clock::time_point end) {
+    ServerProbe const probe;
+    while (Clock::now() < end && !probe.IsReachable(ServerName)) {
+        if (settings_.isInterrupted()) throw ServerError("interrupted");
+        sv::Application::Reschedule();
+    }
 }
 
 bool ServerClient::IsAnsweredBy(Clock::time_point end) {

@@ -61,6 +61,7 @@ class ServerClient {
   private:
     [[nodiscard]] bool Send(int message, kv::MyMemoryBlock data);
     void Connect();
+    void WaitForStart(std::chrono::steady_clock::time_point end);
     [[nodiscard]] bool IsAnsweredBy(std::chrono::steady_clock::time_point end);
     /// The answer behind its status.
     kv::MyMemoryBlock Ask(int message, kv::MyMemoryBlock const& request = {});
@@ -70,7 +71,7 @@ class ServerClient {
     static void Receive(kv::KORVELEvent& event);
 
     Settings settings_;
-    int connects_ = 0;  // those that the server has counted
+    int connects_ = 0;
     bool isLocked_ = false;
     std::string awaited_;  // the name of an answer
     std::optional<kv::MyMemoryBlock> answer_;

@@ -1,8 +1,8 @@
 // Desktop: a test's own folder for the programs' sockets, and its own ini file of the suite.
 #pragma once
 
-#include "Apps/HQMSERV/Clients.h"
 #include "Apps/measurements/ServerPayloads.h"
+#include "Apps/measurements/ServerProbe.h"
 #include "Platform/Process.h"
 #include "Platform/Tests/RuntimeDirectory.h"
 #include "Platform/Tests/TemporaryDirectory.h"
@@ -23,8 +23,8 @@ inline std::string const Chart = KV_APPS_DATA "/chart24-lab-a.csv";
 
 /// Waits some time until the server can be reached, or cannot any more.
 inline void WaitUntil(bool isReachable) {
-    Clients const clients;
-    for (int i = 0; i < 3000 && clients.IsReachable(measurements::ServerName) != isReachable; ++i) {
+    measurements::ServerProbe const probe;
+    for (int i = 0; i < 3000 && probe.IsReachable(measurements::ServerName) != isReachable; ++i) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
 }

@@ -32,9 +32,9 @@ TEST(MeasureTest, SaysWhyThereIsNoMeasurement) {
     };
     std::vector<Case> const cases = {
         {"", {}, "the instrument is not ready: nothing to measure"},
-        {"/no/such/file",
+        {"nowhere.csv",
          {},
-         "the instrument is not ready: /no/such/file: found no file of this name, expected a measurement file"},
+         "the instrument is not ready: nowhere.csv: found no file of this name, expected a measurement file"},
         {stated, {"--patches", "2"}, "the chart has 1 patches, asked for were 2"},
         {stated, {"--condition", "M2"}, "the instrument measures under other conditions"},
     };
@@ -46,35 +46,45 @@ TEST(MeasureTest, SaysWhyThereIsNoMeasurement) {
     }
 }
 
+/// A run at a terminal, which something happens to after its third patch.
+struct Disturbed {
+    std::ostringstream out;
+    std::ostringstream err;
+    Environment::Clock::time_point now;
+
+    int Run(Arguments const& arguments, std::function<bool()> const& afterThird) {
+        auto const isInterrupted = [&] {
+            return err.str().find("measuring: 3 of 24") != std::string::npos && afterThird();
+        };
+        // Time runs, so that each step of the progress shows.
+        auto const later = [this] { return now += std::chrono::seconds(2); };
+        return kvcolor::Run(
+            arguments,
+            Environment{
+                .out = out, .err = err, .errIsTerminal = true, .now = later, .isInterrupted = isInterrupted});
+    }
+};
+
 TEST(MeasureTest, KeepsWhatWasMeasuredWhenTheServerDies) {
     Desktop const desktop;
     hqmserv::test::ServerProgram server({ChartA, "--measuring-time", "20"});
     std::string const out = desktop.File("part.dat");
-    std::ostringstream err;
-    std::ostringstream none;
-    int questions = 0;
-    // Asked while an answer is waited for; some patches are measured by then.
-    auto const killLater = [&] {
-        if (++questions == 60) server.Kill();
+    Disturbed run;
+    int const status = run.Run({"measure", out, "--patience", "1"}, [&] {
+        server.Kill();
         return false;
-    };
-    int const status = kvcolor::Run({"measure", out, "--patience", "1"},
-                                    Environment{.out = none, .err = err, .isInterrupted = killLater});
+    });
     EXPECT_EQ(status, UnusableInput);
-    EXPECT_NE(err.str().find("measuring server"), std::string::npos) << err.str();
-    EXPECT_GT(Samples({"convert", out}).size(), 0U);
+    EXPECT_NE(run.err.str().find("kvcolor: the measuring server "), std::string::npos) << run.err.str();
+    EXPECT_GE(Samples({"convert", out}).size(), 3U);
 }
 
 TEST(MeasureTest, TakesItsLeaveWhenInterrupted) {
     Desktop const desktop;
     hqmserv::test::ServerProgram server({ChartA, "--measuring-time", "20"});
-    std::ostringstream err;
-    std::ostringstream out;
-    int questions = 0;
-    int const status = kvcolor::Run(
-        {"measure"}, Environment{.out = out, .err = err, .isInterrupted = [&] { return ++questions > 60; }});
-    EXPECT_EQ(status, UnusableInput);
-    EXPECT_EQ(err.str(), "kvcolor: interrupted\n");
+    Disturbed run;
+    EXPECT_EQ(run.Run({"measure"}, [] { return true; }), UnusableInput);
+    EXPECT_TRUE(run.err.str().ends_with("kvcolor: interrupted\n")) << run.err.str();
     EXPECT_TRUE(server.Ends());
 }
 
