@@ -109,7 +109,7 @@ void ServerClient::Connect() {
 }
 
 // Another message would start the server once more.
-void ServerClient::WaitForStart(Clock::time_point end) {
+void ServerClient::WaitForStart(Clock::time_point end) const {
     ServerProbe const probe;
     while (Clock::now() < end && !probe.IsReachable(ServerName)) {
         if (settings_.isInterrupted()) throw ServerError("interrupted");

@@ -61,7 +61,7 @@ class ServerClient {
   private:
     [[nodiscard]] bool Send(int message, kv::MyMemoryBlock data);
     void Connect();
-    void WaitForStart(std::chrono::steady_clock::time_point end);
+    void WaitForStart(std::chrono::steady_clock::time_point end) const;
     [[nodiscard]] bool IsAnsweredBy(std::chrono::steady_clock::time_point end);
     /// The answer behind its status.
     kv::MyMemoryBlock Ask(int message, kv::MyMemoryBlock const& request = {});
