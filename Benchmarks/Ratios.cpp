@@ -9,7 +9,7 @@ namespace {
 
 struct Pair {
     std::string subject;
-    std::string peer;
+    std::string peer;  // none: the subject's own time that went by
     std::string meaning;
 };
 
@@ -18,33 +18,48 @@ std::vector<Pair>& Pairs() {
     return pairs;
 }
 
+double TimeOf(benchmark::BenchmarkReporter::Run const& run) {
+    return run.run_name.time_type.empty() ? run.GetAdjustedCPUTime() : run.GetAdjustedRealTime();
+}
+
 }  // namespace
 
 Ratio::Ratio(std::string subject, std::string peer, std::string meaning) {
     Pairs().push_back({std::move(subject), std::move(peer), std::move(meaning)});
 }
 
+ProcessorShare::ProcessorShare(std::string subject, std::string meaning) {
+    Pairs().push_back({std::move(subject), {}, std::move(meaning)});
+}
+
 void RatioReporter::ReportRuns(std::vector<Run> const& runs) {
     for (Run const& run : runs) {
-        if (run.aggregate_name == "median") medians_.push_back(run);
+        if (!run.error_occurred && (run.aggregate_name == "median" || run.repetitions == 1))
+            medians_.push_back(run);
     }
     ConsoleReporter::ReportRuns(runs);
 }
 
+RatioReporter::Run const* RatioReporter::Median(std::string const& name) const {
+    auto const run = std::ranges::find_if(medians_, [&](Run const& r) {
+        auto const& parts = r.run_name;
+        return name == (parts.args.empty() ? parts.function_name : parts.function_name + '/' + parts.args);
+    });
+    return run == medians_.end() ? nullptr : &*run;
+}
+
 void RatioReporter::Finalize() {
     ConsoleReporter::Finalize();
-    auto const timeOf = [this](std::string const& name) {
-        auto const run =
-            std::ranges::find(medians_, name, [](Run const& r) { return r.run_name.function_name; });
-        return run == medians_.end() ? 0.0 : run->GetAdjustedCPUTime();
-    };
     std::printf("\nRatios of medians in this run\n");
-    for (Pair const& pair : Pairs()) {
-        double const subject = timeOf(pair.subject);
-        double const peer = timeOf(pair.peer);
-        if (subject > 0 && peer > 0) {
-            std::printf("  %6.2f  %s / %s: %s\n", subject / peer, pair.subject.c_str(), pair.peer.c_str(),
-                        pair.meaning.c_str());
+    for (auto const& [subjectName, peerName, meaning] : Pairs()) {
+        Run const* const subject = Median(subjectName);
+        if (subject == nullptr) continue;
+        if (peerName.empty()) {
+            double const share = subject->GetAdjustedCPUTime() / subject->GetAdjustedRealTime();
+            std::printf("  %5.2f%%  %s: %s\n", 100 * share, subjectName.c_str(), meaning.c_str());
+        } else if (Run const* const peer = Median(peerName)) {
+            std::printf("  %6.2f  %s / %s: %s\n", TimeOf(*subject) / TimeOf(*peer), subjectName.c_str(),
+                        peerName.c_str(), meaning.c_str());
         }
     }
 }

@@ -23,6 +23,8 @@ class Process {
     /// Lets go of the program, which runs on if it still does.
     ~Process();
 
+    /// The number that the system knows the program by.
+    [[nodiscard]] long Id() const noexcept;
     [[nodiscard]] bool IsRunning() noexcept;
     /// Waits for the program's end and returns its exit code.
     int Wait() noexcept;
@@ -43,5 +45,8 @@ class Process {
 /// Elsewhere it has a session of its own and no standard streams, so that nobody waits at the end of a pipe
 /// for it.
 bool StartProgram(std::string const& commandLine, std::optional<std::string> const& directory = std::nullopt);
+
+/// The system's number of this process.
+[[nodiscard]] unsigned long ProcessNumber() noexcept;
 
 }  // namespace platform

@@ -22,25 +22,31 @@ set_target_properties(StaticInitProbe PROPERTIES WINDOWS_EXPORT_ALL_SYMBOLS ON)
 add_executable(ConfigWriter Platform/Tests/ConfigWriter.cpp)
 add_executable(PostOfficePeer KVUtils/Tests/messaging/PostOfficePeer.cpp)
 set_target_properties(PostOfficePeer PROPERTIES OUTPUT_NAME HQMSERV RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/peer)
+if(WIN32)
+  # A program is started only with its libraries beside it.
+  file(GLOB compiler_libraries ${CMAKE_BINARY_DIR}/lib*-*.dll)
+  add_custom_command(TARGET PostOfficePeer POST_BUILD COMMAND ${CMAKE_COMMAND} -E copy_if_different
+                     $<TARGET_RUNTIME_DLLS:PostOfficePeer> ${compiler_libraries} $<TARGET_FILE_DIR:PostOfficePeer>)
+endif()
 add_executable(DdePeer Platform/Tests/DdePeer.cpp Platform/Tests/DdeEndpoint.cpp)
 foreach(program ConfigWriter PostOfficePeer DdePeer)
   target_link_libraries(${program} PRIVATE KVUtils::KVUtils kvutils_options)
 endforeach()
 
-file(GLOB_RECURSE library_tests CONFIGURE_DEPENDS KVUtils/Tests/*Test.cpp SV/Tests/*Test.cpp Platform/Tests/*Test.cpp)
-file(GLOB test_support CONFIGURE_DEPENDS Platform/Tests/DdeEndpoint.cpp Platform/Tests/posix/PeerProcess.cpp)
+file(GLOB_RECURSE library_tests CONFIGURE_DEPENDS KVUtils/Tests/*Test.cpp SV/Tests/*Test.cpp
+     Platform/Tests/*Test.cpp Platform/Tests/*TestSystem.cpp)
 if(CMAKE_CROSSCOMPILING)
   list(FILTER library_tests EXCLUDE REGEX "LittleCmsTest.cpp$")
 endif()
 if(WIN32)
   list(FILTER library_tests EXCLUDE REGEX "/posix/")
-  list(FILTER test_support EXCLUDE REGEX "/posix/")
 else()
   list(FILTER library_tests EXCLUDE REGEX "/win32/")
 endif()
-add_executable(KVUtilsTests cmake/tests/TestMain.cpp ${library_tests} ${test_support})
+add_executable(KVUtilsTests cmake/tests/TestMain.cpp Platform/Tests/DdeEndpoint.cpp ${library_tests})
 target_link_libraries(KVUtilsTests PRIVATE KVUtils::KVUtils StaticInitProbe GTest::gtest ${LCMS2_LIBRARY} kvutils_options)
 target_compile_definitions(KVUtilsTests PRIVATE
+  KV_TEXTS="${PROJECT_SOURCE_DIR}/Apps/LNG"
   KV_CONFIG_WRITER="$<TARGET_FILE:ConfigWriter>"
   KV_DDE_PEER="$<TARGET_FILE:DdePeer>"
   KV_POST_OFFICE_PEER="$<TARGET_FILE:PostOfficePeer>")
@@ -50,8 +56,12 @@ gtest_discover_tests(KVUtilsTests DISCOVERY_MODE PRE_TEST)
 if(KVUTILS_BUILD_APPS)
   file(GLOB_RECURSE app_tests CONFIGURE_DEPENDS Apps/Tests/*Test.cpp)
   add_executable(AppsTests cmake/tests/TestMain.cpp ${app_tests})
-  target_link_libraries(AppsTests PRIVATE measurements kvcolor_commands GTest::gtest kvutils_options)
-  target_compile_definitions(AppsTests PRIVATE KV_APPS_DATA="${PROJECT_SOURCE_DIR}/Apps/data")
+  target_link_libraries(AppsTests PRIVATE measuring_server kvcolor_commands GTest::gtest kvutils_options)
+  target_compile_definitions(AppsTests PRIVATE
+    KV_APPS_DATA="${PROJECT_SOURCE_DIR}/Apps/data"
+    KV_COLOR="$<TARGET_FILE:kvcolor>"
+    KV_HQMSERV="$<TARGET_FILE:MeasuringServer>")
+  add_dependencies(AppsTests kvcolor MeasuringServer)
   gtest_discover_tests(AppsTests DISCOVERY_MODE PRE_TEST)
 endif()
 

@@ -22,6 +22,8 @@ void AddMetamerism(CLI::App& program, Session& session);
 void AddStrength(CLI::App& program, Session& session);
 /// The samples in a data file of the suite.
 void AddExport(CLI::App& program, Session& session);
+/// A chart, patch by patch through the measuring server.
+void AddMeasure(CLI::App& program, Session& session);
 /// The illuminants on offer with their white points.
 void AddIlluminants(CLI::App& program, Session& session);
 

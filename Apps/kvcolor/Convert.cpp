@@ -1,8 +1,8 @@
 #include "Apps/kvcolor/Commands.h"
 #include "Apps/kvcolor/Conditions.h"
+#include "Apps/kvcolor/Coordinates.h"
 #include "Apps/kvcolor/Progress.h"
 #include "Apps/kvcolor/Session.h"
-#include "KVUtils/KVUtils.h"
 
 #include <CLI/CLI.hpp>
 
@@ -17,31 +17,6 @@ struct ConvertOptions {
     std::string observer = "2";
 };
 
-std::vector<Column> Columns() {
-    return {Session::NameColumn(),           NumberColumn("X", "X"),      NumberColumn("Y", "Y"),
-            NumberColumn("Z", "Z"),          NumberColumn("x", "x", 4),   NumberColumn("y", "y", 4),
-            NumberColumn("xyY_Y", "Y"),      NumberColumn("L", "L*"),     NumberColumn("a", "a*"),
-            NumberColumn("b", "b*"),         NumberColumn("LCh_L", "L*"), NumberColumn("C", "C*"),
-            NumberColumn("h", "h", 1, "deg")};
-}
-
-Row Convert(measurements::Sample const& sample) {
-    kv::XYZVector const xyz(sample.spectrum);
-    kv::LABVector const lab(sample.spectrum);
-    kv::LChVector const lch(lab);
-    kv::xyYVector const xyY(sample.spectrum);
-
-    Row row = Session::RowOf(sample);
-    auto const append = [&](kv::ColorVector const& colour) {
-        for (int i = 0; i < 3; ++i) row.cells.emplace_back(colour[i]);
-    };
-    append(xyz);
-    append(xyY);
-    append(lab);
-    append(lch);
-    return row;
-}
-
 void RunConvert(Session& session, ConvertOptions const& options) {
     kv::IllumClass const illuminant = ParseIlluminant(options.illuminant);
     kv::ObserverClass const observer = ParseObserver(options.observer);
@@ -49,10 +24,10 @@ void RunConvert(Session& session, ConvertOptions const& options) {
     auto const chosen = session.Chosen(file);
     PutInForce(illuminant, observer, kv::DStdClass(kv::DStdType::AnsiT));
 
-    Table table{"samples", Columns(), {}};
+    Table table{"samples", ColourColumns(), {}};
     Progress progress(session.GetEnvironment(), "converting", chosen.size());
     for (std::size_t const index : chosen) {
-        table.rows.push_back(Convert(file.samples[index]));
+        table.rows.push_back(ColourRow(file.samples[index]));
         progress.Step();
     }
     auto conditions = Session::ConditionsOf(file);

@@ -18,6 +18,8 @@ struct Environment {
     /// An environment variable; empty when it is not set.
     std::function<std::string(char const* name)> variable = [](char const*) { return std::string(); };
     std::function<Clock::time_point()> now = &Clock::now;
+    /// Whether the person has had enough (Ctrl-C).
+    std::function<bool()> isInterrupted = [] { return false; };
 };
 
 }  // namespace kvcolor

@@ -5,9 +5,16 @@
 #include "Platform/Terminal.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <system_error>
+
+namespace {
+
+volatile std::sig_atomic_t isInterrupted = 0;
+
+}  // namespace
 
 int main(int argc, char** argv) {
     platform::PrepareStandardOutput();
@@ -19,7 +26,16 @@ int main(int argc, char** argv) {
                                            .err = std::cerr,
                                            .outIsTerminal = platform::IsTerminal(stdout),
                                            .errIsTerminal = platform::IsTerminal(stderr),
-                                           .variable = variable};
+                                           .variable = variable,
+                                           .isInterrupted = [] {
+                                               // Asked for by whoever has to put things in order first; all
+                                               // else just ends.
+                                               static bool const isWatched = [] {
+                                                   std::signal(SIGINT, [](int) { isInterrupted = 1; });
+                                                   return true;
+                                               }();
+                                               return isWatched && isInterrupted != 0;
+                                           }};
 
     // A write fails while the report is delivered or at the end; nothing in between sets errno.
     errno = 0;

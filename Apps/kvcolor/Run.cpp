@@ -26,6 +26,7 @@ void Describe(CLI::App& program, Session& session) {
     AddMetamerism(program, session);
     AddStrength(program, session);
     AddExport(program, session);
+    AddMeasure(program, session);
     AddIlluminants(program, session);
 }
 

@@ -3,9 +3,10 @@
 #include "Apps/measurements/Numbers.h"
 #include "Apps/measurements/Reflectance.h"
 #include "Apps/measurements/SampleTable.h"
+#include "Apps/measurements/SuiteText.h"
 #include "Apps/measurements/Text.h"
 #include "KVUtils/Source/data/ASCIIFile.h"
-#include "SV/core/Encoding.h"
+#include "Platform/Files.h"
 
 #include <array>
 #include <cerrno>
@@ -32,14 +33,6 @@ constexpr short LabDecimals = 4;
 /// with 16 decimals, numbers as text would show their own rounding.
 constexpr short ReflectanceDecimals = 14;
 
-std::string ToSuite(std::string_view utf8) {
-    return sv::detail::ToSingleByte(sv::detail::FromUtf8(utf8), sv::detail::Windows1252);
-}
-
-std::string FromSuite(std::string_view bytes) {
-    return sv::detail::ToUtf8(sv::detail::FromSingleByte(bytes, sv::detail::Windows1252));
-}
-
 fs::path PathOf(std::string const& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
 
 /// The name of a file without its folders.
@@ -59,6 +52,7 @@ void PutConditions(kv::ASCIIFile& out, StatedConditions const& stated) {
     }
     if (!stated.measurementMode.empty()) PutText(out, "Mode", stated.measurementMode);
     if (!stated.filter.empty()) PutText(out, "Filter", stated.filter);
+    if (!stated.whiteBase.empty()) PutText(out, "WhiteBase", stated.whiteBase);
 }
 
 void PutSample(kv::ASCIIFile& out, Sample const& sample) {
@@ -75,7 +69,7 @@ std::string TextOf(MeasurementFile const& file) {
     kv::ASCIIFile out(&stream, 0, 0);
     out.SetVersion(FormatVersion);
     out.PutTitel("Measurement");
-    PutText(out, "Source", NameOf(file.path));
+    PutText(out, "Source", file.source.empty() ? NameOf(file.path) : file.source);
     PutText(out, "Dialect", file.dialect);
     PutConditions(out, file.stated);
     out.PutInt("Samples", static_cast<int>(file.samples.size()));
@@ -169,7 +163,7 @@ class Reader {
 
     void TakeMeasurement(MeasurementFile& file) {
         if (!Took(in_->GetTitel("Measurement"))) Refuse("\"[Measurement]\"");
-        static_cast<void>(TakeText("Source"));
+        file.source = TakeText("Source");
         file.dialect = TakeText("Dialect");
         ConditionReader conditions;
         for (char const* const key : {"Illuminant", "Observer", "Mode", "Filter"}) {
@@ -177,6 +171,7 @@ class Reader {
             if (auto const text = TryText(key)) conditions.Take(keyword, *text);
         }
         file.stated = conditions.Stated();
+        file.stated.whiteBase = TryText("WhiteBase").value_or("");
         for (std::string& note : conditions.Notes()) file.notes.push_back(std::move(note));
     }
 
@@ -273,14 +268,16 @@ bool SurvivesDataFile(std::string_view text) {
 void WriteDataFile(MeasurementFile const& file, std::string const& path) {
     std::string const text = TextOf(file);
     CheckLineLengths(text, path);
-    fs::path const target = PathOf(path);
+    fs::path const target = PathOf(platform::FollowLinks(path));
     std::error_code error;
     fs::file_status const status = fs::status(target, error);
     if (fs::exists(status) && !fs::is_regular_file(status)) FailToWrite(path, "it is no regular file");
     fs::path beside = target;
     beside += ".part";
     WriteBytes(beside, text, path);
-    fs::rename(beside, target, error);
+    error.clear();
+    if (fs::exists(status)) fs::permissions(beside, status.permissions(), error);
+    if (!error) fs::rename(beside, target, error);
     if (!error) return;
     std::error_code ignored;
     fs::remove(beside, ignored);

@@ -25,8 +25,9 @@ class WriteError : public std::runtime_error {
 
 /// Writes all samples; `path` is UTF-8. Reflectances above 2e-7 come back to the last bit, L*a*b* to 4
 /// decimals. A text that does not survive (see above) is written all the same, with "?" for characters
-/// outside the code page. The white base is not kept. An existing file is replaced by a whole new one, or
-/// stays. The service kv::AppName must exist: the head names the application. Throws WriteError.
+/// outside the code page. An existing file is replaced by a whole new one with its permissions, or stays; of
+/// a symbolic link, that is the file that it stands for. The service kv::AppName must exist: the head names
+/// the application. Throws WriteError.
 void WriteDataFile(MeasurementFile const& file, std::string const& path);
 
 /// Reads the bytes of a file; `name` stands for it in messages. Throws ReadError.

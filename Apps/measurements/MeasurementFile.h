@@ -23,6 +23,7 @@ struct Sample {
 
 struct MeasurementFile {
     std::string path;
+    std::string source;           // of a data file: the name of the file it was made from; else empty
     std::string dialect;          // "CGATS.17", "ISO28178", "CSV", ... what the reader took it for
     std::vector<Sample> samples;  // never empty
     StatedConditions stated;

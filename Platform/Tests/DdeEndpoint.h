@@ -50,6 +50,6 @@ class DdeEndpoint {
 };
 
 /// Dispatches until the condition holds; false when it did not within the limit.
-[[nodiscard]] bool RunUntil(std::function<bool()> const& condition, int limitMs = 10'000);
+[[nodiscard]] bool RunUntil(std::function<bool()> const& condition, int limitMs = 60'000);
 
 }  // namespace tests

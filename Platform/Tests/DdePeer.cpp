@@ -1,16 +1,21 @@
-// DdePeer: the other program in tests of dynamic data exchange. It says "ready" when peers can connect to it.
+// DdePeer: the other program in tests of dynamic data exchange.
 //
-//   DdePeer receive TOPIC COUNT         takes COUNT messages, each sender's numbered from 0, and says "done
-//   FAULTS" DdePeer send TOPIC NAME COUNT SIZE  sends so many of so many bytes and ends DdePeer echo TOPIC
-//   sends every message back to the topic that is its item, until it is ended DdePeer mutual OWN OTHER on a
-//   line from its input connects to OTHER, while OTHER connects to it
+//   DdePeer receive TOPIC COUNT         takes COUNT messages, each sender's numbered from 0; 0 when all were
+//                                       whole and in order
+//   DdePeer send TOPIC NAME COUNT SIZE  sends so many of so many bytes and ends
+//   DdePeer echo TOPIC                  sends every message back to the topic that is its item
+//   DdePeer mutual OWN OTHER            at every message connects to OTHER, while OTHER connects to it, and
+//                                       says so to the topic that is the message's item
+//   DdePeer offer SERVICE TOPIC DATA leave|stay
+//                                       pokes the data, and ends then or when the conversation is ended; 1
+//                                       when it was refused
 #include "Platform/Tests/DdeEndpoint.h"
 #include "Platform/Tests/DdeNumbered.h"
 
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <map>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,21 +26,15 @@ using platform::HCONV;
 using tests::DdeEndpoint;
 using tests::RunUntil;
 
-constexpr int ForEver = 1 << 30;
-
-void Say(std::string const& line) {
-    std::puts(line.c_str());
-    std::fflush(stdout);
-}
+// A test that fails may forget this program.
+constexpr int LimitMs = 120'000;
 
 int Receive(std::string const& topic, unsigned long count) {
     DdeEndpoint endpoint(topic);
     tests::NumberedMessages messages;
     endpoint.onPoke = [&](HCONV, std::string_view item, std::string_view data) { messages.Take(item, data); };
-    Say("ready");
-    if (!RunUntil([&] { return messages.Count() >= count; }, 30'000)) return 1;
-    Say("done " + std::to_string(messages.Faults()));
-    return 0;
+    bool const isComplete = RunUntil([&] { return messages.Count() >= count; }, LimitMs);
+    return isComplete && messages.Faults() == 0 ? 0 : 1;
 }
 
 int Send(std::string const& topic, std::string const& name, unsigned long count, std::size_t size) {
@@ -59,20 +58,43 @@ int Echo(std::string const& topic) {
         }
         if (!endpoint.Poke(reply->second, topic.c_str(), data)) std::exit(3);
     };
-    Say("ready");
-    return RunUntil([] { return false; }, ForEver) ? 0 : 1;
+    return RunUntil([] { return false; }, LimitMs) ? 0 : 1;
 }
 
 int Mutual(std::string const& own, std::string const& other) {
     DdeEndpoint endpoint(own);
     bool hasHeard = false;
-    endpoint.onPoke = [&](HCONV, std::string_view, std::string_view) { hasHeard = true; };
-    Say("ready");
-    std::getchar();
-    HCONV const conversation = endpoint.Connect(other.c_str());
+    std::string starter;
+    endpoint.onPoke = [&](HCONV, std::string_view item, std::string_view) {
+        if (item == "HELLO") {
+            hasHeard = true;
+        } else {
+            starter = item;
+        }
+    };
+    HCONV report = nullptr;
+    while (RunUntil([&] { return !starter.empty(); }, LimitMs)) {
+        HCONV const conversation = endpoint.Connect(other.c_str());
+        if (conversation == nullptr) return 1;
+        if (!endpoint.Poke(conversation, "HELLO", own)) return 2;
+        if (!RunUntil([&] { return hasHeard; })) return 3;
+        platform::DdeDisconnect(conversation);
+        hasHeard = false;
+        if (report == nullptr) report = endpoint.Connect(starter.c_str());
+        starter.clear();
+        if (!endpoint.Poke(report, "DONE", own)) return 4;
+    }
+    return 0;
+}
+
+int Offer(std::string const& service, std::string const& topic, std::string const& data, bool stays) {
+    DdeEndpoint endpoint("offer");
+    bool hasEnded = !stays;
+    endpoint.onDisconnect = [&](HCONV) { hasEnded = true; };
+    HCONV const conversation = endpoint.Connect(topic.c_str(), service.c_str());
     if (conversation == nullptr) return 1;
-    if (!endpoint.Poke(conversation, "HELLO", own)) return 2;
-    return RunUntil([&] { return hasHeard; }) ? 0 : 3;
+    if (!endpoint.Poke(conversation, "formula", data)) return 2;
+    return RunUntil([&] { return hasEnded; }, LimitMs) ? 0 : 3;
 }
 
 int Run(std::vector<std::string> const& words) {
@@ -82,6 +104,8 @@ int Run(std::vector<std::string> const& words) {
     }
     if (words.size() == 2 && words[0] == "echo") return Echo(words[1]);
     if (words.size() == 3 && words[0] == "mutual") return Mutual(words[1], words[2]);
+    if (words.size() == 5 && words[0] == "offer")
+        return Offer(words[1], words[2], words[3], words[4] == "stay");
     return 64;
 }
 

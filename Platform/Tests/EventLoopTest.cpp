@@ -1,5 +1,5 @@
 #include "Platform/EventLoop.h"
-#include "Platform/Tests/ProcessorTime.h"
+#include "Platform/Tests/TestSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -23,28 +23,37 @@ void Drain() {
     while (EventLoop::DispatchOne()) continue;
 }
 
+// Whether a wait lasts its time. An event of the system's own may end one, but not each of five.
+template <class Prepare>
+bool LastsItsTime(Prepare prepare, milliseconds time) {
+    for (int attempt = 0; attempt < 5; ++attempt) {
+        prepare();
+        auto const start = Clock::now();
+        EventLoop::Wait(time);
+        if (MsSince(start) >= static_cast<double>(time.count()) - 5) return true;
+    }
+    return false;
+}
+
 TEST(EventLoopTest, NothingIsPending) {
     Drain();
     EXPECT_FALSE(EventLoop::DispatchOne());
 }
 
 TEST(EventLoopTest, WaitsItsTimeAndTakesNoProcessorTime) {
-    Drain();
-    auto const start = Clock::now();
     double const processor = tests::ProcessorMs();
-    EventLoop::Wait(milliseconds(300));
-    EXPECT_GE(MsSince(start), 295.0);
-    EXPECT_LT(tests::ProcessorMs() - processor, 10.0);
+    EXPECT_TRUE(LastsItsTime(Drain, milliseconds(300)));
+    EXPECT_LT(tests::ProcessorMs() - processor, 90.0) << "30 percent: a busy loop takes all";
 }
 
 TEST(EventLoopTest, AWakeBeforeTheWaitCounts) {
-    EventLoop::Wake();
-    EventLoop::Wake();
-    auto const start = Clock::now();
-    EventLoop::Wait(EventLoop::Forever);
-    EXPECT_LT(MsSince(start), 1000.0);
-    EventLoop::Wait(milliseconds(50));
-    EXPECT_GE(MsSince(start), 45.0) << "any number of wakes ends one wait";
+    auto const wakeTwice = [] {
+        Drain();
+        EventLoop::Wake();
+        EventLoop::Wake();
+        EventLoop::Wait(EventLoop::Forever);  // a lost wake would hang here
+    };
+    EXPECT_TRUE(LastsItsTime(wakeTwice, milliseconds(50))) << "any number of wakes ends one wait";
 }
 
 TEST(EventLoopTest, AnotherThreadWakes) {

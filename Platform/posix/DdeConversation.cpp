@@ -93,7 +93,7 @@ bool Conversation::Handle(Frame const& frame) {
 bool Conversation::AnswerConnect(std::string_view service, std::string_view topic) {
     Exchange& exchange = Exchange::Instance();
     DdeInstance const* const instance = exchange.FindInstance(instance_);
-    HSZ const known = exchange.Strings().Find(service);
+    auto* const known = exchange.Strings().Find(service);
     if (instance == nullptr || !instance->HasService(known)) return PeerIsGone();
     exchange.Strings().Keep(known);
     service_ = known;
@@ -142,7 +142,7 @@ HDDEDATA Conversation::Call(unsigned transaction, unsigned format, HSZ string1, 
                             HDDEDATA data) const {
     DdeInstance const* const instance = Exchange::Instance().FindInstance(instance_);
     if (instance == nullptr) return nullptr;
-    HCONV const conversation = transaction == XTYP_CONNECT ? nullptr : handle_;
+    auto* const conversation = transaction == XTYP_CONNECT ? nullptr : handle_;
     return instance->GetCallback()(transaction, format, conversation, string1, string2, data, 0,
                                    static_cast<std::uintptr_t>(IsOfThisProcess()));
 }

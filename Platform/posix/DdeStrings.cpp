@@ -1,6 +1,7 @@
 #include "Platform/posix/DdeStrings.h"
 
 #include <algorithm>
+#include <compare>
 
 namespace platform::detail {
 
@@ -18,7 +19,8 @@ int CompareIgnoreCase(std::string_view left, std::string_view right) noexcept {
         left.begin(), left.end(), right.begin(), right.end(), [](char l, char r) {
             return static_cast<unsigned char>(Folded(l)) <=> static_cast<unsigned char>(Folded(r));
         });
-    return order < 0 ? -1 : static_cast<int>(order > 0);
+    if (std::is_eq(order)) return 0;
+    return std::is_lt(order) ? -1 : 1;
 }
 
 HSZ StringTable::HandleOf(std::size_t index, std::uint32_t generation) noexcept {

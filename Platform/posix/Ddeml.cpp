@@ -93,7 +93,7 @@ HCONV DdeConnect(std::uint32_t instance, HSZ service, HSZ topic, void* context) 
     if (found == nullptr) return nullptr;
     if (!serviceText || !topicText || context != nullptr)
         return found->Fail(DMLERR_INVALIDPARAMETER, HCONV{});
-    HCONV const conversation = detail::CallPeers(*found, *serviceText, *topicText);
+    auto* const conversation = detail::CallPeers(*found, *serviceText, *topicText);
     if (conversation == nullptr && Find(instance) != nullptr)
         found->Fail(DMLERR_NO_CONV_ESTABLISHED, nullptr);
     return conversation;

@@ -32,12 +32,12 @@ Poller::Poller() : epoll_(epoll_create1(EPOLL_CLOEXEC)), wakeUp_(eventfd(0, EFD_
     epoll_ctl(epoll_, EPOLL_CTL_ADD, wakeUp_, &event);
 }
 
-bool Poller::Add(int descriptor, std::uint32_t events, Watcher& watcher) {
+bool Poller::Add(int descriptor, std::uint32_t events, Watcher& watcher) const {
     epoll_event event = EventOf(events, &watcher);
     return epoll_ctl(epoll_, EPOLL_CTL_ADD, descriptor, &event) == 0;
 }
 
-void Poller::Change(int descriptor, std::uint32_t events, Watcher& watcher) {
+void Poller::Change(int descriptor, std::uint32_t events, Watcher& watcher) const {
     epoll_event event = EventOf(events, &watcher);
     epoll_ctl(epoll_, EPOLL_CTL_MOD, descriptor, &event);
 }

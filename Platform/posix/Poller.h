@@ -41,8 +41,8 @@ class Poller {
     Poller& operator=(Poller const&) = delete;
 
     /// Watches a descriptor for `events` (EPOLL bits). False when the system refuses.
-    [[nodiscard]] bool Add(int descriptor, std::uint32_t events, Watcher& watcher);
-    void Change(int descriptor, std::uint32_t events, Watcher& watcher);
+    [[nodiscard]] bool Add(int descriptor, std::uint32_t events, Watcher& watcher) const;
+    void Change(int descriptor, std::uint32_t events, Watcher& watcher) const;
     /// Must come before the descriptor is closed.
     void Remove(int descriptor, Watcher& watcher);
 

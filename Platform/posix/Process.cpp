@@ -47,6 +47,8 @@ std::unique_ptr<Process> Process::Start(std::string const& program,
 // A program that still runs leaves an entry in the system's table when it ends, until this one ends.
 Process::~Process() { state_->Collect(WNOHANG); }
 
+long Process::Id() const noexcept { return state_->id; }
+
 bool Process::IsRunning() noexcept { return !state_->Collect(WNOHANG); }
 
 int Process::Wait() noexcept {
@@ -58,5 +60,7 @@ void Process::Kill() noexcept {
     // Once collected, the number may be another program's.
     if (!state_->exitCode) ::kill(state_->id, SIGKILL);
 }
+
+unsigned long ProcessNumber() noexcept { return static_cast<unsigned long>(::getpid()); }
 
 }  // namespace platform

@@ -1,3 +1,4 @@
+#include "Platform/CommandLine.h"
 #include "Platform/Process.h"
 
 #include <algorithm>
@@ -46,7 +47,7 @@ std::vector<fs::path> SearchedDirectories(std::optional<std::string> const& dire
     std::error_code error;
     std::vector<fs::path> directories = {
         directory ? fs::absolute(*directory, error) : fs::current_path(error),
-        fs::read_symlink("/proc/self/exe", error).parent_path()};
+        fs::path(RunningProgram()).parent_path()};
     char const* const path = std::getenv("PATH");  // NOLINT(concurrency-mt-unsafe)
     std::istringstream rest(path == nullptr ? "" : path);
     for (std::string entry; std::getline(rest, entry, ':');) directories.emplace_back(entry);

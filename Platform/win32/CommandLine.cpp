@@ -30,4 +30,12 @@ std::vector<std::string> Arguments(int, char const* const*) {
     return arguments;
 }
 
+std::string RunningProgram() {
+    constexpr std::size_t LongestPath = 32768;
+    std::wstring path(LongestPath, L'\0');
+    DWORD const length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    path.resize(length < LongestPath ? length : 0);
+    return ToUtf8(path.c_str());
+}
+
 }  // namespace platform

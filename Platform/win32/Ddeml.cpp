@@ -75,6 +75,14 @@ constexpr std::array<::PFNCALLBACK, mostInstances> MakePassers(std::index_sequen
 constexpr std::array<::PFNCALLBACK, mostInstances> passers =
     MakePassers(std::make_index_sequence<mostInstances>());
 
+/// Whether the program at the other end, or its instance, is gone.
+bool HasLostItsPartner(::HCONV conversation) noexcept {
+    CONVINFO info = {};
+    info.cb = sizeof info;
+    return ::DdeQueryConvInfo(conversation, QID_SYNC, &info) != 0 && info.hwndPartner != nullptr &&
+           ::IsWindow(info.hwndPartner) == FALSE;
+}
+
 }  // namespace
 
 namespace platform {
@@ -132,6 +140,12 @@ bool DdeDisconnect(HCONV conversation) { return ::DdeDisconnect(System(conversat
 HDDEDATA DdeClientTransaction(void const* data, std::uint32_t length, HCONV conversation, HSZ item,
                               unsigned format, unsigned transaction, std::uint32_t timeout,
                               std::uint32_t* result) {
+    // Let go of before the system notices: a conversation that it has given up itself stands, under Wine, in
+    // the way of every later one with that topic, and a peer that runs again would not be found.
+    if (HasLostItsPartner(System(conversation))) {
+        ::DdeDisconnect(System(conversation));
+        return nullptr;
+    }
     // The system copies the data and has no const.
     auto* const bytes = static_cast<LPBYTE>(const_cast<void*>(data));
     DWORD number = 0;

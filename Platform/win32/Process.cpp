@@ -46,6 +46,8 @@ std::unique_ptr<Process> Process::Start(std::string const& program,
 
 Process::~Process() = default;
 
+long Process::Id() const noexcept { return static_cast<long>(::GetProcessId(state_->process.Get())); }
+
 bool Process::IsRunning() noexcept { return ::WaitForSingleObject(state_->process.Get(), 0) == WAIT_TIMEOUT; }
 
 int Process::Wait() noexcept {
@@ -56,5 +58,7 @@ int Process::Wait() noexcept {
 }
 
 void Process::Kill() noexcept { ::TerminateProcess(state_->process.Get(), static_cast<UINT>(Killed)); }
+
+unsigned long ProcessNumber() noexcept { return GetCurrentProcessId(); }
 
 }  // namespace platform

@@ -21,6 +21,7 @@ class Application {
     static void Execute();
     /// Ends `Execute` when the handler that runs returns. From any thread.
     static void Quit() noexcept;
+    /// Whether `Execute` runs, in any handler below it.
     [[nodiscard]] static bool IsInExecute() noexcept { return executing_; }
 
     /// One turn of the loop, for whoever waits inside a handler: handles what is pending; when nothing is,

@@ -27,7 +27,8 @@ MessBox::MessBox(BoxKind kind, Window* parent, WinBits style, String title, Stri
     : kind_(kind), parent_(parent), style_(style), title_(std::move(title)), text_(std::move(text)) {}
 
 BoxAnswer MessBox::Execute() const {
-    if (BoxHandler const& handler = CurrentHandler()) return handler(*this);
+    // A copy: what a handler runs may install another one.
+    if (BoxHandler const handler = CurrentHandler()) return handler(*this);
     PrintBox(*this);
     return DefaultAnswer();
 }

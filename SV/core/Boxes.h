@@ -53,11 +53,13 @@ class MessBox {
     String text_;
 };
 
+/// A piece of news, to be taken note of.
 class InfoBox : public MessBox {
   public:
     InfoBox(Window* parent, String text);
 };
 
+/// What went wrong.
 class ErrorBox : public MessBox {
   public:
     ErrorBox(Window* parent, WinBits style, String text);

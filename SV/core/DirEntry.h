@@ -54,8 +54,9 @@ class FileStat {
   public:
     explicit FileStat(DirEntry const& entry);
 
-    /// 0 when there is no such file.
+    /// In bytes; 0 when there is no such file, and for a directory.
     [[nodiscard]] unsigned long long GetSize() const noexcept { return size_; }
+    /// Neither where nothing is.
     [[nodiscard]] bool IsFile() const noexcept { return isFile_; }
     [[nodiscard]] bool IsDirectory() const noexcept { return isDirectory_; }
 

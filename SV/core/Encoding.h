@@ -10,6 +10,7 @@ namespace sv::detail {
 
 [[nodiscard]] bool IsAscii(std::string_view text) noexcept;
 
+/// One character a byte.
 [[nodiscard]] std::u32string FromSingleByte(std::string_view text, CodePage const& page);
 [[nodiscard]] std::string ToSingleByte(std::u32string_view text, CodePage const& page);
 

@@ -2,11 +2,10 @@
 // one line each. What it does not understand stays as it is.
 //
 // A line is a group's head ("[name]"), a key ("name=value") or nothing that concerns this class: a comment
-// (";" or
-// "#" first), a blank line, a text without "=". Names are without the blanks around them and are found
-// without regard to the case of ASCII letters; the group with the empty name is the lines above the first
-// head. Of groups and keys that occur twice only the first is seen. Marks of UTF-8 (a byte order mark) in
-// front of a line are skipped and kept.
+// (";" or "#" first), a blank line, a text without "=". Names are without the blanks around them and are
+// found without regard to the case of ASCII letters; the group with the empty name is the lines above the
+// first head. Of groups and keys that occur twice only the first is seen. Marks of UTF-8 (a byte order mark)
+// in front of a line are skipped and kept.
 #pragma once
 
 #include <cstddef>
@@ -22,6 +21,7 @@ class IniText {
   public:
     explicit IniText(std::string text = {});
 
+    /// All of it, to be written as it is.
     [[nodiscard]] std::string const& Text() const noexcept { return text_; }
 
     /// Without the blanks around it. Valid until the next edit.

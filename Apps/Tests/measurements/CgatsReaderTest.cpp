@@ -28,12 +28,8 @@ std::string Pairs(std::string const& valueName, std::string const& value) {
 }
 
 TEST(CgatsReader, OneFileInManyDialects) {
-    struct Row {
-        char const* what;
-        std::string bytes;
-    };
     std::string const plain = Plain();
-    std::vector<Row> const rows = {
+    std::vector<test::Dialect> const dialects = {
         {"plain", plain},
         {"CR LF", Replaced(plain, "\n", "\r\n")},
         {"CR", Replaced(plain, "\n", "\r")},
@@ -59,23 +55,9 @@ TEST(CgatsReader, OneFileInManyDialects) {
         {"both samples in a line", Replaced(Replaced(plain, "0.75\nc", "0.75 c"), "\t", " ")},
         {"comments and blank lines", "\n# by hand\n" + Replaced(plain, "\nc", "\n\n# the second\nc")},
     };
-    for (auto const& [what, bytes] : rows) {
-        SCOPED_TRACE(what);
-        if (Refusal(bytes) != "accepted") {
-            ADD_FAILURE() << Refusal(bytes);
-            continue;
-        }
-        MeasurementFile const file = ParseMeasurements(bytes, "file");
-        ASSERT_EQ(file.samples.size(), 2U);
-        EXPECT_EQ(file.samples[0].name, "a b");
-        EXPECT_EQ(file.samples[1].name, "c");
-        for (Sample const& sample : file.samples) {
-            EXPECT_EQ(sample.spectrum[0], 0.25F);
-            EXPECT_EQ(sample.spectrum[34], 0.25F);
-            EXPECT_EQ(sample.spectrum[35], 0.75F);
-            EXPECT_EQ(sample.lab, (std::array{50.5, -1.0, 2.0}));
-        }
-    }
+    test::ExpectTheSameOfAll(dialects, [](MeasurementFile const& file) {
+        for (Sample const& sample : file.samples) EXPECT_EQ(sample.lab, (std::array{50.5, -1.0, 2.0}));
+    });
 }
 
 TEST(CgatsReader, WavelengthsInTheRows) {
@@ -141,11 +123,7 @@ TEST(CgatsReader, RefusedFiles) {
     std::string const shortRow = row.substr(0, row.size() - 5) + "\n";
     std::string const emptyCell = Replaced(Replaced(row, " ", "\t"), "1\t0.5", "1\t");
     std::string const value = ", expected a finite decimal number";
-    struct Row {
-        std::string bytes;
-        std::string message;
-    };
-    std::vector<Row> const rows = {
+    test::ExpectRefusals({
         {withRows(row + shortRow + row), "file:7: found a row of 36 values, expected 37, one for each field"},
         {withRows(row + shortRow), "file:7: found a row of 36 values, expected 37, one for each field"},
         {withRows(Replaced(Replaced(shortRow, " ", "\t"), "1\t", "patch 1\t")),
@@ -173,8 +151,7 @@ TEST(CgatsReader, RefusedFiles) {
         {Replaced(withRows(row), "nm400", "nm390"),
          "file:2: found 390 nm twice (columns 3 and 4), expected each wavelength once"},
         {CgatsWithHeader("SPECTRAL_NORM 255\n"), "file:1: found SPECTRAL_NORM \"255\", expected 1 or 100"},
-    };
-    for (auto const& [bytes, message] : rows) EXPECT_EQ(Refusal(bytes), message);
+    });
 }
 
 TEST(CgatsReader, AFurtherTableIsSaid) {

@@ -18,13 +18,9 @@ std::string Plain() {
 }
 
 TEST(CsvReader, OneFileInManyDialects) {
-    struct Row {
-        char const* what;
-        std::string bytes;
-    };
     std::string const plain = Plain();
     std::string const semicolons = Replaced(plain, ",", ";");
-    std::vector<Row> const rows = {
+    std::vector<test::Dialect> const dialects = {
         {"commas", plain},
         {"semicolons", semicolons},
         {"semicolons and decimal commas", Replaced(semicolons, ".", ",")},
@@ -40,21 +36,10 @@ TEST(CsvReader, OneFileInManyDialects) {
         {"empty columns at the end, empty lines", Replaced(plain, "\n", ",,\n,,,,\n")},
         {"whole lines in quotes", Replaced(Replaced("\"" + plain, "\n", "\"\n\""), "c,", "c,") + "\""},
     };
-    for (auto const& [what, bytes] : rows) {
-        SCOPED_TRACE(what);
-        if (Refusal(bytes) != "accepted") {
-            ADD_FAILURE() << Refusal(bytes);
-            continue;
-        }
-        MeasurementFile const file = ParseMeasurements(bytes, "file");
+    test::ExpectTheSameOfAll(dialects, [](MeasurementFile const& file) {
         EXPECT_EQ(file.dialect, "CSV");
-        ASSERT_EQ(file.samples.size(), 2U);
-        EXPECT_EQ(file.samples[0].name, "a b");
-        EXPECT_EQ(file.samples[1].name, "c");
-        EXPECT_EQ(file.samples[1].spectrum[34], 0.25F);
-        EXPECT_EQ(file.samples[1].spectrum[35], 0.75F);
         EXPECT_FALSE(file.stated.illuminant || file.stated.observer);
-    }
+    });
 }
 
 TEST(CsvReader, ColumnsInAnyOrder) {
@@ -72,11 +57,7 @@ TEST(CsvReader, ColumnsInAnyOrder) {
 
 TEST(CsvReader, RefusedFiles) {
     std::string const plain = Plain();
-    struct Row {
-        std::string bytes;
-        std::string message;
-    };
-    std::vector<Row> const rows = {
+    test::ExpectRefusals({
         {"a,b\n1,2\n",
          "file:1: found \"a,b\", expected a CSV head with wavelengths, or a CGATS file with BEGIN_DATA_FORMAT and "
          "BEGIN_DATA"},
@@ -94,8 +75,7 @@ TEST(CsvReader, RefusedFiles) {
          "file:3: found a quote that is not closed, expected its end in the same line"},
         {Replaced(plain, "400", "390"),
          "file:1: found 390 nm twice (columns 3 and 4), expected each wavelength once"},
-    };
-    for (auto const& [bytes, message] : rows) EXPECT_EQ(Refusal(bytes), message);
+    });
 }
 
 }  // namespace

@@ -1,15 +1,14 @@
 #include "Apps/Tests/measurements/TestFiles.h"
 #include "Apps/measurements/DataFile.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
+#include "Platform/Tests/TemporaryDirectory.h"
 
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <random>
 
@@ -21,31 +20,19 @@ using test::Replaced;
 
 class DataFileTest : public testing::Test {
   protected:
-    DataFileTest() {
-        auto const now = std::chrono::steady_clock::now().time_since_epoch().count();
-        folder_ = std::filesystem::temp_directory_path() / ("data-file-" + std::to_string(now));
-        std::filesystem::create_directories(folder_);
-        kv::AppName::CreateAppName("Desk", "1.2");
-    }
+    DataFileTest() { kv::AppName::CreateAppName("Desk", "1.2"); }
     ~DataFileTest() override {
         kv::AppName* const name = kv::AppName::Instance();
         kv::KVSingleton::Remove(name);
         delete name;
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
     }
     DataFileTest(DataFileTest const&) = delete;
     DataFileTest& operator=(DataFileTest const&) = delete;
 
-    [[nodiscard]] std::string Path(char const* name = "samples.dat") const {
-        return (folder_ / name).string();
-    }
-    [[nodiscard]] std::string Bytes() const {
-        std::ifstream stream(Path(), std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
-    [[nodiscard]] std::size_t FilesThere() const {
-        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder_), {}));
+    [[nodiscard]] std::string Path(char const* name = "samples.dat") const { return folder_ / name; }
+    [[nodiscard]] std::string Bytes() const { return tests::Bytes(Path()); }
+    [[nodiscard]] auto FilesThere() const {
+        return std::distance(std::filesystem::directory_iterator(folder_.Path()), {});
     }
     [[nodiscard]] MeasurementFile WrittenAndRead(MeasurementFile const& file) const {
         WriteDataFile(file, Path());
@@ -63,16 +50,11 @@ class DataFileTest : public testing::Test {
     }
 
     static std::string WriteFailure(MeasurementFile const& file, std::string const& path) {
-        try {
-            WriteDataFile(file, path);
-        } catch (WriteError const& error) {
-            return error.what();
-        }
-        return "written";
+        return test::FailureOf<WriteError>([&] { WriteDataFile(file, path); });
     }
 
   private:
-    std::filesystem::path folder_;
+    tests::TemporaryDirectory folder_;
 };
 
 TEST_F(DataFileTest, SpectraComeBackToTheLastBit) {
@@ -140,11 +122,14 @@ TEST_F(DataFileTest, ConditionsComeBack) {
             file.stated.observer = kv::ObserverClass(observer);
             file.stated.measurementMode = "M1";
             file.stated.filter = "Pol";
+            file.stated.whiteBase = "Paper";
             MeasurementFile const read = WrittenAndRead(file);
             EXPECT_EQ(read.stated.illuminant, file.stated.illuminant) << illuminant;
             EXPECT_EQ(read.stated.observer, file.stated.observer) << illuminant;
             EXPECT_EQ(read.stated.measurementMode, "M1");
             EXPECT_EQ(read.stated.filter, "Pol");
+            EXPECT_EQ(read.stated.whiteBase, "Paper");
+            EXPECT_EQ(WrittenAndRead(read).source, "m\xC3\xBCster.txt") << "where it came from first";
         }
     }
     MeasurementFile const bare = WrittenAndRead(OfNames({"a"}));
@@ -234,9 +219,23 @@ TEST_F(DataFileTest, UnknownConditionsAreNoted) {
               "observer stated as \"7\", which is not known\n");
 }
 
+#ifndef _WIN32
+TEST_F(DataFileTest, GoesThroughALinkAndKeepsThePermissions) {
+    namespace fs = std::filesystem;
+    constexpr auto OwnersOnly = fs::perms::owner_read | fs::perms::owner_write;
+    tests::PutBytes(Path("target.dat"), "old");
+    fs::permissions(Path("target.dat"), OwnersOnly);
+    fs::create_symlink("target.dat", Path());
+    WriteDataFile(OfNames({"a"}), Path());
+    EXPECT_TRUE(fs::is_symlink(Path()));
+    EXPECT_EQ(ReadMeasurementFile(Path("target.dat")).samples.size(), 1U);
+    EXPECT_EQ(fs::status(Path("target.dat")).permissions(), OwnersOnly);
+}
+#endif
+
 TEST_F(DataFileTest, IsWrittenWholeOrNotAtAll) {
     std::string const old = "something older";
-    std::ofstream(Path(), std::ios::binary) << old;
+    tests::PutBytes(Path(), old);
     EXPECT_EQ(WriteFailure(OfNames({std::string(2000, 'x')}), Path()),
               Path() + ": cannot be written: line 9 would be longer than 1023 characters: \"Name=" +
                   std::string(35, 'x') + "...\"");
@@ -246,9 +245,9 @@ TEST_F(DataFileTest, IsWrittenWholeOrNotAtAll) {
                   std::make_error_code(std::errc::no_such_file_or_directory).message());
     EXPECT_EQ(WriteFailure(OfNames({"a"}), Path(".")),
               Path(".") + ": cannot be written: it is no regular file");
-    EXPECT_EQ(WriteFailure(OfNames({std::string(1018, 'x')}), Path()), "written");
+    EXPECT_EQ(WriteFailure(OfNames({std::string(1018, 'x')}), Path()), "accepted");
     EXPECT_EQ(ReadMeasurementFile(Path()).samples[0].name, std::string(1018, 'x'));
-    EXPECT_EQ(FilesThere(), 1U);
+    EXPECT_EQ(FilesThere(), 1);
 }
 
 }  // namespace

@@ -1,10 +1,10 @@
 #include "Apps/Tests/measurements/TestFiles.h"
 #include "Apps/measurements/MeasurementFile.h"
 #include "Apps/measurements/Text.h"
+#include "Platform/Tests/TemporaryDirectory.h"
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 
@@ -42,54 +42,19 @@ TEST(MeasurementFile, AMessageStaysOnItsLine) {
     }
 }
 
-/// A folder of its own that goes with the test.
-class FileTest : public testing::Test {
-  protected:
-    FileTest() {
-        // Two builds may run their tests side by side.
-        auto const now = std::chrono::steady_clock::now().time_since_epoch().count();
-        folder_ = std::filesystem::temp_directory_path() / ("measurements-" + std::to_string(now));
-        std::filesystem::create_directories(folder_);
-    }
-    ~FileTest() override {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
-    }
-    FileTest(FileTest const&) = delete;
-    FileTest& operator=(FileTest const&) = delete;
-
-    [[nodiscard]] std::string Path(char const* name) const { return (folder_ / name).string(); }
-
-    static std::string RefusalOf(std::string const& path) {
-        try {
-            static_cast<void>(ReadMeasurementFile(path));
-        } catch (ReadError const& error) {
-            return error.what();
-        }
-        return "accepted";
-    }
-
-  private:
-    std::filesystem::path folder_;
-};
-
-TEST_F(FileTest, IsReadByPath) {
-    std::string const path = Path("chart.txt");
-    std::ofstream(path, std::ios::binary) << test::CgatsWithHeader("CGATS.17\r\n");
-    MeasurementFile const file = ReadMeasurementFile(path);
-    EXPECT_EQ(file.path, path);
-    EXPECT_EQ(file.dialect, "CGATS.17");
-    EXPECT_EQ(file.samples.size(), 1U);
-}
-
-TEST_F(FileTest, WhatIsNoUsableFileIsRefused) {
-    EXPECT_EQ(RefusalOf(Path("none")),
-              Path("none") + ": found no file of this name, expected a measurement file");
-    EXPECT_EQ(RefusalOf(Path(".")), Path(".") + ": found a directory, expected a measurement file");
-    std::string const large = Path("large");
+TEST(MeasurementFile, WhatIsNoUsableFileIsRefused) {
+    tests::TemporaryDirectory const folder;
+    auto const refusal = [](std::string const& path) {
+        return test::FailureOf([&] { static_cast<void>(ReadMeasurementFile(path)); });
+    };
+    std::string const none = folder / "none";
+    EXPECT_EQ(refusal(none), none + ": found no file of this name, expected a measurement file");
+    std::string const directory = folder.Path().string();
+    EXPECT_EQ(refusal(directory), directory + ": found a directory, expected a measurement file");
+    std::string const large = folder / "large";
     std::ofstream(large, std::ios::binary) << "name,380\n";
     std::filesystem::resize_file(large, MaxFileBytes + 1);
-    EXPECT_EQ(RefusalOf(large),
+    EXPECT_EQ(refusal(large),
               large + ": found more than 268435456 bytes, expected at most that (256 MiB) in a file");
 }
 

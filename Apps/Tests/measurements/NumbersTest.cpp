@@ -19,20 +19,5 @@ TEST(Numbers, OnlyFiniteDecimalNumbersAreRead) {
     EXPECT_FALSE(ToNumber(std::string(65, '1'))) << "longer than any measured number";
 }
 
-TEST(Numbers, AFileKeepsToItsFirstDecimalMark) {
-    NumberReader numbers;
-    auto const column = [] { return std::string("column 2"); };
-    EXPECT_EQ(numbers.Read("5", {"file", 6}, column), 5);
-    EXPECT_EQ(numbers.Read("\"0,5\"", {"file", 7}, column), 0.5);
-    EXPECT_TRUE(numbers.HasCommas());
-    try {
-        static_cast<void>(numbers.Read("0.5", {"file", 8}, column));
-        FAIL() << "a decimal point among commas";
-    } catch (ReadError const& error) {
-        EXPECT_STREQ(error.what(),
-                     "file:8: found \"0.5\" in column 2, expected a decimal comma as in line 7");
-    }
-}
-
 }  // namespace
 }  // namespace measurements

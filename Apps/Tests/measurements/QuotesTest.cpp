@@ -18,18 +18,6 @@ TEST(Quotes, CellTextIsFreedOfEveryLayer) {
     }
 }
 
-TEST(Quotes, SplittingKeepsWhatStandsInQuotes) {
-    Cells cells;
-    ASSERT_TRUE(SplitAtBlanks("\t1  \"dark skin\" \"\" \"\"\"x y\"\"\" ", cells));
-    EXPECT_EQ(cells, (Cells{"1", "\"dark skin\"", "\"\"", "\"\"\"x y\"\"\""}));
-    ASSERT_TRUE(SplitAtBlanks(R"(""ILLUMINANT, D50"" b)", cells));
-    EXPECT_EQ(cells, (Cells{R"(""ILLUMINANT, D50"")", "b"}));
-    ASSERT_TRUE(SplitAt(',', R"("Smith, J", 0.5,,"0,5")", cells));
-    EXPECT_EQ(cells, (Cells{"\"Smith, J\"", "0.5", "", "\"0,5\""}));
-    EXPECT_FALSE(SplitAtBlanks("1 \"open", cells));
-    EXPECT_FALSE(SplitAt(';', "1;\"open;2", cells));
-}
-
 TEST(Quotes, OnlyALineThatASpreadsheetQuotedIsUnwrapped) {
     std::string store;
     for (std::string_view const untouched : {"\"5\"", "\"dark skin\"", "\"a\"\t\"b\"", "plain", "\"", ""}) {

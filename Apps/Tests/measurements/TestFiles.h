@@ -3,8 +3,11 @@
 
 #include "Apps/measurements/MeasurementFile.h"
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace measurements::test {
 
@@ -43,14 +46,55 @@ inline std::string Replaced(std::string text, std::string_view from, std::string
     return text;
 }
 
-/// What the reader says of a file that it must refuse; "accepted" if it does not.
-inline std::string Refusal(std::string_view bytes) {
+/// What is said when the call fails as it must; "accepted" if it does not.
+template <class Error = ReadError, class Call>
+std::string FailureOf(Call call) {
     try {
-        static_cast<void>(ParseMeasurements(bytes, "file"));
-    } catch (ReadError const& error) {
+        call();
+    } catch (Error const& error) {
         return error.what();
     }
     return "accepted";
+}
+
+/// What the reader says of a file that it must refuse; "accepted" if it does not.
+inline std::string Refusal(std::string_view bytes) {
+    return FailureOf([&] { static_cast<void>(ParseMeasurements(bytes, "file")); });
+}
+
+/// One file as a dialect writes it.
+struct Dialect {
+    char const* what;
+    std::string bytes;
+};
+
+/// The file in each dialect: two samples "a b" and "c" of 0.25, but 0.75 at 730 nm. `check` sees the rest.
+template <class Check>
+void ExpectTheSameOfAll(std::vector<Dialect> const& dialects, Check check) {
+    for (auto const& [what, bytes] : dialects) {
+        SCOPED_TRACE(what);
+        ASSERT_EQ(Refusal(bytes), "accepted");
+        MeasurementFile const file = ParseMeasurements(bytes, "file");
+        ASSERT_EQ(file.samples.size(), 2U);
+        EXPECT_EQ(file.samples[0].name, "a b");
+        EXPECT_EQ(file.samples[1].name, "c");
+        for (Sample const& sample : file.samples) {
+            EXPECT_EQ(sample.spectrum[0], 0.25F);
+            EXPECT_EQ(sample.spectrum[34], 0.25F);
+            EXPECT_EQ(sample.spectrum[35], 0.75F);
+        }
+        check(file);
+    }
+}
+
+/// A file that cannot be read, and what is said of it.
+struct Refused {
+    std::string bytes;
+    std::string message;
+};
+
+inline void ExpectRefusals(std::vector<Refused> const& files) {
+    for (auto const& [bytes, message] : files) EXPECT_EQ(Refusal(bytes), message);
 }
 
 /// All notes, a line each.

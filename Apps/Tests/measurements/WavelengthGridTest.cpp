@@ -59,12 +59,8 @@ TEST(WavelengthGrid, AcceptedRangesAndTheirNotes) {
 }
 
 TEST(WavelengthGrid, RefusedRanges) {
-    auto const refusal = [](std::vector<SpectralColumn> const& columns) -> std::string {
-        try {
-            return "accepted: " + MakeGrid(columns, {"file", 3}).note;
-        } catch (ReadError const& error) {
-            return error.what();
-        }
+    auto const refusal = [](std::vector<SpectralColumn> const& columns) {
+        return test::FailureOf([&] { static_cast<void>(MakeGrid(columns, {"file", 3})); });
     };
     EXPECT_EQ(refusal({}), "file:3: found no spectral columns, expected 400 to 700 nm at least");
     EXPECT_EQ(refusal(ColumnsOf({410, 730, 10})),

@@ -27,8 +27,8 @@ std::string_view Written(std::span<detail::SelectorText const> texts, Type type)
 
 /// The degree sign in the code page of the language.
 char const* DegreeSign() noexcept {
-    if (Language::IsJapanese()) return "\xDF";
-    if (Language::IsChinese()) return "\xA1\x43";
+    if (Language::IsJapanese() != 0) return "\xDF";
+    if (Language::IsChinese() != 0) return "\xA1\x43";
     return "\xB0";
 }
 

@@ -34,11 +34,16 @@ class ASCIIFile {
     /// Works on a stream that stays the caller's and has to outlive this object.
     ASCIIFile(std::iostream* stream, uchar read, uchar tabs);
 
+    // Writing. Each writes one line; whether that failed is what `GetError` tells.
+
+    /// A byte as a number, so 0 or 1 for a truth value.
     void PutBOOL(sv::String const& key, uchar value);
     void PutShort(sv::String const& key, short value);
     void PutInt(sv::String const& key, int value);
+    /// Each value right-aligned to six characters, and the separator behind it.
     void PutShortArray(sv::String const& key, short const* values, int count);
     void PutIntArray(sv::String const& key, int const* values, int count);
+    /// Right-aligned to the decimals and six more characters, with a point in every locale.
     void PutReal(sv::String const& key, double value, short decimals = DefaultDecimals);
     void PutRealArray(sv::String const& key, double const* values, int count,
                       short decimals = DefaultDecimals);
@@ -47,7 +52,9 @@ class ASCIIFile {
     void PutString(sv::String const& key, sv::String const& text);
     /// The strings with the separator between them. A string that holds the separator comes back as two.
     void PutString(sv::String const& key, MyStringList const& list);
+    /// As "31-12-1999 23:59:10".
     void PutDate(sv::String const& key, int year, int month, int day, int hour, int minute, int second);
+    /// The head of a section, "[title]".
     void PutTitel(sv::String const& title);
     /// The number of decimals of reals, 5 at first.
     void SetPrecision(int decimals) noexcept { precision_ = decimals; }
@@ -81,6 +88,7 @@ class ASCIIFile {
     /// Seconds may be missing and count as 0 then.
     uchar GetDate(sv::String const& key, int& year, int& month, int& day, int& hour, int& minute,
                   int& second);
+    /// Whether the line is this title.
     uchar GetTitel(sv::String const& title);
     /// Goes to the line behind this title; 0 at the end of the file.
     uchar SkipToTitel(sv::String const& title);
@@ -91,6 +99,7 @@ class ASCIIFile {
     /// Reads the head of a versioned file. 1 if its version is one of 2 to `highest`.
     uchar CheckVersion(int highest);
 
+    /// The version of the file, as it was written or read last; 0 before.
     [[nodiscard]] int GetVersion() const noexcept { return version_; }
     [[nodiscard]] int& Version() noexcept { return version_; }
     /// The name as it was given; empty on a stream.

@@ -16,6 +16,7 @@ class FlagSet {
     /// size counts as 0.
     FlagSet(int flag, int size);
 
+    /// The number of flags, set or not.
     [[nodiscard]] int GetSize() const noexcept { return static_cast<int>(flags_.size()); }
 
     /// Sets a flag in this set. Spelled as a binary operator, though it changes its left side: callers rely
@@ -24,6 +25,7 @@ class FlagSet {
     /// Sets every flag that is set in `other`, up to the smaller size.
     FlagSet& operator|(FlagSet const& other) noexcept;
 
+    /// Sets, clears, turns a flag over; all of them for -1.
     void SetFlag(int flag) noexcept;
     void LoescheFlag(int flag) noexcept;
     void ToggleFlag(int flag) noexcept;

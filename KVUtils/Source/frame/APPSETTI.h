@@ -29,6 +29,7 @@ class AppConfig : public sv::Config, public KVSingleton {
                                             sv::String const& defaultValue = {});
     /// Leaves the selected group alone.
     static void WriteKey(sv::String const& group, sv::String const& key, sv::String const& value);
+    /// How many keys the group has; 0 for a group that is not there.
     [[nodiscard]] static unsigned short GetKeyCount(sv::String const& group);
     /// Empty past the last key.
     [[nodiscard]] static sv::String GetKeyName(sv::String const& group, unsigned short index);

@@ -11,7 +11,6 @@ class CriticalSection {
     /// a name locks is made at its first use, by whichever thread comes first, and stays until the program
     /// ends.
     explicit CriticalSection(char const* name);
-    ~CriticalSection() = default;
     CriticalSection(CriticalSection const&) = delete;
     CriticalSection& operator=(CriticalSection const&) = delete;
 

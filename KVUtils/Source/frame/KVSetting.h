@@ -19,8 +19,10 @@ class KVSetting : public KVSingleton {
     /// Reads what `SaveProperties` wrote. A missing number is 0, which is illuminant A, and any other is
     /// taken as it stands. A day number is not kept: it becomes 65.
     void LoadProperties();
+    /// Writes the types of the illuminants and the name. Without `AppConfig` it reports as loading does.
     void SaveProperties() const;
 
+    /// The two illuminants between which metamerism is judged.
     void GetIllumClasses(IllumClass& first, IllumClass& second) const noexcept;
     [[nodiscard]] IllumClass GetIllumClass1() const noexcept { return first_; }
     [[nodiscard]] IllumClass GetIllumClass2() const noexcept { return second_; }

@@ -31,6 +31,7 @@ class Language : public KVSingleton {
 
     /// The current language's, or 1 if it has no texts.
     [[nodiscard]] static unsigned short GetCountryCode() noexcept;
+    /// 1 if that is the current language, with texts or without; else 0.
     [[nodiscard]] static unsigned char IsJapanese() noexcept;
     [[nodiscard]] static unsigned char IsChinese() noexcept;
 

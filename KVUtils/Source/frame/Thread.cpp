@@ -1,6 +1,7 @@
 #include "KVUtils/Source/frame/Thread.h"
 
 #include <chrono>
+#include <utility>
 
 namespace kv {
 
@@ -18,25 +19,35 @@ platform::Priority ToSystem(ThreadPriorityTYPE priority) noexcept {
     return platform::Priority::Normal;
 }
 
+/// How long a thread may take to end by itself before it is ended from outside.
+constexpr std::chrono::milliseconds Grace{100};
+
 }  // namespace
 
 Thread::Thread(ThreadPriorityTYPE priority) noexcept : priority_(priority) {}
 
 Thread::~Thread() {
     if (thread_ == nullptr) return;
-    thread_->Kill();
+    if (!thread_->WaitForEnd(Grace)) KillThread();
     // The routine works on this object, so nothing less than its end will do.
     while (!thread_->WaitForEnd(std::chrono::hours(1))) {
     }
 }
 
 void Thread::StartThread() {
-    thread_ = platform::NativeThread::Start([this] { return Run(); });
+    auto hasReturned = std::make_shared<std::atomic<bool>>(false);
+    thread_ = platform::NativeThread::Start([this, hasReturned] {
+        unsigned const exitCode = Run();
+        *hasReturned = true;
+        return exitCode;
+    });
+    hasReturned_ = std::move(hasReturned);
     SetPriority(priority_);
 }
 
 void Thread::KillThread() noexcept {
-    if (thread_ != nullptr) thread_->Kill();
+    // One that is ended within the system's own clean-up may leave the whole process hanging.
+    if (thread_ != nullptr && !*hasReturned_) thread_->Kill();
 }
 
 void Thread::SetPriority(ThreadPriorityTYPE priority) noexcept {

@@ -3,6 +3,7 @@
 
 #include "Platform/Threads.h"
 
+#include <atomic>
 #include <memory>
 
 namespace kv {
@@ -18,8 +19,9 @@ class Thread {
   public:
     /// Starts nothing yet.
     explicit Thread(ThreadPriorityTYPE priority) noexcept;
-    /// Ends the thread as `KillThread` does, and waits until it has ended. What a derived class holds is gone
-    /// by then, so its own destructor has to tell a routine that uses it to stop, and wait.
+    /// Ends the thread as `KillThread` does, after a moment in which it may end by itself, and waits until it
+    /// has ended. What a derived class holds is gone by then, so its own destructor has to tell a routine
+    /// that uses it to stop, and wait. Not for the thread itself to call.
     virtual ~Thread();
     Thread(Thread const&) = delete;
     Thread& operator=(Thread const&) = delete;
@@ -31,7 +33,7 @@ class Thread {
     /// Ends the thread from outside, with no regard for what it holds: locks stay locked, files open. Windows
     /// ends it wherever it is. Elsewhere nothing can be ended at any point without breaking the process, so
     /// it ends at its next blocking call of the system, its stack being unwound; a routine that makes none
-    /// runs to its own end.
+    /// runs to its own end. Does nothing once the routine has returned.
     void KillThread() noexcept;
 
     /// Changes the running thread's priority only: the next start takes the one given at construction.
@@ -41,6 +43,7 @@ class Thread {
 
   private:
     std::unique_ptr<platform::NativeThread> thread_;
+    std::shared_ptr<std::atomic<bool>> hasReturned_;  // of that thread's routine; it knows it too
     ThreadPriorityTYPE priority_;
 };
 

@@ -28,7 +28,6 @@ class MyMemoryBlock {
     MyMemoryBlock(MyMemoryBlock const& other);
     // NOLINTNEXTLINE(misc-unconventional-assign-operator): assignment answers nothing
     void operator=(MyMemoryBlock const& other);
-    ~MyMemoryBlock() = default;
 
     /// Appends bytes at the write pointer, growing by doubling, and returns how many it stored: all of them,
     /// or those that fit when there is no memory to grow; 0 for a count below 1. The bytes may lie in the

@@ -4,6 +4,7 @@
 #include <climits>
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <sstream>
 
 namespace kv::detail {
@@ -18,62 +19,55 @@ DataLine LineOf(std::string const& text, LineEnd end = LineEnd::LineFeed) {
 
 std::string RestOf(DataLine& line) { return std::string(line.ScanText('\0', false).text); }
 
-TEST(DataLine, Integers) {
-    struct {
-        char const* text;
-        bool isRead;
-        int value;
-        char const* rest;
-    } const rows[] = {
-        {"7", true, 7, ""},
-        {" \t -12 3", true, -12, " 3"},
-        {"007x", true, 7, "x"},
-        {"-", true, 0, ""},
-        {"--5", true, 0, "-5"},
-        {"- 5", true, 0, " 5"},
-        {"1.5", true, 1, ".5"},
-        {"2147483647", true, INT_MAX, ""},
-        {"-2147483648", true, INT_MIN, ""},
-        {"2147483648", true, INT_MAX, ""},
-        {"-99999999999999999999999", true, INT_MIN, ""},
-        {"+5", false, 42, "+5"},
-        {"", false, 42, ""},
-        {"  x", false, 42, "x"},
-    };
+/// A text, what is scanned of it, and what it leaves; none where nothing is to be scanned.
+template <class Value>
+struct Scan {
+    char const* text;
+    std::optional<Value> value;
+    char const* rest;
+};
+
+template <class Value, std::size_t Count>
+void ExpectScans(bool (DataLine::*scan)(Value&) noexcept, Scan<Value> const (&rows)[Count]) {
     for (auto const& row : rows) {
         SCOPED_TRACE(row.text);
         DataLine line = LineOf(row.text);
-        int value = 42;
-        EXPECT_EQ(line.ScanInt(value), row.isRead);
-        EXPECT_EQ(value, row.value);
+        Value value = 42;
+        EXPECT_EQ((line.*scan)(value), row.value.has_value());
+        EXPECT_EQ(value, row.value.value_or(Value{42})) << "unchanged where there is none";
         EXPECT_EQ(RestOf(line), row.rest);
     }
 }
 
-TEST(DataLine, Reals) {
-    struct {
-        char const* text;
-        bool isRead;
-        double value;
-        char const* rest;
-    } const rows[] = {
-        {"1.5", true, 1.5, ""},      {"\t - 1.5", true, -1.5, ""},
-        {"12 13", true, 12, " 13"},  {"3.", true, 3, ""},
-        {".25.5", true, 0.25, ".5"}, {".", true, 0, ""},
-        {"-", true, 0, ""},          {"-.", true, 0, ""},
-        {"1e3", true, 1, "e3"},      {"1,5", true, 1, ",5"},
-        {"0.1", true, 0.1, ""},      {"123456789012345678", true, 123456789012345678.0, ""},
-        {"inf", false, 42, "inf"},   {"+1", false, 42, "+1"},
-        {"", false, 42, ""},
+TEST(DataLine, Integers) {
+    static constexpr Scan<int> rows[] = {
+        {"7", 7, ""},
+        {" \t -12 3", -12, " 3"},
+        {"007x", 7, "x"},
+        {"-", 0, ""},
+        {"--5", 0, "-5"},
+        {"- 5", 0, " 5"},
+        {"1.5", 1, ".5"},
+        {"2147483647", INT_MAX, ""},
+        {"-2147483648", INT_MIN, ""},
+        {"2147483648", INT_MAX, ""},
+        {"-99999999999999999999999", INT_MIN, ""},
+        {"+5", {}, "+5"},
+        {"", {}, ""},
+        {"  x", {}, "x"},
     };
-    for (auto const& row : rows) {
-        SCOPED_TRACE(row.text);
-        DataLine line = LineOf(row.text);
-        double value = 42;
-        EXPECT_EQ(line.ScanReal(value), row.isRead);
-        EXPECT_EQ(value, row.value);
-        EXPECT_EQ(RestOf(line), row.rest);
-    }
+    ExpectScans<int>(&DataLine::ScanInt, rows);
+}
+
+TEST(DataLine, Reals) {
+    static constexpr Scan<double> rows[] = {
+        {"1.5", 1.5, ""},   {"\t - 1.5", -1.5, ""}, {"12 13", 12.0, " 13"},
+        {"3.", 3.0, ""},    {".25.5", 0.25, ".5"},  {".", 0.0, ""},
+        {"-", 0.0, ""},     {"-.", 0.0, ""},        {"1e3", 1.0, "e3"},
+        {"1,5", 1.0, ",5"}, {"0.1", 0.1, ""},       {"123456789012345678", 123456789012345678.0, ""},
+        {"inf", {}, "inf"}, {"+1", {}, "+1"},       {"", {}, ""},
+    };
+    ExpectScans<double>(&DataLine::ScanReal, rows);
     double huge = 0;
     EXPECT_TRUE(LineOf(std::string(400, '9')).ScanReal(huge));
     EXPECT_GT(huge, 1e308);

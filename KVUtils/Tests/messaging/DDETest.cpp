@@ -1,5 +1,6 @@
 #include "KVUtils/Source/messaging/DDE.h"
 #include "KVUtils/Tests/messaging/MessagingSupport.h"
+#include "Platform/Tests/TestSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -153,8 +154,10 @@ TEST_F(DDETest, EndsItsConversationsWithItself) {
     EXPECT_EQ(Send("PEER_1", "LOCK", "last"), 1);
     PumpAWhile();
     dde.reset();
-    EXPECT_TRUE(PumpUntil([&] { return peer.disconnects == 2; }));
+    EXPECT_TRUE(PumpUntil([&] { return peer.disconnects >= 1; }));
     EXPECT_EQ(peer.received.size(), 1U);
+    if (tests::IsUnderWine()) GTEST_SKIP() << "Wine ends no conversation from the server's side";
+    EXPECT_TRUE(PumpUntil([&] { return peer.disconnects == 2; }));
     EXPECT_FALSE(peer.Connect("BENCH"));
 }
 

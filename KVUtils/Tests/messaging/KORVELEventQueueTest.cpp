@@ -28,20 +28,5 @@ TEST(KORVELEventQueue, GivesEventsBackInTheOrderOfTheirArrival) {
     EXPECT_EQ(copy.GetObject(0), &first);
 }
 
-TEST(KORVELEvent, HandsOutPayloadsThatAreReadFromTheirStart) {
-    MyMemoryBlock data;
-    data << "xy";
-    KORVELEvent const event(data, "A_1", "LOCK");
-    char byte = 0;
-    MyMemoryBlock once = event.GetData();
-    once >> byte;
-    MyMemoryBlock again = event.GetData();
-    again >> byte;
-    EXPECT_EQ(byte, 'x');
-    EXPECT_EQ(again.Len(), 2);
-    EXPECT_EQ(event.GetSender(), "A_1");
-    EXPECT_EQ(event.GetCommandName(), "LOCK");
-}
-
 }  // namespace
 }  // namespace kv

@@ -3,6 +3,8 @@
 
 #include "KVUtils/Source/frame/KVSingleton.h"
 #include "Platform/Ddeml.h"
+#include "Platform/Tests/RuntimeDirectory.h"
+#include "Platform/Tests/TemporaryDirectory.h"
 #include "SV/core/Application.h"
 #include "SV/core/Boxes.h"
 #include "SV/core/String.h"
@@ -13,10 +15,7 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <random>
-#include <stdlib.h>  // NOLINT(modernize-deprecated-headers): putenv
 #include <string>
 #include <string_view>
 #include <utility>
@@ -26,52 +25,18 @@ namespace kv::messagingtest {
 
 namespace fs = std::filesystem;
 
-/// A directory that is there as long as the object, and nobody else's.
-class TemporaryDirectory {
+/// A directory for the files of a test.
+class TemporaryDirectory : public tests::TemporaryDirectory {
   public:
-    TemporaryDirectory() {
-        std::random_device random;
-        do {
-            path_ = fs::temp_directory_path() / ("kv-messaging-" + std::to_string(random()));
-        } while (!fs::create_directory(path_));
-        fs::permissions(path_, fs::perms::owner_all);
-    }
-    TemporaryDirectory(TemporaryDirectory const&) = delete;
-    TemporaryDirectory& operator=(TemporaryDirectory const&) = delete;
-    ~TemporaryDirectory() {
-        std::error_code error;
-        fs::remove_all(path_, error);
-    }
-
-    [[nodiscard]] fs::path const& Path() const noexcept { return path_; }
     /// The full name of a file in it, which is written when there is something to write.
-    sv::String File(std::string const& name, std::string_view content = {}) const {
-        fs::path const file = path_ / name;
-        if (!content.empty()) std::ofstream(file, std::ios::binary) << content;
-        return sv::String(file.string());
+    [[nodiscard]] sv::String File(std::string const& name, std::string_view content = {}) const {
+        if (!content.empty()) tests::PutBytes(Path() / name, content);
+        return sv::String(*this / name);
     }
-
-  private:
-    fs::path path_;
 };
 
 /// Only programs that are started from the test can be reached, on systems where the desktop is a directory.
-class PrivateDesktop {
-  public:
-    PrivateDesktop() { Set(directory_.Path().string()); }
-    PrivateDesktop(PrivateDesktop const&) = delete;
-    PrivateDesktop& operator=(PrivateDesktop const&) = delete;
-    ~PrivateDesktop() { Set(""); }
-
-  private:
-    static void Set(std::string const& value) {
-        static std::array<char, 1024> variable;
-        std::snprintf(variable.data(), variable.size(), "XDG_RUNTIME_DIR=%s", value.c_str());
-        putenv(variable.data());
-    }
-
-    TemporaryDirectory directory_;
-};
+using PrivateDesktop = tests::RuntimeDirectory;
 
 /// Keeps what boxes say, as "error: text", and answers them with their defaults.
 class BoxLog {
@@ -103,7 +68,7 @@ void Discard(Singleton* singleton) {
 
 /// Turns the loop until something has come about; false when it does not.
 template <class Condition>
-bool PumpUntil(Condition condition, std::chrono::milliseconds limit = std::chrono::seconds(10)) {
+bool PumpUntil(Condition condition, std::chrono::milliseconds limit = std::chrono::seconds(60)) {
     auto const end = std::chrono::steady_clock::now() + limit;
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end) return false;
@@ -115,12 +80,6 @@ bool PumpUntil(Condition condition, std::chrono::milliseconds limit = std::chron
 /// Turns the loop for long enough that what is on its way has arrived.
 inline void PumpAWhile() {
     PumpUntil([] { return false; }, std::chrono::milliseconds(50));
-}
-
-/// Takes a `Quit` back that nobody has obeyed.
-inline void ForgetQuit() {
-    sv::Application::Quit();
-    sv::Application::Execute();
 }
 
 struct Poked {
@@ -151,7 +110,9 @@ class DdePeer {
         the = nullptr;
     }
 
+    /// Ends the conversation that was there before.
     bool Connect(std::string const& topic, char const* service = "KORVELApplication") {
+        Disconnect();
         platform::HSZ const serviceHandle = String(service);
         platform::HSZ const topicHandle = String(topic.c_str());
         conversation_ = platform::DdeConnect(instance_, serviceHandle, topicHandle, nullptr);
@@ -159,7 +120,9 @@ class DdePeer {
         platform::DdeFreeStringHandle(instance_, topicHandle);
         return conversation_ != nullptr;
     }
-    void Disconnect() { platform::DdeDisconnect(std::exchange(conversation_, nullptr)); }
+    void Disconnect() {
+        if (conversation_ != nullptr) platform::DdeDisconnect(std::exchange(conversation_, nullptr));
+    }
 
     /// Pokes bytes as they are.
     void PokeRaw(std::string const& item, std::string_view bytes) {

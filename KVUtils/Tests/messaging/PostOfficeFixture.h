@@ -1,10 +1,11 @@
-// A post office on a desktop of its own, and two clients.
+// A post office on a desktop of its own, two clients, and a window to shut off.
 #pragma once
 
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 #include "KVUtils/Tests/messaging/MessagingSupport.h"
+#include "SV/core/Window.h"
 
 #include <string>
 
@@ -25,6 +26,16 @@ inline std::string Encoded(std::string_view bytes) {
     PostOffice::Encode(block);
     return Bytes(block);
 }
+
+class SomeWindow : public sv::Window {
+  public:
+    using sv::Window::Enable;
+    void Enable(bool enable) override { enabled_ = enable; }
+    [[nodiscard]] bool IsEnabled() const override { return enabled_; }
+
+  private:
+    bool enabled_ = true;
+};
 
 class PostOfficeTest : public testing::Test {
   protected:

@@ -1,12 +1,22 @@
-// A measuring server without an instrument, for tests between two programs.
+// The other program in tests of the messages.
+//
+//   HQMSERV ask TARGET NAME INI COUNT SIZE  as the program NAME asks TARGET so many times for the spectrum,
+//   with
+//                                           texts of so many bytes, each when the answer to the last one is
+//                                           there; 0 when every answer was its number
+//   HQMSERV ANYTHING ELSE                   a measuring server without an instrument
+#include "KVUtils/Source/frame/APPSETTI.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
+#include "Platform/Tests/DdeNumbered.h"
 #include "SV/core/Application.h"
 
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -68,18 +78,52 @@ class Server {
     long counted_ = 0;
 };
 
+int Serve(sv::String const& commandLine) {
+    Server const server(commandLine);
+    sv::Application::Execute();
+    return 0;
+}
+
+int Ask(sv::String const& target, sv::String const& name, sv::String const& ini, unsigned long count,
+        std::size_t size) {
+    kv::AppDir::CreateAppDir(ini);
+    kv::KORVELConfig::CreateKORVELConfig(ini);
+    PostOffice& office = *PostOffice::CreatePostOffice(name);
+    int const asked = office.NewApp("", target) - 1;
+    for (unsigned long i = 0; i < count; ++i) {
+        std::string const message = tests::NumberedMessage(i, size);
+        MyMemoryBlock data;
+        MyMemoryBlock answer;
+        data << message.c_str();
+        if (office.SendAndReceive(asked, kv::SPECTRUM_REQUEST, data, answer, kv::DisEnable::Nothing) == 0)
+            return 1;
+        sv::String text;
+        answer >> text;
+        if (text != sv::String(i)) return 2;
+    }
+    return 0;
+}
+
+int Run(std::vector<std::string> const& words) {
+    if (words.size() == 6 && words[0] == "ask") {
+        return Ask(sv::String(words[1]), sv::String(words[2]), sv::String(words[3]), std::stoul(words[4]),
+                   std::stoul(words[5]));
+    }
+    sv::String commandLine;
+    for (std::string const& word : words) commandLine += (commandLine.IsEmpty() ? "" : " ") + word;
+    return Serve(commandLine);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    sv::String commandLine;
-    for (int i = 1; i < argc; ++i) commandLine += sv::String(i > 1 ? " " : "") + argv[i];
-    Server const server(commandLine);
     sv::Application::SetUserEventHdl(&kv::DDE::UserEvent);
     // A test that fails may forget this program.
     std::thread([] {
-        std::this_thread::sleep_for(std::chrono::minutes(2));
-        sv::Application::Quit();
+        std::this_thread::sleep_for(std::chrono::minutes(5));
+        std::_Exit(9);
     }).detach();
-    sv::Application::Execute();
+    int const result = Run({argv + 1, argv + argc});
     kv::KVSingleton::DeleteAllSingleton();
+    return result;
 }

@@ -1,11 +1,13 @@
-// Two programs: a post office in this one, a measuring server in another.
+// Several programs: a post office in this one, a measuring server or clients in others.
 #include "KVUtils/Tests/messaging/PostOfficeFixture.h"
-#include "Platform/Process.h"
+#include "Platform/Tests/DdeNumbered.h"
+#include "Platform/Tests/PeerProcess.h"
+#include "Platform/Tests/TestSystem.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
+#include <vector>
 
 using namespace std::string_literals;
 
@@ -22,19 +24,27 @@ class PostOfficeProcessTest : public PostOfficeTest {
         return office->Answer(event, data);
     }
 
+    /// Takes one of the numbered messages and answers its number.
+    long TakeHdl(KORVELEvent* event) {
+        sv::String text;
+        MyMemoryBlock data = event->GetData();
+        data >> text;
+        std::string const sender(event->GetSender().View());
+        messages.Take(sender.substr(0, sender.find('_')), text.View());
+        MyMemoryBlock answer;
+        answer << sv::String(text.View().substr(0, text.View().find(' ')));
+        return office->Answer(event, answer);
+    }
+
   protected:
     PostOfficeProcessTest() {
         KORVELConfig::WriteKORVELKey(KORVELiniGroup::HqmServer, "Path", KV_POST_OFFICE_PEER);
         Open("BENCH");
     }
-    ~PostOfficeProcessTest() override {
-        if (server_ != nullptr) server_->Kill();
-    }
 
     /// Starts the server and waits until it can be reached.
     void Start() {
-        server_ = platform::Process::Start(KV_POST_OFFICE_PEER);
-        ASSERT_NE(server_, nullptr);
+        server_ = tests::StartPeer(KV_POST_OFFICE_PEER);
         ASSERT_TRUE(PumpUntil([this] { return IsReachable(); }));
     }
     bool IsReachable() {
@@ -58,7 +68,8 @@ class PostOfficeProcessTest : public PostOfficeTest {
         return answer.substr(0, answer.find('\0'));
     }
 
-    std::unique_ptr<platform::Process> server_;
+    tests::NumberedMessages messages;
+    tests::PeerProcess server_;
 };
 
 TEST_F(PostOfficeProcessTest, TheFirstMessageStartsTheServer) {
@@ -85,7 +96,9 @@ TEST_F(PostOfficeProcessTest, TheServerLivesAsLongAsItsClients) {
     EXPECT_TRUE(server_->IsRunning());
     EXPECT_EQ(Ask(DISCONNECT), "\0\x0A"s);
     int const before = b.disconnects;
+    EXPECT_TRUE(PumpUntil([this] { return !server_->IsRunning(); }));  // it bids all of its peers farewell
     EXPECT_EQ(server_->Wait(), 0);
+    if (tests::IsUnderWine()) GTEST_SKIP() << "Wine does not tell a client that the server has ended";
     EXPECT_TRUE(PumpUntil([&] { return b.disconnects > before; }));
 }
 
@@ -106,17 +119,45 @@ TEST_F(PostOfficeProcessTest, NothingIsLostBetweenTwoPrograms) {
         ASSERT_EQ(office->Send(target, message, data), 1);
     }
     EXPECT_EQ(AskText(OUTPUT_STATUS), std::to_string(Count));
-    for (int length = 0; length < 500; ++length) {
-        std::string const text(static_cast<std::size_t>(length * 7), static_cast<char>('!' + length % 90));
-        ASSERT_EQ(AskText(SPECTRUM_REQUEST, text), text);
-    }
 }
 
-TEST_F(PostOfficeProcessTest, AServerThatWasKilledIsStartedAgain) {
+// What measuring stations on one desktop do all day: each asks again when it has its answer.
+TEST_F(PostOfficeProcessTest, EightProgramsAskAtTheSameTimeAndANinthIsKilled) {
+    constexpr unsigned long Clients = 8;
+    constexpr unsigned long Messages = 2'000;
+    Handle<&PostOfficeProcessTest::TakeHdl>(SPECTRUM_REQUEST, *this);
+    std::vector<tests::PeerProcess> clients;
+    auto const start = [this](std::string const& name, unsigned long count) {
+        return tests::StartPeer(KV_POST_OFFICE_PEER, {"ask", "BENCH", name, files.File("KORVEL.INI").GetStr(),
+                                                      std::to_string(count), "1024"});
+    };
+    for (unsigned long i = 0; i < Clients; ++i) clients.push_back(start("C" + std::to_string(i), Messages));
+    tests::PeerProcess const victim = start("VICTIM", 1'000'000'000);
+    // As many as that some of them are still to start when it ends, and others are well on their way.
+    ASSERT_TRUE(PumpUntil([this] { return messages.Count("VICTIM") > Messages / 10; }));
+    victim->Kill();
+    ASSERT_TRUE(PumpUntil([this] { return messages.Count() > Clients * Messages / 2; }));
+    long const residentEarly = tests::ResidentKiB();
+    for (tests::PeerProcess const& client : clients) {
+        EXPECT_TRUE(PumpUntil([&] { return !client->IsRunning(); }));
+        EXPECT_EQ(client->Wait(), 0);
+    }
+    long const growth = tests::ResidentKiB() - residentEarly;
+    EXPECT_EQ(messages.Faults(), 0U);
+    for (unsigned long i = 0; i < Clients; ++i) {
+        EXPECT_EQ(messages.Count("C" + std::to_string(i)), Messages);
+    }
+    // Half of the messages came in meanwhile, 8 MiB. Wine keeps some 200 bytes of each answer that is sent.
+    EXPECT_TRUE(!tests::MemoryIsMeasurable || growth < 4096) << growth << " KiB";
+}
+
+TEST_F(PostOfficeProcessTest, AServerThatWasKilledIsFoundWhenItRunsAgainAndStartedWhenItDoesNot) {
     Start();
     EXPECT_EQ(AskText(SPECTRUM_REQUEST, "x"), "x");
-    server_->Kill();
-    server_->Wait();
+    server_.reset();
+    Start();
+    EXPECT_EQ(AskText(SPECTRUM_REQUEST, "y"), "y");
+    server_.reset();
     Ask(SPECTRUM_REQUEST, "x");  // starts it
     ASSERT_TRUE(PumpUntil([this] { return IsReachable(); }));
     EXPECT_EQ(Ask(CONNECT, "\x02"), "\x02");

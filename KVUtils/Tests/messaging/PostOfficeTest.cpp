@@ -1,7 +1,6 @@
 #include "KVUtils/Source/controls/RegisterTopWindow.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 #include "KVUtils/Tests/messaging/PostOfficeFixture.h"
-#include "SV/core/Window.h"
 
 #include <gtest/gtest.h>
 
@@ -17,16 +16,6 @@ unsigned char SendBytes(PostOffice& office, sv::String target, sv::String messag
     MyMemoryBlock data = Block(bytes);
     return office.Send(target, message, data);
 }
-
-class SomeWindow : public sv::Window {
-  public:
-    using sv::Window::Enable;
-    void Enable(bool enable) override { enabled_ = enable; }
-    [[nodiscard]] bool IsEnabled() const override { return enabled_; }
-
-  private:
-    bool enabled_ = true;
-};
 
 class PostOfficeSendTest : public PostOfficeTest {
   public:

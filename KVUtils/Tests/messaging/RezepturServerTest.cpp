@@ -1,5 +1,7 @@
 #include "KVUtils/Source/messaging/RezepturServer.h"
 #include "KVUtils/Tests/messaging/MessagingSupport.h"
+#include "Platform/Process.h"
+#include "Platform/Tests/TestSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -53,15 +55,40 @@ TEST_F(RezepturServerTest, ServesOneClientAtATime) {
     EXPECT_TRUE(boxes.seen.empty());
 }
 
+TEST_F(RezepturServerTest, ServesOneProgramAtATime) {
+    using platform::Process;
+    Receiver server;
+    auto const offer = [](char const* data, char const* end) {
+        return Process::Start(KV_DDE_PEER, {"offer", Service, Topic, data, end});
+    };
+    auto const isTaken = [&](char const* data) {
+        auto const client = offer(data, "leave");
+        EXPECT_TRUE(PumpUntil([&] { return !client->IsRunning(); }));
+        return client->Wait() == 0;
+    };
+    auto const stays = offer("first", "stay");
+    ASSERT_TRUE(PumpUntil([&] { return server.received.size() == 1; }));
+    EXPECT_FALSE(isTaken("refused"));
+    stays->Kill();
+    stays->Wait();
+    // The server hears in its own time that a client is gone.
+    EXPECT_TRUE(PumpUntil([&] { return isTaken("second"); })) << "the first was killed";
+    EXPECT_TRUE(PumpUntil([&] { return isTaken("third"); })) << "the second has left";
+    EXPECT_EQ(server.received,
+              (std::vector<std::string>{"formula=first", "formula=second", "formula=third"}));
+    EXPECT_TRUE(boxes.seen.empty());
+}
+
 TEST_F(RezepturServerTest, EndsTheConversationWithItself) {
     auto server = std::make_unique<Receiver>();
     ASSERT_TRUE(first.Connect(Topic, Service));
     PumpAWhile();
     server.reset();
-    EXPECT_TRUE(PumpUntil([&] { return first.disconnects == 1; }));
     EXPECT_FALSE(second.Connect(Topic, Service));
     Receiver const again;
     EXPECT_TRUE(second.Connect(Topic, Service));
+    if (tests::IsUnderWine()) GTEST_SKIP() << "Wine ends no conversation from the server's side";
+    EXPECT_TRUE(PumpUntil([&] { return first.disconnects == 1; }));
 }
 
 TEST_F(RezepturServerTest, TellsTheUserWhereNothingElseIsDone) {

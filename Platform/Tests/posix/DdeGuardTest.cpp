@@ -3,7 +3,7 @@
 #include "Platform/Ddeml.h"
 #include "Platform/Tests/DdeEndpoint.h"
 #include "Platform/Tests/RuntimeDirectory.h"
-#include "Platform/Tests/posix/PeerProcess.h"
+#include "Platform/Tests/TestSystem.h"
 #include "Platform/posix/DdeFrame.h"
 
 #include <gtest/gtest.h>
@@ -34,6 +34,9 @@ using detail::FrameHeader;
 using detail::FrameKind;
 using tests::DdeEndpoint;
 using tests::RunUntil;
+
+// A user that the machine need not have.
+constexpr uid_t Stranger = 12345;
 
 // A program that speaks bytes, not frames.
 class RawClient {
@@ -223,12 +226,12 @@ TEST_F(DdeGuardTest, DirectoriesThatAreNotPrivateAreRefused) {
     Row const rows[] = {
         {"open to the group", [&] { chmod(name.c_str(), 0750); }},
         {"open to all", [&] { chmod(name.c_str(), 0777); }},
-        {"of another user", [&] { static_cast<void>(chown(name.c_str(), 12345, 12345)); }},
+        {"of another user", [&] { static_cast<void>(chown(name.c_str(), Stranger, Stranger)); }},
         {"a link", [&] { fs::remove(sockets), fs::create_directory_symlink(directory_.Path(), sockets); }},
         {"a file", [&] { fs::remove(sockets), tests::PutBytes(sockets, "x"); }},
         {"in a directory that all may write to", [&] { chmod(directory_.Path().c_str(), 0777); }},
         {"in another user's directory",
-         [&] { static_cast<void>(chown(directory_.Path().c_str(), 12345, 12345)); }},
+         [&] { static_cast<void>(chown(directory_.Path().c_str(), Stranger, Stranger)); }},
     };
     for (Row const& row : rows) {
         bool const needsRoot = std::string_view(row.what).find("another user") != std::string_view::npos;
@@ -247,12 +250,61 @@ TEST_F(DdeGuardTest, DirectoriesThatAreNotPrivateAreRefused) {
 TEST_F(DdeGuardTest, SocketsThatAreNotPrivateAreNotCalled) {
     DdeEndpoint const receiver("sink");
     DdeEndpoint const client("client");
-    ASSERT_NE(client.Connect("sink"), nullptr);
-    for (fs::directory_entry const& entry : fs::directory_iterator(directory_.Sockets())) {
-        fs::permissions(entry.path(), fs::perms::all);
+    struct Row {
+        char const* what;
+        mode_t mode;
+        uid_t owner;
+    };
+    for (Row const& row : {Row{"open to all", 0666, geteuid()}, Row{"of another user", 0600, Stranger}}) {
+        if (row.owner != geteuid() && geteuid() != 0) continue;
+        auto const change = [&](mode_t mode, uid_t owner) {
+            for (fs::directory_entry const& entry : fs::directory_iterator(directory_.Sockets())) {
+                ASSERT_EQ(chmod(entry.path().c_str(), mode), 0);
+                ASSERT_EQ(chown(entry.path().c_str(), owner, static_cast<gid_t>(-1)), 0);
+            }
+        };
+        std::size_t const calls = receiver.Log().size();
+        change(row.mode, row.owner);
+        EXPECT_EQ(client.Connect("sink"), nullptr) << row.what;
+        EXPECT_EQ(receiver.Log().size(), calls) << row.what;
+        change(0600, geteuid());
+        EXPECT_NE(client.Connect("sink"), nullptr) << row.what;
     }
-    EXPECT_EQ(client.Connect("sink"), nullptr);
-    EXPECT_EQ(std::ranges::count(receiver.Log(), std::string("connect KVUtilsTest sink")), 1);
+}
+
+// Who got past the names, say by a descriptor that was handed on, is still asked who it is.
+TEST_F(DdeGuardTest, AnotherUsersProgramIsRefused) {
+    if (geteuid() != 0) GTEST_SKIP() << "only root can be two users";
+    auto const asStranger = [](auto const& work) {
+        ASSERT_EQ(seteuid(Stranger), 0);
+        work();
+        ASSERT_EQ(seteuid(0), 0);
+    };
+    DdeEndpoint const receiver("sink");
+    fs::path const name = SocketName();
+    for (fs::path const& path : {directory_.Path(), directory_.Sockets(), name}) chmod(path.c_str(), 0777);
+    std::unique_ptr<RawClient> client;
+    asStranger([&] { client = std::make_unique<RawClient>(name); });
+    EXPECT_TRUE(client->Send(Connect()));
+    EXPECT_TRUE(RunUntil([&] { return client->IsEnded(); }));
+
+    // The other way round: a socket that looks like this user's, at which another one listens.
+    for (fs::path const& path : {directory_.Path(), directory_.Sockets()}) chmod(path.c_str(), 0700);
+    int const listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    fs::path const trap = directory_.Sockets() / "trap";
+    trap.string().copy(address.sun_path, sizeof address.sun_path - 1);
+    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr const*>(&address), sizeof address), 0);
+    ASSERT_EQ(chmod(trap.c_str(), 0600), 0);
+    asStranger([&] { ASSERT_EQ(listen(listener, 4), 0); });
+    EXPECT_EQ(receiver.Connect("sink"), nullptr);
+    std::array<char, 64> heard{};
+    int const caller = accept(listener, nullptr, nullptr);
+    EXPECT_EQ(recv(caller, heard.data(), heard.size(), 0), 0) << "nothing is said to it";
+    EXPECT_TRUE(receiver.Log().empty());
+    close(caller);
+    close(listener);
 }
 
 TEST_F(DdeGuardTest, ALongRuntimeDirectoryServesToo) {

@@ -145,12 +145,12 @@ double ReadingTime(std::string_view part, std::size_t size) {
     return static_cast<double>(std::max<std::clock_t>(shortest, 1));
 }
 
-// Sixteen times the length costs some sixteen times the time, not the square of it.
+// 64 times the length costs some 64 times the time, not 4096 times.
 TEST(IniText, ReadsHostileTextsInLinearTime) {
-    constexpr std::size_t Small = 16'384;
+    constexpr std::size_t Small = 4096;
     for (std::string_view const part :
          {"x\n", "\n", "x=1\n", "[a]\n", "[", "=", "x= \t", "\xEF\xBB\xBF", " \r"}) {
-        EXPECT_LT(ReadingTime(part, 16 * Small) / ReadingTime(part, Small), 80.0) << part;
+        EXPECT_LT(ReadingTime(part, 64 * Small) / ReadingTime(part, Small), 640.0) << part;
     }
 }
 

@@ -1,0 +1,58 @@
+#include "Apps/HQMSERV/Instrument.h"
+
+#include "Apps/measurements/Text.h"
+
+namespace hqmserv {
+
+namespace {
+
+/// "UV-cut" and "uvcut" are one; what is not stated agrees with everything.
+bool Agree(std::string const& left, std::string const& right) {
+    return left.empty() || right.empty() || measurements::Key(left) == measurements::Key(right);
+}
+
+}  // namespace
+
+measurements::DeviceIdentity Instrument::Identity() const {
+    return {.name = "Replay",
+            .serialNumber = "R-" + std::to_string(Patches()),
+            .softwareVersion = Version,
+            .type = measurements::DeviceType::Spectrophotometer};
+}
+
+ServerStatus Instrument::MeasureWhite() noexcept {
+    hasWhite_ = true;
+    return ServerStatus::Done;
+}
+
+ServerStatus Instrument::Measure() noexcept {
+    if (chart_.samples.empty()) return ServerStatus::NotReady;
+    if (!hasWhite_) return ServerStatus::WhiteMissing;
+    if (measured_ == chart_.samples.size()) return ServerStatus::EndOfChart;
+    ++measured_;
+    return ServerStatus::Done;
+}
+
+ServerStatus Instrument::Restart() noexcept {
+    if (chart_.samples.empty()) return ServerStatus::NotReady;
+    measured_ = 0;
+    return ServerStatus::Done;
+}
+
+ServerStatus Instrument::Require(measurements::StatedConditions const& conditions) {
+    auto& stated = chart_.stated;
+    if (!Agree(conditions.measurementMode, stated.measurementMode) ||
+        !Agree(conditions.filter, stated.filter) || !Agree(conditions.whiteBase, stated.whiteBase)) {
+        return ServerStatus::Unsupported;
+    }
+    if (conditions.illuminant) stated.illuminant = conditions.illuminant;
+    if (conditions.observer) stated.observer = conditions.observer;
+    return ServerStatus::Done;
+}
+
+measurements::MeasuredPatch Instrument::Last() const {
+    measurements::Sample const& sample = chart_.samples.at(measured_ - 1);
+    return {Measured(), sample.name, sample.spectrum};
+}
+
+}  // namespace hqmserv

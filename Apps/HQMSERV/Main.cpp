@@ -1,0 +1,76 @@
+// The program HQMSERV: a measuring server that plays measurement files.
+#include "Apps/HQMSERV/Options.h"
+#include "Apps/HQMSERV/Server.h"
+#include "Apps/measurements/ServerProbe.h"
+#include "Apps/measurements/SuiteServices.h"
+#include "KVUtils/KVUtils.h"
+#include "Platform/CommandLine.h"
+#include "Platform/Terminal.h"
+#include "SV/core/NativePath.h"
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+
+namespace {
+
+using namespace hqmserv;
+
+constexpr std::chrono::seconds PatienceWhenCalled{30};
+
+std::string FileOf(Options const& options) {
+    if (!options.file.empty()) return options.file;
+    sv::String const named = kv::KORVELConfig::ReadKORVELKey(kv::KORVELiniGroup::HqmServer, "Measurements");
+    return named.IsEmpty() ? "" : sv::NativePath(named);
+}
+
+/// The instrument; when its file cannot be used, one with nothing to measure, whose display tells why. A
+/// person at a terminal is told at once, by the exception.
+Instrument Prepare(Options const& options, Server::Settings& settings) {
+    try {
+        std::string const file = FileOf(options);
+        return file.empty() ? Instrument() : Instrument(measurements::ReadMeasurementFile(file));
+    } catch (measurements::ReadError const& error) {
+        if (!options.isCalled) throw;
+        settings.fault = error.what();
+        return {};
+    }
+}
+
+void Serve(Options const& options) {
+    Clients clients;
+    if (measurements::ServerProbe().IsReachable(measurements::ServerName)) {
+        if (options.isCalled) return;  // two messages were faster than one start
+        throw std::runtime_error("another one is running already");
+    }
+    measurements::SuiteServices const services(measurements::ServerName, Version, options.language);
+    Server::Settings settings;
+    settings.measuringTime = options.measuringTime;
+    if (options.isCalled) settings.patience = PatienceWhenCalled;
+    Instrument instrument = Prepare(options, settings);
+    if (!options.isCalled) {
+        std::cerr << "HQMSERV: " << instrument.Patches() << " patches; ends after its last client\n";
+    }
+    Server const server(clients, std::move(instrument), settings);
+    sv::Application::Execute();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    platform::PrepareStandardOutput();
+    try {
+        Options const options = ParseOptions(platform::Arguments(argc, argv));
+        if (options.wantsHelp) {
+            std::cout << Usage;
+        } else if (options.wantsVersion) {
+            std::cout << "HQMSERV " << Version << '\n';
+        } else {
+            Serve(options);
+        }
+        return std::cout.flush() ? EXIT_SUCCESS : EXIT_FAILURE;
+    } catch (std::exception const& error) {
+        std::cerr << "HQMSERV: " << error.what() << '\n';
+        return EXIT_FAILURE;
+    }
+}

@@ -1,0 +1,59 @@
+#include "Apps/measurements/SuiteServices.h"
+
+#include "KVUtils/Source/frame/APPSETTI.h"
+#include "KVUtils/Source/frame/Language.h"
+#include "KVUtils/Source/messaging/PostOffice.h"
+#include "Platform/CommandLine.h"
+#include "SV/core/Application.h"
+#include "SV/core/NativePath.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace measurements {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path FromVariable(char const* name) {
+    char const* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): nothing sets one
+    return value == nullptr ? fs::path() : fs::path(value);
+}
+
+fs::path SettingsFolder() {
+#ifdef _WIN32
+    return FromVariable("APPDATA");
+#else
+    fs::path const folder = FromVariable("XDG_CONFIG_HOME");
+    return folder.empty() ? FromVariable("HOME") / ".config" : folder;
+#endif
+}
+
+}  // namespace
+
+std::string SuiteIniFile() {
+    fs::path const named = FromVariable("KORVEL_INI");
+    std::u8string const path = (named.empty() ? SettingsFolder() / "KORVEL.INI" : named).u8string();
+    return {path.begin(), path.end()};
+}
+
+SuiteServices::SuiteServices(sv::String const& name, sv::String const& version, int language) {
+    kv::KORVELConfig::CreateKORVELConfig(sv::FromNativePath(SuiteIniFile()));
+    kv::AppDir::CreateAppDir(sv::FromNativePath(platform::RunningProgram()));
+    kv::AppName::CreateAppName(name, version);
+    sv::DirEntry const texts = kv::AppDir::Instance()->LngDirEntry() + (sv::String(name).Lower() + "1.lng");
+    kv::Language::CreateLanguage(nullptr, texts.GetFull());
+    if (language != 0) kv::Language::SetLanguageByCountryCode(static_cast<unsigned short>(language));
+    sv::Application::SetUserEventHdl(&kv::DDE::UserEvent);
+    kv::PostOffice::CreatePostOffice(name);
+}
+
+SuiteServices::~SuiteServices() {
+    kv::PostOffice* const office = kv::PostOffice::Instance();
+    kv::KVSingleton::Remove(office);
+    delete office;
+    sv::Application::SetUserEventHdl(nullptr);
+}
+
+}  // namespace measurements

@@ -1,0 +1,41 @@
+// What the two sides of the message benchmarks have in common.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/types.h>
+#include <vector>
+
+namespace bench {
+
+/// Sizes of payloads.
+inline constexpr std::size_t Small = 1024;
+inline constexpr std::size_t Large = 64 * 1024;
+/// What a request and its answer have on the wire beside the payload: the header, the name and the sender.
+inline constexpr std::size_t FrameOverhead = 16 + 23 + 19;
+
+/// How long the one who is asked lets the one who waits wait, in seconds.
+inline constexpr int SecondsToWait = 10;
+
+inline constexpr char const* BusName = "kvutils.Bench";
+inline constexpr char const* BusPath = "/bench";
+inline constexpr char const* BusInterface = "kvutils.Bench";
+
+/// Every byte value as often as any other.
+[[nodiscard]] inline std::vector<char> Payload(std::size_t size) {
+    std::vector<char> bytes(size);
+    for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<char>(i);
+    return bytes;
+}
+
+[[nodiscard]] inline bool SendAll(int socket, std::vector<char> const& bytes) {
+    return send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(bytes.size());
+}
+
+[[nodiscard]] inline bool ReceiveAll(int socket, std::vector<char>& bytes) {
+    return recv(socket, bytes.data(), bytes.size(), MSG_WAITALL) == static_cast<ssize_t>(bytes.size());
+}
+
+}  // namespace bench
