@@ -50,6 +50,7 @@
 #include "KVUtils/Source/metrics/KSSpectrum.h"
 #include "KVUtils/Source/metrics/Metamerie.h"
 #include "KVUtils/Source/metrics/Phi.h"
+#include "KVUtils/Source/plots/AxisData.h"
 #include "KVUtils/Source/plots/Curve.h"
 #include "KVUtils/Source/plots/CurveList.h"
 #include "KVUtils/Source/plots/fPoint.h"
