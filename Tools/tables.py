@@ -225,19 +225,124 @@ def message_header(tables):
                   body).replace("kv::detail", "kv")
 
 
+def button_rows(tables):
+    """(id, style, text index, bitmap record, file) of the standard buttons, as printed."""
+    return [row[:4] + [unquote(row[4])]
+            for row in table_with(tables, "id", "style", "text index", "bitmap record", "bitmap file")[1:]]
+
+
+def bitmap_rows(tables, text):
+    """(record, file) of every bitmap, in ascending order. Their names are printed as runs of a sentence, each from
+    a record on, with the numbers of records that are left out behind; the buttons' own records must agree."""
+    names = r'("[^"]+"(?:, "[^"]+")*)'
+    left_out = {int(number) for number in re.findall(r"Record (\d+) is left out", text)}
+    records = {int(number): name for number, name in re.findall(r'Record (\d+) is "([^"]+)"', text)}
+    for first, run in re.findall(rf"from (\d+): {names}", text):
+        record = int(first)
+        for name in re.findall(r'"([^"]+)"', run):
+            while record in left_out:
+                record += 1
+            records[record] = name
+            record += 1
+    for _, _, _, record, name in button_rows(tables):
+        if records.get(int(record)) != name:
+            sys.exit(f"tables.py: bitmap record {record} is {records.get(int(record))}, the button's is {name}")
+    return sorted(records.items())
+
+
+def button_header(tables, text):
+    buttons = button_rows(tables)
+    bitmaps = bitmap_rows(tables, text)
+    body = "/// A button that the bar knows by a single bit: its style, the number of its text, its bitmap.\n"
+    body += "struct StandardButton {\n    long id;\n    unsigned short style;\n    unsigned short textIndex;\n"
+    body += "    unsigned short bitmapRecord;\n    std::string_view bitmapFile;\n};\n\n"
+    body += f"inline constexpr std::array<StandardButton, {len(buttons)}> StandardButtonTable = {{{{\n"
+    width = max(len(row[0]) for row in buttons)
+    body += "".join(f'    {{{row[0].rjust(width)}, {row[1].rjust(5)}, {row[2].rjust(2)}, {row[3]}, "{row[4]}"}},\n'
+                    for row in buttons) + "}};\n\n"
+    body += "/// A bitmap of the library's resources, by the number of its record.\n"
+    body += "struct BitmapRecord {\n    unsigned short record;\n    std::string_view file;\n};\n\n"
+    body += "/// Ascending by record.\n"
+    body += f"inline constexpr std::array<BitmapRecord, {len(bitmaps)}> BitmapTable = {{{{\n"
+    body += "".join(f'    {{{record}, "{name}"}},\n' for record, name in bitmaps) + "}};\n"
+    return header("// The standard buttons of the suite and the bitmaps of the library.\n",
+                  ["<array>", "<string_view>"], body)
+
+
+def display_matrix(tables):
+    """The rows of the matrix from X, Y, Z to linear R, G, B, as printed."""
+    rows = table_with(tables, "", "X", "Y", "Z")[1:]
+    if [row[0] for row in rows] != ["R", "G", "B"]:
+        sys.exit("tables.py: the matrix of the display does not run R, G, B")
+    return [row[1:] for row in rows]
+
+
+def matrix_header(tables):
+    body = "/// Linear R, G, B (1 for full) from X, Y, Z (Y of 100 for white), row by row.\n"
+    body += "inline constexpr std::array<float, 9> DisplayMatrix = {{\n"
+    body += "".join(f"    {', '.join(literal(cell) for cell in row)},\n" for row in display_matrix(tables)) + "}};\n"
+    return header("// The primaries of the display.\n", ["<array>"], body)
+
+
+NO_LIMIT = "Unbounded"
+
+
+def name_rules(tables):
+    """The rows that tell the colour of a hue, each a list of cells of source: hue from and to, chroma from and
+    below, lightness from and below, number."""
+    rules = []
+    for hues, condition, number in table_with(tables, "h", "condition", "result")[1:]:
+        if hues == "any other":
+            continue
+        limits = dict(zip(("h", "end", "c", "c below", "L", "L below"),
+                          hues.split(" to ") + [f"-{NO_LIMIT}", NO_LIMIT] * 2))
+        found = re.findall(r"\b([hcL]) (below|at least) (\d+)", condition)
+        if len(found) != len(re.findall(r"below|least", condition)):
+            sys.exit(f"tables.py: cannot read the condition '{condition}'")
+        for letter, kind, limit in found:
+            if letter == "h" and kind == "below":
+                limits["end"] = str(int(limit) - 1)
+            else:
+                limits[letter if kind == "at least" else f"{letter} below"] = limit
+        rules.append(list(limits.values()) + [number])
+    return rules
+
+
+def name_header(tables):
+    rules = name_rules(tables)
+    body = "/// A range of hues (whole degrees, both ends included), of chroma and of lightness (the upper ends not\n"
+    body += "/// included), with the number of its colour.\n"
+    body += "struct ColourNameRule {\n    int hueFrom, hueTo;\n    double chromaFrom, chromaBelow;\n"
+    body += "    double lightnessFrom, lightnessBelow;\n    int number;\n};\n\n"
+    body += f"inline constexpr double {NO_LIMIT} = std::numeric_limits<double>::infinity();\n\n"
+    body += "/// The first rule that fits decides.\n"
+    body += f"inline constexpr std::array<ColourNameRule, {len(rules)}> ColourNameRules = {{{{\n"
+    widths = [max(len(rule[k]) for rule in rules) for k in range(7)]
+    body += "".join(f"    {{{', '.join(cell.rjust(w) for cell, w in zip(rule, widths))}}},\n"
+                    for rule in rules) + "}};\n"
+    return header("// How colours that are not neutral get their name.\n", ["<array>", "<limits>"], body)
+
+
 FILES = {
     "colorimetry/IlluminantTables.h": illuminant_header,
     "colorimetry/ObserverTables.h": observer_header,
     "colorimetry/SelectorTexts.h": selector_header,
+    "metrics/ColourNameTable.h": name_header,
     "metrics/DensityTables.h": density_header,
+    "metrics/DisplayMatrix.h": matrix_header,
     "frame/LanguageTable.h": language_header,
     "messaging/MessageTable.h": message_header,
 }
+FILES_FROM_PROSE = {
+    "controls/ButtonTables.h": button_header,
+}
 
 
-def write(tables):
-    for name, make in FILES.items():
-        (SOURCE / name).write_text(make(tables), encoding="utf-8")
+def write(tables, text):
+    contents = {name: make(tables) for name, make in FILES.items()}
+    contents |= {name: make(tables, text) for name, make in FILES_FROM_PROSE.items()}
+    for name, content in contents.items():
+        (SOURCE / name).write_text(content, encoding="utf-8")
         print(f"wrote KVUtils/Source/{name}")
 
 
@@ -252,12 +357,12 @@ def array_rows(file, name):
     return body.group(1).splitlines()
 
 
-def check_spectral(file, name, rows):
+def check_numbers(file, name, rows, keys=1):
     ours = [[float(n) for n in NUMBER.findall(line)] for line in array_rows(file, name)]
     printed = [[float(cell or 0) for cell in row] for row in rows]
     wrong = sum(a != b for x, y in zip(ours, printed) for a, b in zip(x, y))
     wrong += abs(len(ours) - len(printed)) + sum(len(x) != len(y) for x, y in zip(ours, printed))
-    print(f"{name}: {len(rows)} rows, {sum(len(row) - 1 for row in rows)} entries, {wrong} differ")
+    print(f"{name}: {len(rows)} rows, {sum(len(row) - keys for row in rows)} entries, {wrong} differ")
     return wrong
 
 
@@ -311,10 +416,10 @@ def check_constants(text, headings):
 
 
 def check(tables, text, headings):
-    wrong = check_spectral("colorimetry/IlluminantTables.h", "IlluminantTable", spectral(tables, "nm", "A", "C", "D50"))
-    wrong += check_spectral("colorimetry/IlluminantTables.h", "FluorescentTable", spectral(tables, "nm", "F1", "F2"))
-    wrong += check_spectral("colorimetry/ObserverTables.h", "ObserverTable", spectral(tables, "nm", "x2", "y2", "z2"))
-    wrong += check_spectral("metrics/DensityTables.h", "DensityTable", spectral(tables, "nm", "visual"))
+    wrong = check_numbers("colorimetry/IlluminantTables.h", "IlluminantTable", spectral(tables, "nm", "A", "C", "D50"))
+    wrong += check_numbers("colorimetry/IlluminantTables.h", "FluorescentTable", spectral(tables, "nm", "F1", "F2"))
+    wrong += check_numbers("colorimetry/ObserverTables.h", "ObserverTable", spectral(tables, "nm", "x2", "y2", "z2"))
+    wrong += check_numbers("metrics/DensityTables.h", "DensityTable", spectral(tables, "nm", "visual"))
     for enum, heads in SELECTORS.items():
         wrong += check_selector(tables, heads, f"{enum}Texts")
     wrong += check_texts("frame/LanguageTable.h", "LanguageTable",
@@ -325,6 +430,13 @@ def check(tables, text, headings):
     wrong += check_texts("frame/LanguageTable.h", "WinIniLanguages",
                          [f'{{"{name}",{index}}},' for name, index in names])
     wrong += check_messages(tables)
+    wrong += check_texts("controls/ButtonTables.h", "StandardButtonTable",
+                         [f'{{{",".join(row[:4])},"{row[4]}"}},' for row in button_rows(tables)])
+    wrong += check_texts("controls/ButtonTables.h", "BitmapTable",
+                         [f'{{{record},"{name}"}},' for record, name in bitmap_rows(tables, text)])
+    wrong += check_numbers("metrics/DisplayMatrix.h", "DisplayMatrix", display_matrix(tables), keys=0)
+    wrong += check_texts("metrics/ColourNameTable.h", "ColourNameRules",
+                         [f'{{{",".join(rule)}}},' for rule in name_rules(tables)])
     check_constants(text, headings)
     return wrong
 
@@ -336,7 +448,7 @@ def main(arguments):
     text = pathlib.Path(arguments[1]).read_text(encoding="utf-8")
     tables = markdown_tables(text)
     if arguments[0] == "write":
-        write(tables)
+        write(tables, text)
         return 0
     return 1 if check(tables, text, arguments[2:]) else 0
 

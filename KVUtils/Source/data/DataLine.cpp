@@ -91,7 +91,7 @@ bool DataLine::ScanReal(double& value) noexcept {
 
     double magnitude = 0;
     auto const result = std::from_chars(number.data(), number.data() + number.size(), magnitude);
-    if (result.ec == std::errc::result_out_of_range) magnitude = ParseNumber(number);
+    if (result.ec == std::errc::result_out_of_range) magnitude = ParseLeadingNumber(number).value;
     value = isNegative ? -magnitude : magnitude;
     return true;
 }

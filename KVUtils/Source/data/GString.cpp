@@ -87,18 +87,21 @@ sv::String NumberText(double value, int decimals, char point, uchar stripZeros, 
     return plusSign != 0 && value >= 0 ? sv::String("+") + text : text;
 }
 
-double ParseNumber(std::string_view text) noexcept {
+ParsedNumber ParseLeadingNumber(std::string_view text) noexcept {
+    std::string_view const whole = text;
     text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
     bool const isNegative = text.starts_with('-');
     if (isNegative || text.starts_with('+')) text.remove_prefix(1);
-    if (text.starts_with('-')) return 0;  // std::from_chars would take a second sign
+    if (text.starts_with('-')) return {0, whole};  // std::from_chars would take a second sign
 
     double magnitude = 0;
     auto const result = std::from_chars(text.data(), text.data() + text.size(), magnitude);
+    if (result.ptr == text.data()) return {0, whole};
     if (result.ec == std::errc::result_out_of_range) {
         magnitude = IsTiny({text.data(), result.ptr}) ? 0.0 : std::numeric_limits<double>::infinity();
     }
-    return isNegative ? -magnitude : magnitude;
+    text.remove_prefix(static_cast<std::size_t>(result.ptr - text.data()));
+    return {isNegative ? -magnitude : magnitude, text};
 }
 
 }  // namespace detail
@@ -142,7 +145,7 @@ GString::operator double() {
         std::size_t const found = Search(separator);
         if (found != NotFound) (*this)[found] = '.';
     }
-    return detail::ParseNumber(View());
+    return detail::ParseLeadingNumber(View()).value;
 }
 
 void GString::Common(double value, int decimals, char point) { *this += NumberText(value, decimals, point); }
@@ -158,6 +161,6 @@ fString::fString(double value, int decimals, uchar stripZeros, uchar plusSign)
 fString::fString(double value, int width, int decimals, uchar stripZeros, uchar plusSign)
     : String(Padded(NumberText(value, decimals, FilePoint, stripZeros, plusSign), width)) {}
 
-fString::operator double() const { return detail::ParseNumber(View()); }
+fString::operator double() const { return detail::ParseLeadingNumber(View()).value; }
 
 }  // namespace kv

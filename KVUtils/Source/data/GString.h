@@ -25,8 +25,14 @@ namespace detail {
 /// The same with a "+" in front of values of 0 and above, if `plusSign` is not 0; and without trailing zeros
 /// after the point, nor a point that ends the text, if `stripZeros` is not 0.
 [[nodiscard]] sv::String NumberText(double value, int decimals, char point, uchar stripZeros, uchar plusSign);
-/// The number at the start of a text with ".", after white space; 0 when there is none. Knows no locale.
-[[nodiscard]] double ParseNumber(std::string_view text) noexcept;
+
+/// The number at the start of a text, and the text behind it.
+struct ParsedNumber {
+    double value;
+    std::string_view rest;
+};
+/// Reads a number with ".", after white space; when there is none, 0 and the whole text. Knows no locale.
+[[nodiscard]] ParsedNumber ParseLeadingNumber(std::string_view text) noexcept;
 
 }  // namespace detail
 

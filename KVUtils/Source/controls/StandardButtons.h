@@ -1,0 +1,17 @@
+// The buttons that the suite's windows share, each known by a single bit, so that an application can hold a
+// set of them in one number.
+#pragma once
+
+#include "KVUtils/Source/controls/ButtonTables.h"
+
+#include <string_view>
+
+namespace kv::detail {
+
+/// Null when no button has this id; two bits at once are none.
+[[nodiscard]] StandardButton const* FindStandardButton(long id) noexcept;
+
+/// The file of the library's bitmap with this record number; empty when there is none.
+[[nodiscard]] std::string_view BitmapFile(unsigned short record) noexcept;
+
+}  // namespace kv::detail
