@@ -5,7 +5,7 @@
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 #include "KVUtils/Tests/messaging/MessagingSupport.h"
-#include "SV/core/Window.h"
+#include "SV/ui/Window.h"
 
 #include <string>
 
@@ -26,16 +26,6 @@ inline std::string Encoded(std::string_view bytes) {
     PostOffice::Encode(block);
     return Bytes(block);
 }
-
-class SomeWindow : public sv::Window {
-  public:
-    using sv::Window::Enable;
-    void Enable(bool enable) override { enabled_ = enable; }
-    [[nodiscard]] bool IsEnabled() const override { return enabled_; }
-
-  private:
-    bool enabled_ = true;
-};
 
 class PostOfficeTest : public testing::Test {
   protected:

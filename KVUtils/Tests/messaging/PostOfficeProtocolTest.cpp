@@ -1,7 +1,7 @@
 #include "KVUtils/Source/controls/RegisterTopWindow.h"
 #include "KVUtils/Tests/messaging/PostOfficeFixture.h"
 #include "Platform/Tests/TestSystem.h"
-#include "SV/core/Window.h"
+#include "SV/ui/Window.h"
 
 #include <gtest/gtest.h>
 
@@ -128,7 +128,7 @@ TEST_F(PostOfficeProtocolTest, AnUnlockTooManyCounts) {
 }
 
 TEST_F(PostOfficeProtocolTest, ALockMayShutTheWindowOff) {
-    SomeWindow window;
+    sv::Window window(nullptr);
     RegisterTopWindow const inFront(&window);
     EXPECT_EQ(Ask(a, "LOCK", "\0"s), Done);
     EXPECT_TRUE(window.IsEnabled());

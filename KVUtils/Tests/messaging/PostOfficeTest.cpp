@@ -118,7 +118,7 @@ TEST_F(PostOfficeSendTest, WaitingChangesTheWindowAsAskedAndPutsItBack) {
                       {static_cast<DisEnable>(9), false, true}};
     for (auto const& row : rows) {
         for (bool const wasBusy : {false, true}) {
-            SomeWindow window;
+            sv::Window window(nullptr);
             RegisterTopWindow const inFront(&window);
             window.Enable(!wasBusy);
             sv::Application::Wait(wasBusy);
