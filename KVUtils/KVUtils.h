@@ -55,4 +55,6 @@
 #include "KVUtils/Source/plots/AxisData.h"
 #include "KVUtils/Source/plots/Curve.h"
 #include "KVUtils/Source/plots/CurveList.h"
+#include "KVUtils/Source/plots/GraficWindow.h"
+#include "KVUtils/Source/plots/PlotWindow.h"
 #include "KVUtils/Source/plots/fPoint.h"

@@ -21,11 +21,13 @@ constexpr std::int16_t Wrapped(std::int64_t pixel) noexcept { return static_cast
 
 constexpr sv::Point PointAt(int x, int y) noexcept { return {Wrapped(x), Wrapped(y)}; }
 
-/// Calls `visit` with every value from `first` to `last`, until the addition no longer moves it.
+/// Calls `visit` with every value from `first` to `last`, until the addition no longer moves it, or there are
+/// more than anybody sees.
 template <class Visit>
 void Walk(float first, float last, float spacing, Visit visit) {
+    constexpr int Most = 100'000;
     float value = first;
-    while (value <= last) {
+    for (int count = 0; value <= last && count < Most; ++count) {
         visit(value);
         float const next = value + spacing;
         if (!(next > value)) return;

@@ -23,7 +23,8 @@ struct Tick {
 };
 
 /// The ticks from the last major one at or below the minimum up to the maximum; none for a step that is below
-/// 1e-9 or not a number. Values grow by `float` addition, and the list ends where that no longer moves them.
+/// 1e-9 or not a number. Values grow by `float` addition, and the list ends where that no longer moves them,
+/// or after 100,000.
 /// A negative count of subdivisions counts as 0.
 [[nodiscard]] std::vector<Tick> Ticks(AxisData const& axis, int extent);
 

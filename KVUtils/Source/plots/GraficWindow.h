@@ -1,0 +1,73 @@
+// GraficWindow: a plot without text: two axes with ticks, curves, and a cursor.
+//
+// It draws in pixels from the bottom left, y growing upward. Changing axes or curves asks for no painting:
+// the caller invalidates, or sets the cursor, which does.
+#pragma once
+
+#include "KVUtils/Source/plots/AxisData.h"
+#include "KVUtils/Source/plots/CurveList.h"
+#include "KVUtils/Source/plots/fPoint.h"
+#include "SV/ui/Window.h"
+
+#include <memory>
+#include <vector>
+
+namespace kv {
+
+class GraficWindow : public sv::Window {
+  public:
+    /// A white window in `parent`, shown at once.
+    explicit GraficWindow(sv::Window* parent);
+    GraficWindow(sv::Window* parent, AxisData const& x, AxisData const& y);
+
+    /// Appends a copy with points of its own.
+    void AddCurve(Curve const& curve);
+    /// Null past the last.
+    [[nodiscard]] Curve* GetCurve(int index) noexcept;
+    /// The window owns the curves in it.
+    [[nodiscard]] CurveList* GetCurveList() noexcept { return &list_; }
+    void DeleteAllCurve() noexcept;
+
+    void ChangeXAxisData(AxisData const& axis) noexcept { x_ = axis; }
+    void ChangeYAxisData(AxisData const& axis) noexcept { y_ = axis; }
+    [[nodiscard]] AxisData* GetXAxisData() noexcept { return &x_; }
+    [[nodiscard]] AxisData* GetYAxisData() noexcept { return &y_; }
+    [[nodiscard]] AxisData const* GetXAxisData() const noexcept { return &x_; }
+    [[nodiscard]] AxisData const* GetYAxisData() const noexcept { return &y_; }
+
+    /// `curve` is the index of the curve that a marker or cross stands on; there `x` has to be one of its
+    /// own. Without such a curve or point no cursor shows.
+    void SetCursor(float x, CursorType type, int curve);
+
+    /// The pixel of a point, which may lie outside. An axis whose range is 0 or reversed has all values at
+    /// its pixel offset.
+    [[nodiscard]] sv::Point GetLogicToPixel(fPoint point) const noexcept;
+
+    void Resize() override;
+    /// Draws everything, whatever the area.
+    void Paint(sv::Rectangle const& area) override;
+
+  private:
+    void CommonPaint(sv::OutputDevice& device);
+    void DrawXAxis(sv::OutputDevice& device) const;
+    void DrawYAxis(sv::OutputDevice& device) const;
+    void DrawCurve(sv::OutputDevice& device, Curve const& curve) const;
+    void DrawCursor(sv::OutputDevice& device);
+
+    float cursorX_ = 0;
+    CursorType cursorType_ = CURSOR_NONE;
+    int cursorCurve_ = 0;
+    std::vector<std::unique_ptr<Curve>> curves_;  // those of the list
+    CurveList list_;
+    AxisData x_;
+    AxisData y_;
+};
+
+namespace detail {
+
+/// Has a window count its pixels from the bottom left, y growing upward.
+void CountUpward(sv::Window& window);
+
+}  // namespace detail
+
+}  // namespace kv
