@@ -153,7 +153,8 @@ IdleHandlers& Idlers() {
     return handlers;
 }
 
-// The loop of a program without windows.
+// The loop of a program without windows. Its end must do nothing, since threads may post while the program
+// ends. NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
 class PlatformLoop final : public detail::LoopDriver {
   public:
     bool DispatchOne() override { return platform::EventLoop::DispatchOne(); }
@@ -201,9 +202,7 @@ void Turn(Application::UserEventHdl const& handler, Milliseconds limit) {
 
 }  // namespace
 
-void detail::InstallLoopDriver(LoopDriver* installed) noexcept {
-    driver = installed != nullptr ? installed : &platformLoop;
-}
+void detail::InstallLoopDriver(LoopDriver* loop) noexcept { driver = loop != nullptr ? loop : &platformLoop; }
 
 void Application::Execute() {
     // Put back also when a handler's exception ends the loop.

@@ -24,6 +24,6 @@ class LoopDriver {
 };
 
 /// Installs a driver that lives as long as the program; null for the platform's own.
-void InstallLoopDriver(LoopDriver* driver) noexcept;
+void InstallLoopDriver(LoopDriver* loop) noexcept;
 
 }  // namespace sv::detail
