@@ -35,6 +35,7 @@ endforeach()
 
 file(GLOB_RECURSE library_tests CONFIGURE_DEPENDS KVUtils/Tests/*Test.cpp SV/Tests/*Test.cpp
      Platform/Tests/*Test.cpp Platform/Tests/*TestSystem.cpp)
+list(FILTER library_tests EXCLUDE REGEX "/SV/Tests/qt/")
 if(CMAKE_CROSSCOMPILING)
   list(FILTER library_tests EXCLUDE REGEX "LittleCmsTest.cpp$")
 endif()
@@ -65,9 +66,23 @@ if(KVUTILS_BUILD_APPS)
   gtest_discover_tests(AppsTests DISCOVERY_MODE PRE_TEST)
 endif()
 
+# Windows by real events, without a display unless the environment names a platform of Qt's.
+if(KVUTILS_BUILD_QT)
+  find_package(Qt6 REQUIRED COMPONENTS Widgets Test)
+  file(GLOB qt_tests CONFIGURE_DEPENDS SV/Tests/qt/*.cpp)
+  add_executable(KVUtilsQtTests ${qt_tests} Platform/Tests/DdeEndpoint.cpp Platform/Tests/posix/TestSystem.cpp)
+  target_link_libraries(KVUtilsQtTests PRIVATE KVUtils::Qt Qt6::Widgets Qt6::Test GTest::gtest kvutils_options)
+  target_compile_definitions(KVUtilsQtTests PRIVATE QT_NO_KEYWORDS KV_DDE_PEER="$<TARGET_FILE:DdePeer>")
+  add_dependencies(KVUtilsQtTests DdePeer)
+  gtest_discover_tests(KVUtilsQtTests DISCOVERY_MODE PRE_TEST)
+endif()
+
 # Every public header compiles alone, twice over: the file below each header's name includes nothing else.
 file(GLOB_RECURSE public_headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} KVUtils/*.h SV/*.h)
-list(FILTER public_headers EXCLUDE REGEX "/Tests/")
+list(FILTER public_headers EXCLUDE REGEX "/Tests/|^SV/qt/")
+if(KVUTILS_BUILD_QT)
+  list(APPEND public_headers SV/qt/QtBackend.h)
+endif()
 foreach(header IN LISTS public_headers)
   set(probe ${CMAKE_BINARY_DIR}/headers/${header}.cpp)
   file(CONFIGURE OUTPUT ${probe} CONTENT "#include \"${header}\"\n#include \"${header}\"\n")
@@ -80,6 +95,6 @@ target_link_libraries(HeadersAlone PRIVATE KVUtils::KVUtils kvutils_options)
 if(NOT CMAKE_CROSSCOMPILING AND NOT KVUTILS_SANITIZE)
   add_test(NAME InstalledCopy
            COMMAND ${CMAKE_COMMAND} -DBUILD=${CMAKE_BINARY_DIR} -DSOURCE=${PROJECT_SOURCE_DIR}
-                   -DCOMPILER=${CMAKE_CXX_COMPILER} -DGENERATOR=${CMAKE_GENERATOR}
+                   -DCOMPILER=${CMAKE_CXX_COMPILER} -DGENERATOR=${CMAKE_GENERATOR} -DQT=${KVUTILS_BUILD_QT}
                    -P ${PROJECT_SOURCE_DIR}/cmake/tests/InstalledCopy.cmake)
 endif()

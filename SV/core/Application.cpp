@@ -1,6 +1,7 @@
 #include "SV/core/Application.h"
 
 #include "Platform/EventLoop.h"
+#include "SV/core/LoopDriver.h"
 
 #include <algorithm>
 #include <atomic>
@@ -152,6 +153,19 @@ IdleHandlers& Idlers() {
     return handlers;
 }
 
+// The loop of a program without windows. Its end must do nothing, since threads may post while the program
+// ends. NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
+class PlatformLoop final : public detail::LoopDriver {
+  public:
+    bool DispatchOne() override { return platform::EventLoop::DispatchOne(); }
+    void Wait(Milliseconds limit) override { platform::EventLoop::Wait(limit); }
+    void Wake() noexcept override { platform::EventLoop::Wake(); }
+    void ShowWaiting(bool /*waiting*/) override {}
+};
+
+constinit PlatformLoop platformLoop;
+constinit std::atomic<detail::LoopDriver*> driver = &platformLoop;
+
 constinit std::atomic<bool> quitting = false;
 
 // The number of the last user event that stood posted when the system's last event had been handled. The next
@@ -179,14 +193,16 @@ bool DeliverUserEvents(Application::UserEventHdl const& handler) {
 void Turn(Application::UserEventHdl const& handler, Milliseconds limit) {
     runsLoop = true;
     bool const delivered = DeliverUserEvents(handler);
-    bool const dispatched = platform::EventLoop::DispatchOne();
+    bool const dispatched = driver.load()->DispatchOne();
     owedUpTo = UserEvents().LastPosted();
     if (delivered || dispatched || owedUpTo > UserEvents().LastTaken()) return;
     if (Idlers().RunAll() || quitting.load()) return;
-    if (UserEvents().LastPosted() == UserEvents().LastTaken()) platform::EventLoop::Wait(limit);
+    if (UserEvents().LastPosted() == UserEvents().LastTaken()) driver.load()->Wait(limit);
 }
 
 }  // namespace
+
+void detail::InstallLoopDriver(LoopDriver* loop) noexcept { driver = loop != nullptr ? loop : &platformLoop; }
 
 void Application::Execute() {
     // Put back also when a handler's exception ends the loop.
@@ -199,14 +215,20 @@ void Application::Execute() {
 
 void Application::Quit() noexcept {
     quitting = true;
-    platform::EventLoop::Wake();
+    driver.load()->Wake();
 }
 
 void Application::Reschedule() { Turn(userEventHdl_, RescheduleLimit); }
 
 void Application::PostUserEvent(unsigned long id, void* data) {
     UserEvents().Post({id, data});
-    if (!runsLoop) platform::EventLoop::Wake();
+    // A foreign loop may run the handler that posts on its way to sleep.
+    if (!runsLoop || driver.load() != &platformLoop) driver.load()->Wake();
+}
+
+void Application::Wait(bool wait) {
+    waiting_ = wait;
+    driver.load()->ShowWaiting(wait);
 }
 
 void Application::InsertIdleHdl(Link const& handler, unsigned short priority) {

@@ -42,7 +42,7 @@ class Application {
     static void RemoveIdleHdl(Link const& handler);
 
     /// Shows or takes away the pointer of waiting. A state, not a count: one false ends any number of true.
-    static void Wait(bool wait) noexcept { waiting_ = wait; }
+    static void Wait(bool wait);
     [[nodiscard]] static bool IsWait() noexcept { return waiting_; }
 
     /// The application's main window, which boxes stand over; null when there is none. Not owned.

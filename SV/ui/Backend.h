@@ -15,10 +15,11 @@ class Window;
 
 namespace sv::detail {
 
-/// What a window is to the window system. All but the first two are controls that it draws itself.
+/// What a window is to the window system. All but the first three are controls that it draws itself.
 enum class WindowKind : int {
     Area,
     Dialog,
+    DrawnButton,  // by the program; focus, keys and a mnemonic as of a button
     Edit,
     SpinButton,
     FixedText,

@@ -40,7 +40,7 @@ void Button::WasClicked() {
 PushButton::PushButton(Window* parent, Style style) : Button(WindowKind::PushButton, parent, style) {}
 
 BitmapButton::BitmapButton(Window* parent, Bitmap bitmap, Style style)
-    : Button(WindowKind::Area, parent, style), bitmap_(std::move(bitmap)) {}
+    : Button(WindowKind::DrawnButton, parent, style), bitmap_(std::move(bitmap)) {}
 
 Bitmap BitmapButton::ChangeBitmap(Bitmap bitmap) {
     std::swap(bitmap_, bitmap);

@@ -1,5 +1,6 @@
 # Installs the library into an empty prefix and builds two programs against it with find_package: the README's first
-# program, whose output must be the one that the README shows, and a consumer that must not see Qt.
+# program, whose output must be the one that the README shows, and a consumer that must not see Qt. Where the library has
+# windows, one more program asks for them.
 set(work ${BUILD}/installed-copy)
 file(REMOVE_RECURSE ${work})
 
@@ -38,3 +39,15 @@ if(NOT output STREQUAL expected)
 endif()
 run(${work}/build/consumer)
 message(STATUS "consumer: ${output}")
+
+if(QT)
+  file(COPY ${SOURCE}/cmake/tests/windows/ DESTINATION ${work}/windows)
+  run(${CMAKE_COMMAND} -S ${work}/windows -B ${work}/windows-build -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${COMPILER}
+      -DCMAKE_PREFIX_PATH=${work}/prefix)
+  run(${CMAKE_COMMAND} --build ${work}/windows-build)
+  run(${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ${work}/windows-build/windows ${work}/window.svg)
+  file(READ ${work}/window.svg drawing)
+  if(NOT drawing MATCHES "Hello")
+    message(FATAL_ERROR "the window's drawing lacks its text:\n${drawing}")
+  endif()
+endif()

@@ -3,6 +3,7 @@
 #include "KVUtils/Source/frame/LanguageTable.h"
 #include "SV/core/DirEntry.h"
 #include "SV/core/International.h"
+#include "SV/core/TextPage.h"
 
 #include <algorithm>
 #include <array>
@@ -27,6 +28,14 @@ static_assert(LanguageTable[Japanese].name == "Japanese");
 constinit std::array<bool, LanguageTable.size()> available{};
 constinit unsigned short current = English;  // absolute index
 constinit sv::Config* config = nullptr;      // null: the choice is not kept
+
+/// Makes a language current, and has its texts shown in their code page.
+void Speak(unsigned short absolute) noexcept {
+    current = absolute;
+    sv::ChangeTextPage(absolute == Japanese  ? sv::TextPage::Japanese
+                       : absolute == Chinese ? sv::TextPage::Chinese
+                                             : sv::TextPage::Western);
+}
 
 bool EndsInDigit(sv::String const& text) noexcept {
     return !text.IsEmpty() && text[text.Len() - 1] >= '0' && text[text.Len() - 1] <= '9';
@@ -69,12 +78,12 @@ void Language::InitListBox(sv::ListBox& box) {
 }
 
 void Language::SetLanguage(unsigned short listEntry) {
-    current = ListEntryToAbsolute(listEntry);
+    Speak(ListEntryToAbsolute(listEntry));
     WriteChoice();
 }
 
 void Language::SetLanguageByCountryCode(unsigned short code) {
-    current = CountryCodeToAbsolute(code);
+    Speak(CountryCodeToAbsolute(code));
     if (IsAvailable(current)) WriteChoice();
 }
 
@@ -113,7 +122,7 @@ unsigned short Language::ReadFromWinINI() {
 }
 
 void Language::ReadChoice() {
-    current = English;
+    Speak(English);
     sv::String choice;
     if (config != nullptr) {
         config->SetGroup("Settings");
@@ -121,11 +130,11 @@ void Language::ReadChoice() {
     }
     if (choice.IsEmpty()) {
         unsigned short const systems = GetWinSprache();
-        if (IsAvailable(systems)) current = systems;
+        if (IsAvailable(systems)) Speak(systems);
         WriteChoice();
     } else if (choice.IsNumeric()) {
         long const chosen = std::min(choice.ToLong(), long{UnknownLanguage});
-        if (IsAvailable(static_cast<unsigned short>(chosen))) current = static_cast<unsigned short>(chosen);
+        if (IsAvailable(static_cast<unsigned short>(chosen))) Speak(static_cast<unsigned short>(chosen));
     }
 }
 

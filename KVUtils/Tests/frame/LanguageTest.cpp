@@ -1,6 +1,7 @@
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Tests/frame/FrameSupport.h"
 #include "SV/core/International.h"
+#include "SV/core/TextPage.h"
 
 #include <clocale>
 #include <cstdlib>
@@ -135,6 +136,7 @@ TEST_F(LanguageTest, ListEntries) {
         EXPECT_EQ(KeptChoice(), row.kept);
         EXPECT_EQ(Language::GetCountryCode(), row.code);
         EXPECT_EQ(Language::IsJapanese(), row.code == 81 ? 1 : 0);
+        EXPECT_EQ(sv::GetTextPage() == sv::TextPage::Japanese, row.code == 81);
         sv::ListBoxEntries box;
         Language::InitListBox(box);
         EXPECT_EQ(box.GetSelectEntryPos(), row.selected) << row.entry;

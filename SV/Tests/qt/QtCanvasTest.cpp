@@ -1,0 +1,173 @@
+#include "SV/Tests/qt/QtFixture.h"
+#include "SV/headless/RecordingCanvas.h"
+#include "SV/qt/QtBackend.h"
+#include "SV/ui/VirtualDevice.h"
+
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <cstdlib>
+
+namespace sv::qt::tests {
+
+namespace {
+
+constexpr Color Red(0xFFFF, 0, 0);
+
+TEST(QtCanvasTest, CoversThePixelsThatItIsMeantTo) {
+    using detail::Canvas;
+    struct Row {
+        char const* what;
+        void (*draw)(Canvas& canvas);
+    };
+    static constexpr Row rows[] = {
+        {"level",
+         [](Canvas& canvas) {
+             canvas.Line({2, 3}, {9, 3}, Pen(Red));
+         }},
+        {"level, backward",
+         [](Canvas& canvas) {
+             canvas.Line({9, 3}, {2, 3}, Pen(Red));
+         }},
+        {"upright, wide",
+         [](Canvas& canvas) {
+             canvas.Line({5, 4}, {5, 9}, Pen(Red, 3));
+         }},
+        {"one pixel",
+         [](Canvas& canvas) {
+             canvas.Line({5, 4}, {5, 4}, Pen(Red));
+         }},
+        {"dashes",
+         [](Canvas& canvas) {
+             canvas.Line({0, 4}, {14, 4}, Pen(Red, 1, PenStyle::Dash));
+         }},
+        {"no pen",
+         [](Canvas& canvas) {
+             canvas.Line({0, 4}, {14, 4}, Pen(Red, 1, PenStyle::None));
+         }},
+        {"rectangle",
+         [](Canvas& canvas) {
+             canvas.Rect({{2, 3}, {9, 8}}, {}, Pen(Red), Brush());
+         }},
+        {"outline",
+         [](Canvas& canvas) {
+             canvas.Rect({{2, 3}, {9, 8}}, {}, Pen(Red), Brush(Red, BrushStyle::None));
+         }},
+        {"area",
+         [](Canvas& canvas) {
+             canvas.Rect({{2, 3}, {9, 8}}, {}, Pen(Red, 1, PenStyle::None), Brush(Red));
+         }},
+        {"pixel",
+         [](Canvas& canvas) {
+             canvas.Pixel({3, 4}, Red);
+         }},
+        {"ground", [](Canvas& canvas) { canvas.Clear(Red); }},
+        {"picture",
+         [](Canvas& canvas) {
+             Bitmap picture(Size(3, 3), BitmapPixel(0, 0, 255));
+             picture.Set(1, 1, BitmapPixel(0, 0, 0, 0));
+             canvas.Image({13, 13}, picture);
+         }},
+    };
+    for (Row const& row : rows) {
+        QtSurface drawn({15, 15});
+        headless::RecordingCanvas meant({15, 15});
+        row.draw(drawn);
+        row.draw(meant);
+        EXPECT_EQ(drawn.Copy({{-1, 0}, {15, 15}}), meant.Copy({{-1, 0}, {15, 15}})) << row.what;
+    }
+}
+
+TEST(QtCanvasTest, SlantedLinesAreSmooth) {
+    QtSurface surface({20, 20});
+    surface.Line({2, 2}, {17, 9}, Pen(Red));
+    Bitmap const picture = surface.Copy({{0, 0}, {19, 19}});
+    int between = 0;
+    for (int x = 0; x < 20; ++x) {
+        for (int y = 0; y < 20; ++y)
+            between += picture.At(x, y).red > 20 && picture.At(x, y).red < 235 ? 1 : 0;
+    }
+    EXPECT_GT(between, 10);
+}
+
+TEST(QtCanvasTest, TextFillsTheBoxThatItMeasures) {
+    for (Font const& font :
+         {Font(), Font(12), Font(24, FontPitch::Fixed), Font(16, FontPitch::Variable, FontWeight::Bold)}) {
+        VirtualDevice device(Size(200, 60));
+        device.ChangeFont(font);
+        Size const size = device.GetTextSize("Mgl\xF6");
+        EXPECT_TRUE(font.GetHeight() == 0 || std::abs(size.Height() - font.GetHeight()) <= 2);
+        device.DrawText({20, 10}, "Mgl\xF6");
+        int left = 200, top = 60, right = 0, bottom = 0;
+        for (int x = 0; x < 200; ++x) {
+            for (int y = 0; y < 60; ++y) {
+                Point const place(static_cast<std::int16_t>(x), static_cast<std::int16_t>(y));
+                if (device.GetPixel(place).GetRed() > 0x8000) continue;
+                left = std::min(left, x), right = std::max(right, x);
+                top = std::min(top, y), bottom = std::max(bottom, y);
+            }
+        }
+        EXPECT_GE(left, 20);
+        EXPECT_GE(top, 10);
+        EXPECT_LT(right, 20 + size.Width());
+        EXPECT_LT(bottom, 10 + size.Height());
+        EXPECT_GT(right - left, size.Width() / 2);
+    }
+    VirtualDevice device;
+    device.ChangeFont(Font(16, FontPitch::Fixed));
+    EXPECT_EQ(device.GetTextSize("iiii"), device.GetTextSize("MMMM"));
+}
+
+// A window with a line, a text and another window.
+class Drawn final : public Window {
+  public:
+    Drawn() : Window(nullptr) {
+        SetPosSizePixel({}, {120, 80});
+        inner.SetPosSizePixel({60, 40}, {50, 30});
+        inner.SetText("Innen");
+        inner.Show();
+    }
+    void Paint(Rectangle const& /*area*/) override {
+        ChangePen(Pen(Red));
+        DrawLine({5, 5}, {100, 5});
+        DrawText({10, 20}, "Wei\xDF");
+    }
+
+    FixedText inner{this};
+};
+
+QByteArray Saved(Window& window, QString const& path) {
+    EXPECT_TRUE(SaveAs(window, path.toStdString()));
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
+TEST(QtCanvasTest, WindowsAsFiles) {
+    QTemporaryDir const directory;
+    Drawn window;
+    QString const png = directory.filePath("window.png");
+    Saved(window, png);
+    QImage const picture(png);
+    EXPECT_EQ(picture.size(), QSize(120, 80));
+    EXPECT_EQ(picture.pixelColor(50, 5), QColor(Qt::red));
+    EXPECT_EQ(picture.pixelColor(50, 7), QColor(Qt::white));
+
+    QByteArray const svg = Saved(window, directory.filePath("window.svg"));
+    for (char const* const part : {"viewBox=\"0 0 120 80\"", "Weiß", "Innen", "#ff0000"})
+        EXPECT_TRUE(svg.contains(part)) << part << '\n' << svg.toStdString();
+    EXPECT_FALSE(svg.contains("<image")) << "drawn, and not a picture";
+
+    QByteArray const pdf = Saved(window, directory.filePath("window.PDF"));
+    EXPECT_TRUE(pdf.startsWith("%PDF-"));
+    EXPECT_TRUE(pdf.contains("/MediaBox [0 0 90.0")) << "points, of which 72 make 96 pixels";
+
+    EXPECT_FALSE(SaveAs(window, "window.bmp"));
+    EXPECT_FALSE(SaveAs(window, directory.filePath("no/such/window.png").toStdString()));
+    EXPECT_FALSE(SaveAs(window, directory.filePath("no/such/window.svg").toStdString()));
+}
+
+}  // namespace
+
+}  // namespace sv::qt::tests

@@ -1,0 +1,151 @@
+#include "SV/Tests/qt/QtFixture.h"
+#include "SV/core/Boxes.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <memory>
+#include <string>
+
+namespace sv::qt::tests {
+
+namespace {
+
+class QtWindowTest : public QtTest {};
+
+std::string Describe(MouseEvent const& event) {
+    Point const place = event.GetPosPixel();
+    return std::to_string(place.X()) + ',' + std::to_string(place.Y()) + (event.IsLeft() ? "* " : " ");
+}
+
+// An area that notes what it is told.
+class Noted final : public Window {
+  public:
+    using Window::Window;
+    void Paint(Rectangle const& area) override {
+        painted = area;
+        DrawPixel({1, 1}, Color(0xFFFF, 0, 0));
+    }
+    void Resize() override { log += "resize "; }
+    void MouseMove(MouseEvent const& event) override { log += "move " + Describe(event); }
+    void MouseButtonDown(MouseEvent const& event) override { log += "down " + Describe(event); }
+    void MouseButtonUp(MouseEvent const& event) override { log += "up " + Describe(event); }
+    void WasClosed() override { log += "closed "; }
+
+    std::string log;
+    Rectangle painted;
+};
+
+TEST_F(QtWindowTest, AnAreaIsPaintedAndTold) {
+    Noted area(&frame);
+    area.ChangeBackgroundBrush(Brush(Color(0, 0, 0xFFFF)));
+    Place(area, {20, 20}, {50, 40});
+    ShowFrame();
+    QImage const picture = PictureOf(frame);
+    EXPECT_EQ(area.painted.BottomRight(), Point(49, 39));
+    EXPECT_EQ(picture.pixelColor(21, 21), QColor(Qt::red));
+    EXPECT_EQ(picture.pixelColor(20, 20), QColor(Qt::blue));
+    EXPECT_EQ(picture.pixelColor(70, 60), QColor(Qt::white)) << "the frame's ground";
+
+    area.log = "";
+    QWindow* const window = WidgetOf(frame).windowHandle();
+    QTest::mouseMove(window, {30, 30});
+    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, {30, 30});
+    QTest::mouseMove(window, {10, 90});
+    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, {10, 90});
+    QTest::mouseMove(window, {11, 91});
+    EXPECT_TRUE(RunUntil([&] { return area.log.find("up") != std::string::npos; }));
+    EXPECT_EQ(area.log, "move 10,10 down 10,10* move -10,70* up -10,70 ");
+
+    area.log = "";
+    area.CaptureMouse();
+    QTest::mouseMove(window, {12, 92});
+    EXPECT_TRUE(RunUntil([&] { return area.log == "move -8,72 "; })) << area.log;
+    area.ReleaseMouse();
+    QTest::mouseMove(window, {13, 93});
+    Application::Reschedule();
+    EXPECT_EQ(area.log, "move -8,72 ");
+}
+
+TEST_F(QtWindowTest, ThePersonChangesTheSizeAndCloses) {
+    Noted window(nullptr);
+    window.SetPosSizePixel({50, 60}, {100, 80});
+    window.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&WidgetOf(window)));
+    window.log = "";
+    WidgetOf(window).resize(150, 90);
+    EXPECT_TRUE(RunUntil([&] { return window.log == "resize "; })) << window.log;
+    EXPECT_EQ(window.GetSizePixel(), Size(150, 90));
+    WidgetOf(window).move(70, 71);
+    EXPECT_TRUE(RunUntil([&] { return window.GetPosPixel() == Point(70, 71); }));
+    WidgetOf(window).close();
+    EXPECT_EQ(window.log, "resize closed ");
+    EXPECT_TRUE(WidgetOf(window).isVisible()) << "the program decides";
+}
+
+/// A window that goes when its button is pressed.
+struct Leaving {
+    std::unique_ptr<Window> window = std::make_unique<Window>(nullptr);
+    std::unique_ptr<PushButton> button = std::make_unique<PushButton>(window.get());
+
+    long Go(void* /*sender*/) {
+        button = nullptr;
+        window = nullptr;
+        // The loop may run on before the press is over.
+        Application::Reschedule();
+        return 0;
+    }
+};
+
+TEST_F(QtWindowTest, WindowsMayGoInTheirOwnHandlers) {
+    Leaving leaving;
+    leaving.button->ChangeClickHdl(Link::To<&Leaving::Go>(leaving));
+    leaving.button->Show();
+    leaving.window->Show();
+    QPointer<QWidget> const widget = &WidgetOf(*leaving.button);
+    QTest::mouseClick(widget, Qt::LeftButton);
+    EXPECT_EQ(leaving.window, nullptr);
+    EXPECT_TRUE(RunUntil([&] { return widget.isNull(); })) << "and Qt's side with them";
+
+    auto parent = std::make_unique<Window>(nullptr);
+    Edit child(parent.get());
+    parent = nullptr;
+    child.SetText("outlives its parent");
+}
+
+TEST_F(QtWindowTest, BoxesAskThePerson) {
+    struct Row {
+        WinBits style;
+        QMessageBox::StandardButton pressed;
+        BoxAnswer answer;
+    };
+    static constexpr Row rows[] = {
+        {WB_OK, QMessageBox::Ok, BoxAnswer::Ok},
+        {WB_OK_CANCEL, QMessageBox::Cancel, BoxAnswer::Cancel},
+        {WB_YES_NO | WB_DEF_YES, QMessageBox::No, BoxAnswer::No},
+        {WB_YES_NO, QMessageBox::Yes, BoxAnswer::Yes},
+        {WB_YES_NO | WB_DEF_YES, QMessageBox::NoButton, BoxAnswer::Yes},  // Return
+    };
+    ShowFrame();
+    for (Row const& row : rows) {
+        QTimer::singleShot(0, [&row] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            EXPECT_EQ(box->text(), u"Größe?");
+            if (row.pressed == QMessageBox::NoButton) {
+                QTest::keyClick(box, Qt::Key_Return);
+            } else {
+                QTest::mouseClick(static_cast<QWidget*>(box->button(row.pressed)), Qt::LeftButton);
+            }
+        });
+        EXPECT_EQ(MessBox(&frame, row.style, "",
+                          "Gr\xF6\xDF"
+                          "e?")
+                      .Execute(),
+                  row.answer);
+    }
+}
+
+}  // namespace
+
+}  // namespace sv::qt::tests

@@ -1,0 +1,177 @@
+// Windows that the program draws: areas, dialogs, and buttons with pictures.
+#include "SV/qt/QtText.h"
+#include "SV/qt/QtWindow.h"
+#include "SV/ui/Controls.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QMoveEvent>
+#include <utility>
+
+namespace sv::qt {
+
+namespace {
+
+using detail::WindowKind;
+
+/// The style bit of the button that Return presses in a dialog.
+constexpr Window::Style DefaultButton = 0x100;
+
+std::int16_t ToPixel(int value) noexcept { return static_cast<std::int16_t>(value); }
+
+MouseEvent ToMouseEvent(QMouseEvent const& event) {
+    QPoint const place = event.position().toPoint();
+    return MouseEvent({ToPixel(place.x()), ToPixel(place.y())}, event.buttons().testFlag(Qt::LeftButton));
+}
+
+/// Keyboard, focus and a role for screen readers; the program does the rest.
+class DrawnButton final : public QAbstractButton {
+  public:
+    using QAbstractButton::QAbstractButton;
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {}
+};
+
+/// The button that can be pressed and has the style bit, of all in the window.
+Button* FindDefaultButton(Window const& window) {
+    for (Window* const child : window.GetChildren()) {
+        if (!child->IsVisible() || !child->IsEnabled()) continue;
+        auto* const button = dynamic_cast<Button*>(child);
+        if (button != nullptr && (button->GetStyle() & DefaultButton) != 0) return button;
+        if (Button* const inside = FindDefaultButton(*child)) return inside;
+    }
+    return nullptr;
+}
+
+class QtArea : public QtWindow {
+  public:
+    QtArea(Window& window, std::unique_ptr<QWidget> widget) : QtWindow(window, std::move(widget)) {
+        Widget().setMouseTracking(true);
+    }
+
+  protected:
+    bool Handle(QEvent& event) override {
+        switch (event.type()) {
+            case QEvent::Paint:
+                Paint();
+                return true;
+            case QEvent::MouseMove:
+                Tell(&Window::MouseMove, ToMouseEvent(static_cast<QMouseEvent&>(event)));
+                return true;
+            case QEvent::MouseButtonPress:
+            case QEvent::MouseButtonDblClick:
+                Tell(&Window::MouseButtonDown, ToMouseEvent(static_cast<QMouseEvent&>(event)));
+                return true;
+            case QEvent::MouseButtonRelease:
+                Tell(&Window::MouseButtonUp, ToMouseEvent(static_cast<QMouseEvent&>(event)));
+                return true;
+            case QEvent::Leave:
+                if (GetWindow().HasCapture()) TellPointer();
+                return false;
+            case QEvent::Move:
+            case QEvent::Resize:
+                TellPlace();
+                return false;
+            case QEvent::Close:
+                event.ignore();
+                Call([this] { GetWindow().WasClosed(); });
+                return true;
+            default:
+                return QtWindow::Handle(event);
+        }
+    }
+
+  private:
+    void Paint() {
+        QPainter painter(&Widget());
+        QtCanvas::Scope const scope(GetQtCanvas(), painter, Widget().size());
+        Point const end(ToPixel(Widget().width() - 1), ToPixel(Widget().height() - 1));
+        Call([&] {
+            GetWindow().Erase();
+            GetWindow().Paint({Point(), end});
+        });
+    }
+
+    void Tell(void (Window::*handler)(MouseEvent const&), MouseEvent const& event) {
+        Call([&] { (GetWindow().*handler)(event); });
+    }
+
+    /// Tells the captor that the pointer has left the program's windows, over which it is told anyway.
+    void TellPointer() {
+        if (QApplication::widgetAt(QCursor::pos()) != nullptr) return;
+        QPoint const place = Widget().mapFromGlobal(QCursor::pos());
+        Tell(&Window::MouseMove, MouseEvent({ToPixel(place.x()), ToPixel(place.y())}));
+    }
+
+    void TellPlace() {
+        if (!Widget().isWindow()) return;
+        QPoint const place = Widget().pos();
+        Size const size(ToPixel(Widget().width()), ToPixel(Widget().height()));
+        Call([&] { GetWindow().WasPlaced({ToPixel(place.x()), ToPixel(place.y())}, size); });
+    }
+};
+
+/// Escape closes it, Return presses its default button.
+class QtDialog final : public QtArea {
+  public:
+    using QtArea::QtArea;
+
+  protected:
+    bool Handle(QEvent& event) override {
+        if (event.type() != QEvent::KeyPress) return QtArea::Handle(event);
+        switch (static_cast<QKeyEvent&>(event).key()) {
+            case Qt::Key_Escape:
+                Call([this] { GetWindow().WasClosed(); });
+                return true;
+            case Qt::Key_Return:
+            case Qt::Key_Enter:
+                if (Button* const button = FindDefaultButton(GetWindow())) {
+                    // What has the focus takes its text over first.
+                    button->GrabFocus();
+                    Call([button] { button->WasClicked(); });
+                }
+                return true;
+            default:
+                return false;
+        }
+    }
+};
+
+class QtDrawnButton final : public QtArea {
+  public:
+    QtDrawnButton(Window& window, std::unique_ptr<QAbstractButton> button)
+        : QtArea(window, std::move(button)) {
+        connect(&Abstract(), &QAbstractButton::clicked, this,
+                [this] { Call([this] { GetWindow().WasClicked(); }); });
+    }
+
+    void SetText(String const& text) override {
+        Abstract().setText(ToQtWithMnemonic(text));
+        Invalidate();
+    }
+
+  protected:
+    bool Handle(QEvent& event) override {
+        if (!IsReturn(event)) return QtArea::Handle(event);
+        Abstract().click();
+        return true;
+    }
+
+  private:
+    [[nodiscard]] QAbstractButton& Abstract() const { return static_cast<QAbstractButton&>(Widget()); }
+};
+
+}  // namespace
+
+std::unique_ptr<QtWindow> MakeArea(Window& window, WindowKind kind, QWidget* parent) {
+    if (kind == WindowKind::DrawnButton)
+        return std::make_unique<QtDrawnButton>(window, std::make_unique<DrawnButton>(parent));
+    if (kind == WindowKind::Dialog)
+        return std::make_unique<QtDialog>(window, std::make_unique<QWidget>(parent, Qt::Dialog));
+    return std::make_unique<QtArea>(window, std::make_unique<QWidget>(parent));
+}
+
+}  // namespace sv::qt

@@ -1,0 +1,11 @@
+// Boxes as dialogs of the desktop.
+#pragma once
+
+#include "SV/core/Boxes.h"
+
+namespace sv::qt {
+
+/// Shows the box over the window in use and runs the application's loop until it is answered.
+[[nodiscard]] BoxAnswer ShowBox(MessBox const& box);
+
+}  // namespace sv::qt

@@ -1,0 +1,318 @@
+// The controls that Qt draws.
+#include "SV/qt/QtText.h"
+#include "SV/qt/QtWindow.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace sv::qt {
+
+namespace {
+
+using detail::WindowKind;
+
+/// The style bit of a text that stands at the right.
+constexpr Window::Style AlignRight = 0x400;
+/// What Qt takes for no limit of a line's length.
+constexpr int NoLimit = 32767;
+
+/// Counts the turns of a wheel, which come in fractions of a notch.
+class WheelNotches {
+  public:
+    /// Whole notches since the last call, up positive.
+    int Take(QWheelEvent const& event) {
+        turned_ += event.angleDelta().y();
+        int const notches = turned_ / QWheelEvent::DefaultDeltasPerStep;
+        turned_ %= QWheelEvent::DefaultDeltasPerStep;
+        return notches;
+    }
+
+  private:
+    int turned_ = 0;
+};
+
+/// A control with its widget's own type.
+template <class Type>
+class QtControl : public QtWindow {
+  public:
+    QtControl(Window& window, QWidget* parent) : QtWindow(window, std::make_unique<Type>(parent)) {}
+
+  protected:
+    [[nodiscard]] Type& Control() const { return static_cast<Type&>(Widget()); }
+    /// Tells the window how often it was spun; it may be gone after any of these.
+    void Spin(int steps) {
+        QPointer<QObject> const self = this;
+        for (; steps != 0 && self != nullptr; steps -= steps > 0 ? 1 : -1)
+            Call([this, steps] { GetWindow().WasSpun(steps > 0); });
+    }
+    /// Text on the ground of a window that the program paints has the program's colour; and so has the ground
+    /// of the text's own, where it has one.
+    void TakeColors() {
+        QPalette palette;
+        palette.setColor(QPalette::WindowText, ToQt(GetWindow().GetFont().GetColor()));
+        Brush const& ground = GetWindow().GetBackgroundBrush();
+        bool const hasGround = ground != Brush() && ground.GetStyle() != BrushStyle::None;
+        if (hasGround) palette.setColor(QPalette::Window, ToQt(ground.GetColor()));
+        QColor const quiet = palette.color(QPalette::Disabled, QPalette::Mid);
+        palette.setColor(QPalette::Disabled, QPalette::WindowText, quiet);
+        if (palette == taken_) return;
+        taken_ = palette;
+        Control().setAutoFillBackground(hasGround);
+        Control().setPalette(palette);
+    }
+
+  private:
+    QPalette taken_;
+};
+
+class QtEdit final : public QtControl<QLineEdit> {
+  public:
+    QtEdit(Window& window, QWidget* parent) : QtControl(window, parent) {
+        connect(&Control(), &QLineEdit::textEdited, this, [this](QString const& text) { Take(text); });
+    }
+
+    void SetText(String const& text) override {
+        TakeLook();
+        if (FromQt(Control().text()) != text) Control().setText(ToQt(text));
+    }
+    void SetMaxTextLen(unsigned short length) override {
+        Control().setMaxLength(length == 0 ? NoLimit : length);
+    }
+    void SetReadOnly(bool readOnly) override { Control().setReadOnly(readOnly); }
+
+  protected:
+    bool Handle(QEvent& event) override {
+        if (event.type() == QEvent::Wheel) {
+            Spin(wheel_.Take(static_cast<QWheelEvent&>(event)));
+            return true;
+        }
+        if (event.type() != QEvent::KeyPress) return QtWindow::Handle(event);
+        int const key = static_cast<QKeyEvent&>(event).key();
+        if (key != Qt::Key_Up && key != Qt::Key_Down) return false;
+        Spin(key == Qt::Key_Up ? 1 : -1);
+        return true;
+    }
+
+  private:
+    /// What the code page lacks shows at once as what is kept of it.
+    void Take(QString const& text) {
+        String const kept = FromQt(text);
+        if (QString const shown = ToQt(kept); shown != text) {
+            int const place = Control().cursorPosition();
+            Control().setText(shown);
+            Control().setCursorPosition(place);
+        }
+        Call([this, &kept] { GetWindow().TextHasChanged(kept); });
+    }
+
+    WheelNotches wheel_;
+};
+
+class QtSpinButton final : public QtControl<QWidget> {
+  public:
+    QtSpinButton(Window& window, QWidget* parent) : QtControl(window, parent) {
+        auto layout = std::make_unique<QVBoxLayout>();
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSpacing(0);
+        for (bool const up : {true, false}) layout->addWidget(MakeArrow(up).release());
+        Control().setLayout(layout.release());
+    }
+
+  protected:
+    bool Handle(QEvent& event) override {
+        if (event.type() != QEvent::Wheel) return QtWindow::Handle(event);
+        if (Control().isEnabled()) Spin(wheel_.Take(static_cast<QWheelEvent&>(event)));
+        return true;
+    }
+
+  private:
+    [[nodiscard]] std::unique_ptr<QToolButton> MakeArrow(bool up) {
+        auto arrow = std::make_unique<QToolButton>();
+        arrow->setArrowType(up ? Qt::UpArrow : Qt::DownArrow);
+        arrow->setAccessibleName(up ? "+" : "-");
+        arrow->setAutoRepeat(true);
+        arrow->setFocusPolicy(Qt::NoFocus);
+        arrow->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+        connect(arrow.get(), &QToolButton::clicked, this, [this, up] { Spin(up ? 1 : -1); });
+        return arrow;
+    }
+
+    WheelNotches wheel_;
+};
+
+class QtFixedText final : public QtControl<QLabel> {
+  public:
+    QtFixedText(Window& window, QWidget* parent) : QtControl(window, parent) {
+        Control().setTextFormat(Qt::PlainText);
+        bool const isRight = (window.GetStyle() & AlignRight) != 0;
+        Control().setAlignment((isRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    }
+
+    void SetText(String const& text) override {
+        TakeLook();
+        Control().setText(ToQt(text));
+    }
+
+  protected:
+    void TakeLook() override {
+        QtWindow::TakeLook();
+        TakeColors();
+    }
+};
+
+template <class Type>
+class QtButton : public QtControl<Type> {
+  public:
+    QtButton(Window& window, QWidget* parent) : QtControl<Type>(window, parent) {
+        QObject::connect(&this->Control(), &QAbstractButton::clicked, this,
+                         [this] { this->Call([this] { this->GetWindow().WasClicked(); }); });
+    }
+
+    void SetText(String const& text) override {
+        this->TakeLook();
+        this->Control().setText(ToQtWithMnemonic(text));
+    }
+
+  protected:
+    bool Handle(QEvent& event) override {
+        if (!IsReturn(event)) return QtWindow::Handle(event);
+        this->Control().click();
+        return true;
+    }
+};
+
+class QtCheckBox final : public QtButton<QCheckBox> {
+  public:
+    using QtButton::QtButton;
+
+    void SetChecked(bool checked) override { Control().setChecked(checked); }
+
+  protected:
+    void TakeLook() override {
+        QtWindow::TakeLook();
+        TakeColors();
+    }
+};
+
+class QtListBox final : public QtControl<QListWidget> {
+  public:
+    QtListBox(Window& window, QWidget* parent) : QtControl(window, parent) {
+        Control().setUniformItemSizes(true);
+        connect(&Control(), &QListWidget::itemSelectionChanged, this, [this] {
+            QList<QListWidgetItem*> const selected = Control().selectedItems();
+            if (selected.isEmpty()) return;
+            auto const place = static_cast<unsigned short>(Control().row(selected.first()));
+            Call([this, place] { GetWindow().EntryWasSelected(place); });
+        });
+    }
+
+    void SetEntries(std::span<String const> entries, int selected) override {
+        QSignalBlocker const quiet(Control());
+        TakeLook();
+        // A program adds line after line: what is there already stays.
+        auto const [there, wanted] = std::ranges::mismatch(shown_, entries);
+        auto const same = static_cast<int>(there - shown_.begin());
+        while (Control().count() > same) std::unique_ptr<QListWidgetItem>(Control().takeItem(same)).reset();
+        for (String const& entry : entries.subspan(static_cast<std::size_t>(same)))
+            Control().addItem(ToQt(entry));
+        shown_.assign(entries.begin(), entries.end());
+        Select(selected);
+    }
+
+  protected:
+    bool Handle(QEvent& event) override {
+        // A list that is hidden does not scroll.
+        if (event.type() == QEvent::Show) ScrollTo(lastSelected_);
+        return QtWindow::Handle(event);
+    }
+
+  private:
+    void Select(int selected) {
+        if (selected < 0) {
+            Control().clearSelection();
+            return;
+        }
+        Control().setCurrentRow(selected);
+        lastSelected_ = selected;
+        ScrollTo(selected);
+    }
+
+    void ScrollTo(int row) {
+        if (QListWidgetItem* const item = Control().item(row)) Control().scrollToItem(item);
+    }
+
+    std::vector<String> shown_;
+    int lastSelected_ = -1;
+};
+
+class QtDropDown final : public QtControl<QComboBox> {
+  public:
+    QtDropDown(Window& window, QWidget* parent) : QtControl(window, parent) {
+        connect(&Control(), &QComboBox::activated, this, [this](int place) {
+            if (std::exchange(selected_, place) == place) return;
+            Call([this, place] { GetWindow().EntryWasSelected(static_cast<unsigned short>(place)); });
+        });
+    }
+
+    void SetEntries(std::span<String const> entries, int selected) override {
+        TakeLook();
+        if (!std::ranges::equal(shown_, entries)) {
+            Control().clear();
+            for (String const& entry : entries) Control().addItem(ToQt(entry));
+            shown_.assign(entries.begin(), entries.end());
+        }
+        selected_ = selected;
+        Control().setCurrentIndex(selected);
+    }
+
+  private:
+    std::vector<String> shown_;
+    int selected_ = -1;
+};
+
+}  // namespace
+
+bool IsReturn(QEvent const& event) {
+    if (event.type() != QEvent::KeyPress) return false;
+    int const key = static_cast<QKeyEvent const&>(event).key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+std::unique_ptr<QtWindow> MakeControl(Window& window, WindowKind kind, QWidget* parent) {
+    switch (kind) {
+        case WindowKind::Edit:
+            return std::make_unique<QtEdit>(window, parent);
+        case WindowKind::SpinButton:
+            return std::make_unique<QtSpinButton>(window, parent);
+        case WindowKind::FixedText:
+            return std::make_unique<QtFixedText>(window, parent);
+        case WindowKind::PushButton:
+            return std::make_unique<QtButton<QPushButton>>(window, parent);
+        case WindowKind::CheckBox:
+            return std::make_unique<QtCheckBox>(window, parent);
+        case WindowKind::ListBox:
+            return std::make_unique<QtListBox>(window, parent);
+        case WindowKind::DropDown:
+            return std::make_unique<QtDropDown>(window, parent);
+        case WindowKind::Area:
+        case WindowKind::Dialog:
+        case WindowKind::DrawnButton:
+            break;
+    }
+    return nullptr;
+}
+
+}  // namespace sv::qt
