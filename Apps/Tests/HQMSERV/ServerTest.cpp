@@ -118,7 +118,7 @@ TEST_F(ServerTest, TellsOfTheTriggerWhoeverWantsToKnow) {
 }
 
 TEST_F(ServerTest, AnswersQuestionsDuringAMeasurement) {
-    ServerProgram server({Chart, "--measuring-time", "500"});
+    ServerProgram server({Chart, "--measuring-time", "2000"});
     ServerClient client(NotAlone());
     EXPECT_TRUE(client.IsReady());
     sv::String target(0);
@@ -133,7 +133,7 @@ TEST_F(ServerTest, AnswersQuestionsDuringAMeasurement) {
 // A system that tells nobody of a program's death gives the server no chance to say farewell for it.
 #ifndef _WIN32
 TEST_F(ServerTest, ADeadClientLeavesNothingBehind) {
-    ServerProgram server({Chart, "--measuring-time", "50"});
+    ServerProgram server({Chart, "--measuring-time", "500"});
     auto client = std::make_unique<ServerClient>(NotAlone());
     auto const isRefused = [&client] {
         try {

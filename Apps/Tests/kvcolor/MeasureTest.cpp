@@ -70,7 +70,7 @@ TEST(MeasureTest, KeepsWhatWasMeasuredWhenTheServerDies) {
     hqmserv::test::ServerProgram server({ChartA, "--measuring-time", "20"});
     std::string const out = desktop.File("part.dat");
     Disturbed run;
-    int const status = run.Run({"measure", out, "--patience", "1"}, [&] {
+    int const status = run.Run({"measure", out, "--patience", "3"}, [&] {
         server.Kill();
         return false;
     });

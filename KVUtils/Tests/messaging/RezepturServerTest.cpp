@@ -74,6 +74,7 @@ TEST_F(RezepturServerTest, ServesOneProgramAtATime) {
     // The server hears in its own time that a client is gone.
     EXPECT_TRUE(PumpUntil([&] { return isTaken("second"); })) << "the first was killed";
     EXPECT_TRUE(PumpUntil([&] { return isTaken("third"); })) << "the second has left";
+    ASSERT_TRUE(PumpUntil([&] { return server.received.size() >= 3; })) << "what was poked still arrives";
     EXPECT_EQ(server.received,
               (std::vector<std::string>{"formula=first", "formula=second", "formula=third"}));
     EXPECT_TRUE(boxes.seen.empty());
