@@ -18,6 +18,7 @@
 #include "KVUtils/Source/colorimetry/XYZVector.h"
 #include "KVUtils/Source/colorimetry/dLCHVector.h"
 #include "KVUtils/Source/controls/RegisterTopWindow.h"
+#include "KVUtils/Source/controls/WINDOWPL.h"
 #include "KVUtils/Source/data/ASCIIFile.h"
 #include "KVUtils/Source/data/FileHelpers.h"
 #include "KVUtils/Source/data/FlagSet.h"
