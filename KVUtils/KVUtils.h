@@ -60,3 +60,4 @@
 #include "KVUtils/Source/plots/Curve.h"
 #include "KVUtils/Source/plots/CurveList.h"
 #include "KVUtils/Source/plots/fPoint.h"
+#include "KVUtils/Source/resources/Resources.h"
