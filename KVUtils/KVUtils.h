@@ -24,6 +24,7 @@
 #include "KVUtils/Source/controls/KORVELBitmap.h"
 #include "KVUtils/Source/controls/NumEditor.h"
 #include "KVUtils/Source/controls/RegisterTopWindow.h"
+#include "KVUtils/Source/controls/TextFenster.h"
 #include "KVUtils/Source/controls/WINDOWPL.h"
 #include "KVUtils/Source/data/ASCIIFile.h"
 #include "KVUtils/Source/data/FileHelpers.h"
