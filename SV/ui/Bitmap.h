@@ -1,4 +1,5 @@
-// sv::Bitmap: a picture in memory, 8 bits a channel, with transparency.
+// sv::Bitmap: a picture in memory, 8 bits a channel, with transparency, and if need be a finer copy of it for
+// screens of high density.
 #pragma once
 
 #include "SV/core/Color.h"
@@ -6,6 +7,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace sv {
@@ -61,7 +64,16 @@ class Bitmap {
     /// A part; black, and not there, where it reaches beyond the picture.
     [[nodiscard]] Bitmap Cut(Point topLeft, Size size) const;
 
-    friend bool operator==(Bitmap const&, Bitmap const&) = default;
+    /// The same picture with twice the pixels each way, which a backend shows in this one's place where a
+    /// pixel of the program is larger than one of the screen. Null where there is none; drawing on the
+    /// picture leaves it alone, and parts have none.
+    [[nodiscard]] Bitmap const* GetFine() const noexcept { return fine_.get(); }
+    void SetFine(Bitmap fine) { fine_ = std::make_shared<Bitmap const>(std::move(fine)); }
+
+    /// The finer copy does not count.
+    friend bool operator==(Bitmap const& a, Bitmap const& b) noexcept {
+        return a.size_ == b.size_ && a.pixels_ == b.pixels_;
+    }
 
   private:
     [[nodiscard]] std::size_t Place(int x, int y) const noexcept {
@@ -71,6 +83,7 @@ class Bitmap {
 
     Size size_;
     std::vector<BitmapPixel> pixels_;  // rows from the top
+    std::shared_ptr<Bitmap const> fine_;
 };
 
 }  // namespace sv

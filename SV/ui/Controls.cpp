@@ -48,10 +48,8 @@ Bitmap BitmapButton::ChangeBitmap(Bitmap bitmap) {
     return bitmap;
 }
 
-void BitmapButton::Paint(Rectangle const& /*area*/) {
+bool BitmapButton::PaintFrame() {
     Size const size = GetSizePixel();
-    Size const face = bitmap_.GetSizePixel();
-    int const shift = isDown_ ? 1 : 0;
     Pen const pen = ChangePen(Pen(HasFocus() ? ColorOf(ColorName::Black) : Color(0x8000, 0x8000, 0x8000)));
     Brush const brush = ChangeFillInBrush(GetBackgroundBrush());
     DrawRect(
@@ -59,6 +57,13 @@ void BitmapButton::Paint(Rectangle const& /*area*/) {
         4, 4);
     ChangeFillInBrush(brush);
     ChangePen(pen);
+    return isDown_;
+}
+
+void BitmapButton::Paint(Rectangle const& /*area*/) {
+    int const shift = PaintFrame() ? 1 : 0;
+    Size const size = GetSizePixel();
+    Size const face = bitmap_.GetSizePixel();
     DrawBitmap({static_cast<std::int16_t>((size.Width() - face.Width()) / 2 + shift),
                 static_cast<std::int16_t>((size.Height() - face.Height()) / 2 + shift)},
                bitmap_);
@@ -100,7 +105,13 @@ ListBoxControl::ListBoxControl(Window* parent, Style style)
 ListBoxControl::ListBoxControl(detail::WindowKind kind, Window* parent, Style style)
     : Window(kind, parent, style) {}
 
+void ListBoxControl::SetUpdateMode(bool isOn) {
+    isUpdated_ = isOn;
+    Update();
+}
+
 void ListBoxControl::Update() {
+    if (!isUpdated_) return;
     std::vector<String> entries;
     for (unsigned short i = 0; i < GetEntryCount(); ++i) entries.push_back(GetEntry(i));
     unsigned short const selected = GetSelectEntryPos();

@@ -88,6 +88,10 @@ class BitmapButton : public Button {
     void GetFocus() override;
     void LoseFocus() override;
 
+  protected:
+    /// Draws the button without its picture; whether it is held down.
+    bool PaintFrame();
+
   private:
     Bitmap bitmap_;
     bool isDown_ = false;
@@ -119,6 +123,9 @@ class ListBoxControl : public Window, public ListBox {
     [[nodiscard]] String GetEntry(unsigned short position) const override {
         return entries_.GetEntry(position);
     }
+    /// While off, changes of entries and selection are not shown: for many at a time, each of which would
+    /// have the window system take in the whole list. On at first, and on again shows them.
+    void SetUpdateMode(bool isOn);
     /// A person has selected another entry.
     Link ChangeSelectHdl(Link const& link) noexcept;
 
@@ -131,6 +138,7 @@ class ListBoxControl : public Window, public ListBox {
     void Update();
 
     ListBoxEntries entries_;
+    bool isUpdated_ = true;
     Link select_;
 };
 

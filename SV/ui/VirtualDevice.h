@@ -7,6 +7,8 @@
 
 namespace sv {
 
+// Nobody deletes it by way of its base, whose destructor is protected.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
 class VirtualDevice final : public OutputDevice {
   public:
     /// Of no size.

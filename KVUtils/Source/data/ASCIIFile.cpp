@@ -1,5 +1,7 @@
 #include "KVUtils/Source/data/ASCIIFile.h"
 
+#include "KVUtils/Source/controls/RegisterTopWindow.h"
+#include "KVUtils/Source/controls/TextFenster.h"
 #include "KVUtils/Source/data/GString.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "KVUtils/Source/frame/Check.h"
@@ -334,6 +336,24 @@ uchar ASCIIFile::CheckVersion(int highest) {
     bool const isRead = GetTitel("File") != 0 && GetString("Application", application, 1) != 0 &&
                         GetInt("Version", version_) != 0;
     return isRead && version_ >= OldestVersion && version_ <= highest ? 1 : 0;
+}
+
+void ASCIIFile::MeldungAusgeben(sv::String const& message) { GetTextFenster()->AddLine(message); }
+
+TextFenster* ASCIIFile::GetTextFenster() {
+    constexpr int width = 600;
+    constexpr int height = 440;
+    if (messages_ == nullptr) {
+        messages_ = std::make_shared<TextFenster>(RegisterTopWindow::GetActiveTopWindow(), sv::String(),
+                                                  width, height);
+    }
+    return messages_.get();
+}
+
+void ASCIIFile::MeldungenZeigen() {
+    if (messages_ == nullptr) return;
+    messages_->AnzeigenUndWarten(0);
+    messages_.reset();
 }
 
 }  // namespace kv

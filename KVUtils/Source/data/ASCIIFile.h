@@ -14,13 +14,14 @@
 
 namespace kv {
 
+class TextFenster;
 using uchar = unsigned char;
 
 /// Lines of up to 1023 characters. Numbers never depend on the locale. Line ends are LF or CR LF; a file
 /// without an LF in its first 1024 bytes is one of lines that end in CR, and its texts are Mac Roman.
 ///
-/// A copy shares the streams of its original, and has a current line of its own. A writer that reads, or a
-/// reader that writes, does nothing and fails.
+/// A copy shares the streams and the window of its original, and has a current line of its own. A writer that
+/// reads, or a reader that writes, does nothing and fails.
 class ASCIIFile {
   public:
     /// As the number of decimals: those that `SetPrecision` has set.
@@ -114,6 +115,15 @@ class ASCIIFile {
     /// counts as far as it was parsed. -1 for a file that is empty or not there, about 0 on a stream.
     [[nodiscard]] float GetPercentDone() const noexcept;
 
+    // Messages to the person at the program, gathered in a window that is made with the first and destroyed
+    // with the file.
+
+    /// Adds a line.
+    void MeldungAusgeben(sv::String const& message);
+    [[nodiscard]] TextFenster* GetTextFenster();
+    /// Shows the messages, if there are any, waits until they are closed, and forgets them.
+    void MeldungenZeigen();
+
   private:
     [[nodiscard]] char Separator() const noexcept { return tabMode_ ? '\t' : ' '; }
 
@@ -144,6 +154,7 @@ class ASCIIFile {
     bool tabMode_;
     int version_ = 0;
     int precision_ = 5;
+    std::shared_ptr<TextFenster> messages_;
 };
 
 }  // namespace kv

@@ -1,6 +1,6 @@
 // The configuration of an application, of its user and of the whole suite, and what the application knows of
 // itself: where its files lie and what it is called. Each is a service that the application creates at its
-// start.
+// start. And the fonts of its windows.
 //
 // The operations on keys may be called by way of `Instance()` or of the class. Used before the creation they
 // report the null pointer through `Check::POINTER`, and so throw. An empty value is the same as no value. The
@@ -12,6 +12,7 @@
 #include "SV/core/Config.h"
 #include "SV/core/DirEntry.h"
 #include "SV/core/String.h"
+#include "SV/ui/Drawing.h"
 
 namespace kv {
 
@@ -145,6 +146,17 @@ class AppName : public KVSingleton {
     sv::String version_;
 
     static AppName* instance_;
+};
+
+/// The fonts of the suite's windows.
+class AppFonts {
+  public:
+    AppFonts() = delete;
+
+    /// All letters of one width, in the system's own size: for columns of text.
+    [[nodiscard]] static constexpr sv::Font GetFixedAppFont() noexcept {
+        return sv::Font(0, sv::FontPitch::Fixed);
+    }
 };
 
 }  // namespace kv

@@ -2,6 +2,7 @@
 
 #include "KVUtils/Source/frame/TextSegment.h"
 #include "KVUtils/Source/metrics/ColourNameTable.h"
+#include "SV/ui/VirtualDevice.h"
 
 #include <cmath>
 #include <cstdint>
@@ -73,6 +74,38 @@ sv::Color ColorConverter::SpectrumToColor(Spectrum const& spectrum) noexcept {
 
 sv::Color ColorConverter::ConvertSpectrumToColor(Spectrum const& spectrum) noexcept {
     return SpectrumToColor(spectrum);
+}
+
+sv::Brush ColorConverter::SpectrumToBrush(Spectrum const& spectrum) noexcept {
+    return sv::Brush(SpectrumToColor(spectrum));
+}
+
+sv::Brush ColorConverter::LabToBrush(LABVector const& lab) noexcept {
+    return sv::Brush(RGBToColor(RGBVector(lab)));
+}
+
+sv::Bitmap ColorConverter::SpectrumToBitmap(Spectrum const& spectrum, sv::Size const& size) {
+    return BuildBitmap(SpectrumToBrush(spectrum), size);
+}
+
+sv::Bitmap ColorConverter::LabToBitmap(LABVector const& lab, sv::Size const& size) {
+    return BuildBitmap(LabToBrush(lab), size);
+}
+
+sv::Bitmap ColorConverter::ColorToBitmap(sv::Color color, sv::Size const& size) {
+    return BuildBitmap(sv::Brush(color), size);
+}
+
+sv::Bitmap ColorConverter::BuildBitmap(sv::Brush const& brush, sv::Size const& size) {
+    sv::VirtualDevice device(size);
+    device.ChangeFillInBrush(brush);
+    device.ChangePen(sv::Pen(sv::ColorOf(sv::ColorName::Black), 1));
+    // A far corner at 0 stands for an area without extent.
+    int const right = size.Width() - 2;
+    int const bottom = size.Height() - 2;
+    if (right > 0 && bottom > 0)
+        device.DrawRect({{1, 1}, {static_cast<std::int16_t>(right), static_cast<std::int16_t>(bottom)}});
+    return device.GetBitmap({0, 0}, size);
 }
 
 sv::String ColorConverter::Farbzuordnung(Spectrum const& spectrum) {

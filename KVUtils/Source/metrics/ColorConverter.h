@@ -5,6 +5,8 @@
 #include "KVUtils/Source/metrics/RGBVector.h"
 #include "SV/core/Color.h"
 #include "SV/core/String.h"
+#include "SV/ui/Bitmap.h"
+#include "SV/ui/Drawing.h"
 
 namespace kv {
 
@@ -23,12 +25,28 @@ class ColorConverter {
     [[nodiscard]] static sv::Color SpectrumToColor(Spectrum const& spectrum) noexcept;
     [[nodiscard]] static sv::Color ConvertSpectrumToColor(Spectrum const& spectrum) noexcept;
 
+    // A solid brush of the colour.
+    [[nodiscard]] static sv::Brush SpectrumToBrush(Spectrum const& spectrum) noexcept;
+    [[nodiscard]] static sv::Brush LabToBrush(LABVector const& lab) noexcept;
+
+    /// The size of a swatch where none is given, in pixels.
+    static constexpr sv::Size SwatchSize{20, 20};
+    // A swatch of the colour: within a frame of white and one of black, a pixel each. White alone where there
+    // is room for the frames only.
+    [[nodiscard]] static sv::Bitmap SpectrumToBitmap(Spectrum const& spectrum,
+                                                     sv::Size const& size = SwatchSize);
+    [[nodiscard]] static sv::Bitmap LabToBitmap(LABVector const& lab, sv::Size const& size = SwatchSize);
+    [[nodiscard]] static sv::Bitmap ColorToBitmap(sv::Color color, sv::Size const& size = SwatchSize);
+
     /// The name of the colour in the language of the texts that are loaded; empty without the group.
     [[nodiscard]] static sv::String Farbzuordnung(Spectrum const& spectrum);
     [[nodiscard]] static sv::String Farbzuordnung(LABVector const& lab);
     /// The number of the colour's name: 13 to 15 for the neutrals from light to dark, 1 to 12 by hue, and 0
     /// for the hues near red and for what is not a number.
     [[nodiscard]] static FarbNummerType FarbNummer(LABVector const& lab) noexcept;
+
+  private:
+    [[nodiscard]] static sv::Bitmap BuildBitmap(sv::Brush const& brush, sv::Size const& size);
 };
 
 }  // namespace kv

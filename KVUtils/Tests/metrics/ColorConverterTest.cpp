@@ -98,5 +98,26 @@ TEST_F(ColorConverterTest, NamesStandInTheTexts) {
     EXPECT_EQ(ColorConverter::Farbzuordnung(Flat(1)), "name 13");
 }
 
+TEST(ColorConverter, Swatches) {
+    LABVector const lab = Lab(60, 40, 20);
+    sv::Color const color = ColorConverter::LabToBrush(lab).GetColor();
+    EXPECT_EQ(color, ColorConverter::RGBToColor(RGBVector(lab)));
+    EXPECT_EQ(ColorConverter::SpectrumToBrush(Flat(0.5F)),
+              sv::Brush(ColorConverter::SpectrumToColor(Flat(0.5F))));
+    sv::Bitmap const swatch = ColorConverter::LabToBitmap(lab, {12, 8});
+    EXPECT_EQ(swatch.GetSizePixel(), sv::Size(12, 8));
+    constexpr sv::BitmapPixel white(255, 255, 255);
+    for (auto const& [x, y, pixel] : Rows<int, int, sv::BitmapPixel>{{0, 0, white},
+                                                                     {11, 7, white},
+                                                                     {1, 1, {0, 0, 0}},
+                                                                     {10, 6, {0, 0, 0}},
+                                                                     {2, 2, sv::BitmapPixel(color)},
+                                                                     {9, 5, sv::BitmapPixel(color)}}) {
+        EXPECT_EQ(swatch.At(x, y), pixel) << x << ", " << y;
+    }
+    EXPECT_EQ(ColorConverter::ColorToBitmap(color, {2, 8}), sv::Bitmap(sv::Size(2, 8), white)) << "no room";
+    EXPECT_EQ(ColorConverter::SpectrumToBitmap(Flat(0.5F)).GetSizePixel(), ColorConverter::SwatchSize);
+}
+
 }  // namespace
 }  // namespace kv::test

@@ -1,0 +1,197 @@
+#include "KVUtils/Source/controls/KOBitmapButton.h"
+
+#include "KVUtils/Source/controls/KORVELBitmap.h"
+#include "KVUtils/Source/controls/WINDOWPL.h"
+#include "SV/core/Application.h"
+#include "SV/ui/Backend.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace kv {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr std::chrono::milliseconds BalloonDelay(800);
+
+// Pixels between the edge, the picture and the text; the fewer, the longer the text.
+constexpr int SmallestGap = 2;
+constexpr int LargestGap = 8;
+
+constexpr sv::Color GreyText(0x7000, 0x7000, 0x7000);
+
+constexpr sv::Point PointAt(int x, int y) noexcept {
+    return {static_cast<std::int16_t>(x), static_cast<std::int16_t>(y)};
+}
+
+bool IsInside(sv::Point point, sv::Size size) noexcept {
+    return sv::Rectangle({0, 0}, PointAt(size.Width() - 1, size.Height() - 1)).IsInside(point);
+}
+
+sv::Bitmap Greyed(sv::Bitmap const& bitmap) {
+    KORVELBitmap grey(bitmap);
+    grey.Inaktiv();
+    return grey;
+}
+
+}  // namespace
+
+KOBitmapButton::KOBitmapButton(sv::Window* parent, sv::Bitmap const& bitmap, sv::Point position,
+                               sv::Size size, long id, long flags, unsigned short style)
+    : KOBitmapButton(parent, bitmap, {}, position, size, id, flags, style) {}
+
+KOBitmapButton::KOBitmapButton(sv::Window* parent, sv::Bitmap const& bitmap, sv::String const& text,
+                               sv::Point position, sv::Size size, long id, long flags, unsigned short style,
+                               unsigned char /*unused*/)
+    : BitmapButton(parent, bitmap, style), face_(bitmap), inactive_(Greyed(bitmap)), flags_(flags), id_(id) {
+    SetText(text);
+    if (parent != nullptr) ChangeBackgroundBrush(parent->GetBackgroundBrush());
+    SetPosSizePixel(position, size);
+    Show();
+}
+
+KOBitmapButton::~KOBitmapButton() {
+    state_->isGone = true;
+    EndBalloon();
+}
+
+void KOBitmapButton::Enable(bool enable) {
+    BitmapButton::Enable(enable);
+    BitmapButton::ChangeBitmap(enable ? face_ : inactive_);
+}
+
+sv::Bitmap KOBitmapButton::ChangeBitmap(sv::Bitmap const& bitmap) {
+    inactive_ = Greyed(bitmap);
+    sv::Bitmap before = std::exchange(face_, bitmap);
+    BitmapButton::ChangeBitmap(IsEnabled() ? face_ : inactive_);
+    return before;
+}
+
+void KOBitmapButton::SetBalloonText(sv::String const& text) {
+    balloonText_ = text;
+    // A screen reader says the help where there is nothing else to say.
+    if (GetText().IsEmpty()) SetAccessibleName(text);
+}
+
+void KOBitmapButton::Paint(sv::Rectangle const& area) {
+    if (GetText().IsEmpty()) {
+        BitmapButton::Paint(area);
+        return;
+    }
+    sv::Size const size = GetSizePixel();
+    sv::Size const face = GetBitmap().GetSizePixel();
+    sv::String text = GetText();
+    text.Erase(text.Search('~'), 1);
+    sv::Size const label = GetTextSize(text);
+    int const gap = std::clamp((size.Width() - face.Width() - label.Width()) / 3, SmallestGap, LargestGap);
+    int const shift = PaintFrame() ? 1 : 0;
+    DrawBitmap(PointAt(gap + shift, (size.Height() - face.Height()) / 2 + shift), GetBitmap());
+    DrawLabel(PointAt(gap + face.Width() + gap + shift, (size.Height() - label.Height()) / 2 + shift));
+}
+
+// In pieces, so that the mnemonic can be underlined where it stands. The text is drawn anew at each painting
+// and not once into the picture: so it is as sharp as the screen is.
+void KOBitmapButton::DrawLabel(sv::Point corner) {
+    sv::Font font = GetFont();
+    sv::Font const before = font;
+    if (!IsEnabled()) font.ChangeColor(GreyText);
+    ChangeFont(font);
+    sv::String const& text = GetText();
+    sv::String const head = text.GetToken(0, '~');
+    if (!head.IsEmpty()) DrawText(corner, head);
+    if (std::size_t const behind = head.Len() + 1; behind < text.Len()) {
+        sv::String const letter = text.Copy(behind, 1);
+        corner.X() = static_cast<std::int16_t>(corner.X() + GetTextSize(head).Width());
+        sv::Size const size = GetTextSize(letter);
+        sv::Pen const pen = ChangePen(sv::Pen(font.GetColor()));
+        DrawLine(PointAt(corner.X(), corner.Y() + size.Height() - 1),
+                 PointAt(corner.X() + size.Width() - 1, corner.Y() + size.Height() - 1));
+        ChangePen(pen);
+        DrawText(corner, text.Copy(behind));
+    }
+    ChangeFont(before);
+}
+
+void KOBitmapButton::MouseMove(sv::MouseEvent const& event) {
+    BitmapButton::MouseMove(event);
+    bool const isInside = IsInside(event.GetPosPixel(), GetSizePixel());
+    // Before the wait: the pointer that leaves meanwhile takes the light away again.
+    LightUp(isInside);
+    if (isInside && (GetParent() == nullptr || GetParent()->IsEnabled())) {
+        CaptureMouse();
+        if (!balloonText_.IsEmpty() && BalloonWindow::IsBalloonActive() != 0) WaitForBalloon(event);
+    } else {
+        EndBalloon();
+        if (!event.IsLeft()) ReleaseMouse();
+    }
+}
+
+void KOBitmapButton::WaitForBalloon(sv::MouseEvent const& event) {
+    std::shared_ptr<State> const state = state_;
+    if (BalloonWindow::Exists() || state->isWaiting || GetParent() == nullptr) return;
+    state->isWaiting = true;
+    state->isWaitCancelled = false;
+    sv::Point const before = sv::detail::CurrentBackend().PointerPosition();
+    Clock::time_point const hoverStart = Clock::now();
+    while (!state->isWaitCancelled && Clock::now() - hoverStart < BalloonDelay) {
+        sv::Application::Reschedule();
+    }
+    state->isWaiting = false;
+    if (state->isGone || state->isWaitCancelled) return;
+    // The pointer may have left without an event, to a window of another program.
+    sv::Point const now = sv::detail::CurrentBackend().PointerPosition();
+    sv::Point const place = event.GetPosPixel();
+    if (!IsInside(PointAt(place.X() + now.X() - before.X(), place.Y() + now.Y() - before.Y()),
+                  GetSizePixel()))
+        return;
+    BalloonWindow* const balloon = BalloonWindow::CreateBalloonWindow(this, balloonText_);
+    balloon->ToTop();
+    balloon->Show();
+}
+
+void KOBitmapButton::EndBalloon() {
+    BalloonWindow::DeleteBalloonWindow();
+    state_->isWaitCancelled = true;
+}
+
+void KOBitmapButton::LightUp(bool isLit) {
+    sv::Brush brush = GetBackgroundBrush();
+    if (isLit) {
+        brush.ChangeColor(sv::ColorOf(sv::ColorName::Highlight));
+        brush.ChangeStyle(sv::BrushStyle::Solid);
+    } else if (GetParent() != nullptr) {
+        brush = GetParent()->GetBackgroundBrush();
+    }
+    if (ChangeBackgroundBrush(brush) != brush) Invalidate();
+}
+
+void KOBitmapButton::MouseButtonDown(sv::MouseEvent const& event) {
+    EndBalloon();
+    BitmapButton::MouseButtonDown(event);
+}
+
+void KOBitmapButton::LoseFocus() {
+    EndBalloon();
+    BitmapButton::LoseFocus();
+}
+
+void KOBitmapButton::Click() {
+    EndBalloon();
+    ReleaseMouse();
+    // With the mouse let go, nobody tells that the pointer leaves.
+    LightUp(false);
+    if (state_->isInClick) return;
+    struct Guard {
+        explicit Guard(std::shared_ptr<State> of) : state(std::move(of)) { state->isInClick = true; }
+        ~Guard() { state->isInClick = false; }
+        Guard(Guard const&) = delete;
+        Guard& operator=(Guard const&) = delete;
+        std::shared_ptr<State> state;
+    };
+    Guard const guard(state_);
+    BitmapButton::Click();
+}
+
+}  // namespace kv

@@ -1,0 +1,166 @@
+#include "KVUtils/Source/controls/NumEditor.h"
+
+#include "KVUtils/Source/controls/NumberLadder.h"
+#include "KVUtils/Source/controls/NumberText.h"
+
+#include <string>
+#include <utility>
+
+namespace kv {
+
+namespace {
+
+constexpr sv::Window::Style EditStyle = 257;
+constexpr sv::Window::Style SpinStyle = 16384;
+constexpr sv::Window::Style UnitStyle = 256;
+
+constexpr unsigned short LongestText = 38;
+constexpr double DefaultLimit = 1000000;
+
+// Pixels.
+constexpr int Frame = 10;
+constexpr int SpinWidth = 15;
+constexpr int UnitGap = 3;
+
+sv::Point RightOf(sv::Window const& window, int gap) {
+    return {static_cast<std::int16_t>(window.GetPosPixel().X() + window.GetSizePixel().Width() + gap),
+            window.GetPosPixel().Y()};
+}
+
+void Move(sv::Window& window, int dx, int dy) {
+    sv::Point const place = window.GetPosPixel();
+    window.ChangePosPixel(
+        {static_cast<std::int16_t>(place.X() + dx), static_cast<std::int16_t>(place.Y() + dy)});
+}
+
+}  // namespace
+
+NumEditor::NumEditor(sv::Window* parent, sv::Point pos, double value, double minimum, double maximum,
+                     int digits)
+    : Edit(parent, EditStyle),
+      spin_(parent, SpinStyle),
+      value_(value),
+      minimum_(minimum),
+      maximum_(maximum),
+      restore_(value),
+      unit_(parent, UnitStyle) {
+    initEditor(pos, digits);
+}
+
+NumEditor::NumEditor(sv::Window* parent, sv::Point pos, int digits)
+    : NumEditor(parent, pos, 0, -DefaultLimit, DefaultLimit, digits) {}
+
+void NumEditor::initEditor(sv::Point pos, int digits) {
+    ChangeMaxTextLen(LongestText);
+    sv::Size const zeros = SizeOfDigits(digits);
+    Edit::ChangePosPixel(pos);
+    ChangeSizePixel({static_cast<std::int16_t>(zeros.Width() + Frame),
+                     static_cast<std::int16_t>(zeros.Height() + Frame)});
+    Edit::Show(true);
+    spin_.SetPosSizePixel(RightOf(*this, 0), {SpinWidth, GetSizePixel().Height()});
+    spin_.Show();
+    spin_.ChangeUpHdl(sv::Link::To<&NumEditor::UpHdl>(*this));
+    spin_.ChangeDownHdl(sv::Link::To<&NumEditor::DownHdl>(*this));
+    unit_.ChangePosPixel(RightOf(spin_, UnitGap));
+    if (GetParent() != nullptr) unit_.ChangeBackgroundBrush(GetParent()->GetBackgroundBrush());
+    ChangeLoseFocusHdl(sv::Link::To<&NumEditor::LooseFocusHdl>(*this));
+    ChangeModifyHdl(sv::Link::To<&NumEditor::ModifyHdl>(*this));
+    NumEditor::showAktValue();
+}
+
+sv::Size NumEditor::SizeOfDigits(int digits) const {
+    return GetTextSize(std::string(static_cast<std::size_t>(digits > 0 ? digits : 0), '0'));
+}
+
+void NumEditor::getRange(double& min, double& max) const noexcept {
+    min = minimum_;
+    max = maximum_;
+}
+
+void NumEditor::setValue(double value) {
+    if (value == value_) return;
+    value_ = restore_ = value;
+    showAktValue();
+}
+
+void NumEditor::setRange(double minimum, double maximum) noexcept {
+    minimum_ = minimum;
+    maximum_ = maximum;
+}
+
+void NumEditor::setUnit(sv::String const& unit) {
+    unit_.SetText(unit);
+    unit_.ChangeSizePixel(unit_.GetTextSize(unit));
+    unit_.Show();
+}
+
+sv::Link NumEditor::ChangeValueChangedHdl(sv::Link const& link) noexcept {
+    return std::exchange(valueChanged_, link);
+}
+
+sv::Point NumEditor::ChangePosPixel(sv::Point position) {
+    sv::Point const before = Edit::ChangePosPixel(position);
+    for (sv::Window* const part : {static_cast<sv::Window*>(&spin_), static_cast<sv::Window*>(&unit_)}) {
+        Move(*part, position.X() - before.X(), position.Y() - before.Y());
+    }
+    return before;
+}
+
+void NumEditor::Show(bool visible) {
+    Edit::Show(visible);
+    spin_.Show(visible);
+    if (!visible || !unit_.GetText().IsEmpty()) unit_.Show(visible);
+}
+
+void NumEditor::Enable(bool enable) {
+    Edit::Enable(enable);
+    spin_.Enable(enable);
+}
+
+void NumEditor::ToTop() {
+    Edit::ToTop();
+    spin_.ToTop();
+}
+
+sv::String NumEditor::myString(double value) const { return detail::ShownNumber(value, resolution_); }
+
+void NumEditor::showAktValue() { SetText(myString(value_)); }
+
+long NumEditor::ModifyHdl(Edit* /*sender*/) {
+    isModified_ = true;
+    if (auto const number = detail::TypedNumber(detail::ReadNumber(GetText()), minimum_, maximum_)) {
+        value_ = *number;
+        valueChanged();
+    }
+    return 0;
+}
+
+long NumEditor::LooseFocusHdl(Edit* /*sender*/) {
+    if (!isModified_) return 0;
+    value_ = detail::LeftNumber(detail::ReadNumber(GetText()), minimum_, maximum_, restore_);
+    showAktValue();
+    isModified_ = false;
+    valueChanged();
+    return 0;
+}
+
+void NumEditor::ChangeNumber(unsigned char up) {
+    auto const direction = up != 0 ? detail::StepDirection::Up : detail::StepDirection::Down;
+    double const next = isInteger_ ? detail::NextInteger(value_, direction)
+                                   : detail::NextOnLadder(value_, direction, minimalStep_);
+    value_ = detail::ClampStep(next, minimum_, maximum_);
+    showAktValue();
+    valueChanged();
+}
+
+long NumEditor::UpHdl(sv::SpinButton* /*sender*/) {
+    if (!isStopped_) ChangeNumber(1);
+    return 0;
+}
+
+long NumEditor::DownHdl(sv::SpinButton* /*sender*/) {
+    if (!isStopped_) ChangeNumber(0);
+    return 0;
+}
+
+}  // namespace kv

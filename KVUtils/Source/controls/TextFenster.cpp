@@ -1,0 +1,147 @@
+#include "KVUtils/Source/controls/TextFenster.h"
+
+#include "KVUtils/Source/controls/WINDOWPL.h"
+#include "KVUtils/Source/frame/APPSETTI.h"
+#include "SV/core/Application.h"
+#include "SV/core/Boxes.h"
+#include "SV/core/NativePath.h"
+#include "SV/ui/Backend.h"
+
+#include <fstream>
+#include <memory>
+#include <string>
+
+namespace kv {
+
+namespace {
+
+constexpr sv::Window::Style DialogStyle = 36;
+constexpr sv::Window::Style ListStyle = 16389;
+constexpr long Cascade = 4;
+constexpr long CloseButton = 1;
+constexpr std::size_t LongestLine = 1000;
+
+// Pixels.
+constexpr sv::Size ButtonExtent(120, 30);
+constexpr sv::Point ButtonGap(50, 0);
+constexpr int BelowList = 50;
+constexpr int BelowBar = 11;
+constexpr int CoutWidth = 600;
+constexpr int CoutHeight = 440;
+
+std::unique_ptr<TextFenster>& StandardOutput() {
+    // Not destroyed at the end of the process, when its window system has gone.
+    static auto& window = *new std::unique_ptr<TextFenster>;
+    return window;
+}
+
+}  // namespace
+
+TextFenster::TextFenster(sv::Window* parent, sv::String const& title, int width, int height)
+    : ModelessDialog(parent, DialogStyle),
+      list_(this, ListStyle),
+      buttonBar_(this, {}, ButtonExtent, 1, ButtonGap) {
+    buttonBar_.AddButton(sv::Link::To<&TextFenster::SchliessenHdl>(*this), CloseButton, 0);
+    SetText(title);
+    ChangeSizePixel({static_cast<std::int16_t>(width), static_cast<std::int16_t>(height)});
+    TextFenster::Resize();
+    if (parent != nullptr) WindowPlacer(parent, this, Cascade);
+    list_.ChangeFont(AppFonts::GetFixedAppFont());
+    list_.Show();
+    list_.GrabFocus();
+}
+
+void TextFenster::Resize() {
+    int const width = GetSizePixel().Width();
+    int const height = GetSizePixel().Height();
+    list_.SetPosSizePixel({0, 0}, {GetSizePixel().Width(), static_cast<std::int16_t>(height - BelowList)});
+    sv::Rectangle const bar = buttonBar_.GetBarPosSizePixel();
+    int const barWidth = bar.BottomRight().X() - bar.TopLeft().X() + 1;
+    int const barHeight = bar.BottomRight().Y() - bar.TopLeft().Y() + 1;
+    buttonBar_.ChangePosPixel({static_cast<std::int16_t>((width - barWidth) / 2),
+                               static_cast<std::int16_t>(height - barHeight - BelowBar)});
+}
+
+void TextFenster::AddLine(sv::String const& line) {
+    list_.InsertEntry(line);
+    list_.SelectEntryPos(static_cast<unsigned short>(list_.GetEntryCount() - 1));
+    list_.SelectEntryPos(sv::ListBox::End);
+}
+
+unsigned char TextFenster::IsEmpty() const { return list_.GetEntryCount() == 0 ? 1 : 0; }
+
+void TextFenster::Clear() { list_.Clear(); }
+
+void TextFenster::DateiAnzeigen(sv::String const& fileName) {
+    SetText(GetText() + fileName);
+    std::ifstream file(sv::FilePath(fileName));
+    if (!file) {
+        sv::ErrorBox(this, sv::WB_OK, sv::String("Could not open ") + fileName).Execute();
+        return;
+    }
+    list_.SetUpdateMode(false);
+    for (std::string line; std::getline(file, line);) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        std::string_view rest = line;
+        do {
+            AddLine(rest.substr(0, LongestLine));
+            rest.remove_prefix(std::min(rest.size(), LongestLine));
+        } while (!rest.empty());
+    }
+    list_.SelectEntryPos(0);
+    list_.SetUpdateMode(true);
+    isClosed_ = 0;
+}
+
+void TextFenster::AnzeigenUndWarten(unsigned char evenIfEmpty) {
+    isClosed_ = 0;
+    if (IsEmpty() != 0 && evenIfEmpty == 0) return;
+    Show();
+    // A turn of the loop waits by itself where nothing happens.
+    while (isClosed_ == 0 && sv::detail::CurrentBackend().HasDisplay()) sv::Application::Reschedule();
+}
+
+TextFenster& TextFenster::operator<<(sv::String const& text) {
+    std::string_view rest = text.View();
+    for (std::size_t end = rest.find('\n'); end != std::string_view::npos; end = rest.find('\n')) {
+        AddLine(std::exchange(Pending(), {}) + rest.substr(0, end));
+        rest.remove_prefix(end + 1);
+    }
+    Pending() += rest;
+    if (!IsVisible()) Show();
+    return *this;
+}
+
+unsigned char TextFenster::CopyToFile(std::FILE* file) const {
+    for (unsigned short i = 0; i < list_.GetEntryCount(); ++i) {
+        std::fputs(list_.GetEntry(i).GetStr(), file);
+        std::fputc('\n', file);
+    }
+    return 1;
+}
+
+void TextFenster::CreateCout() {
+    StandardOutput() =
+        std::make_unique<TextFenster>(nullptr, "Standard Ausgabe (cout)", CoutWidth, CoutHeight);
+}
+
+void TextFenster::DeleteCout() { StandardOutput().reset(); }
+
+TextFenster* TextFenster::GetCout() noexcept { return StandardOutput().get(); }
+
+sv::String& TextFenster::Pending() {
+    static sv::String pending;
+    return pending;
+}
+
+void TextFenster::WasClosed() {
+    ModelessDialog::WasClosed();
+    isClosed_ = 1;
+}
+
+long TextFenster::SchliessenHdl(KOBitmapButton* /*sender*/) {
+    isClosed_ = 1;
+    return 0;
+}
+
+}  // namespace kv
