@@ -1,5 +1,6 @@
 #include "KVUtils/Source/plots/PlotWindow.h"
 #include "KVUtils/Tests/plots/PlotRecord.h"
+#include "SV/core/International.h"
 
 #include <gtest/gtest.h>
 
@@ -31,9 +32,17 @@ TEST_F(PlotWindowTest, WritesLabelsAtMajorTicksAndTheTitles) {
     plot.ChangeXAxisData(AxisData(400, 700, 100, 4));
     plot.ChangeYAxisData(AxisData(0, 1, 0.5F, 4));
     // A letter is 7 pixels wide.
+    std::string const point(1, sv::International::GetNumDecimalSep());
     std::vector<std::string> const expected = {
-        "text 30,2 400",  "text 63,2 500",  "text 96,2 600",   "text 130,2 700", "text 148,15 nm",
-        "text 11,12 0.0", "text 11,62 0.5", "text 11,112 1.0", "text 37,123 R",
+        "text 30,2 400",
+        "text 63,2 500",
+        "text 96,2 600",
+        "text 130,2 700",
+        "text 148,15 nm",
+        "text 11,12 0" + point + "0",
+        "text 11,62 0" + point + "5",
+        "text 11,112 1" + point + "0",
+        "text 37,123 R",
     };
     EXPECT_EQ(Drawn(plot), expected);
 }
