@@ -15,7 +15,9 @@ TEST(StandardButtons, AreSingleBitsWithABitmap) {
         EXPECT_EQ(seen & button.id, 0) << button.id;
         seen |= button.id;
         EXPECT_EQ(BitmapFile(button.bitmapRecord), button.bitmapFile);
-        EXPECT_EQ(FindStandardButton(button.id), &button);
+        StandardButton const* const found = FindStandardButton(button.id);
+        ASSERT_NE(found, nullptr) << button.id;
+        EXPECT_EQ(found->bitmapRecord, button.bitmapRecord);
     }
     EXPECT_EQ(seen, 0x1FFFFFF);
     for (long const id : {0L, 3L, 0x2000000L, -1L}) EXPECT_EQ(FindStandardButton(id), nullptr) << id;
