@@ -39,8 +39,9 @@ double LadderValue(int index) noexcept {
     int const rung = index - decade * RungsPerDecade;
     // Only the reading of a decimal number rounds correctly at every power of ten.
     std::array<char, 24> text{};
+    constexpr std::size_t Digits = 8;  // more than a rung has
     char* end =
-        std::to_chars(text.data(), text.data() + text.size(), Hundredths[static_cast<std::size_t>(rung)]).ptr;
+        std::to_chars(text.data(), text.data() + Digits, Hundredths[static_cast<std::size_t>(rung)]).ptr;
     *end++ = 'e';
     end = std::to_chars(end, text.data() + text.size(), decade - 2).ptr;
     double value = 0;
