@@ -1,7 +1,7 @@
 #include "Apps/HQMSERV/Clients.h"
 
 #include "Apps/measurements/ServerProbe.h"
-#include "KVUtils/Source/messaging/MessageTable.h"
+#include "KVUtils/Source/messaging/MessageWire.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 #include "SV/core/Application.h"
 
@@ -13,13 +13,9 @@ namespace hqmserv {
 
 namespace {
 
-bool Is(kv::KORVELEvent const& event, int message) {
-    return event.GetCommandName() == kv::MessageTable[static_cast<std::size_t>(message)].name;
-}
-
 /// Hands the office a message as if the client had sent it.
 void SayFor(sv::String const& client, int message) {
-    kv::KORVELEvent event({}, client, kv::MessageTable[static_cast<std::size_t>(message)].name);
+    kv::KORVELEvent event({}, client, kv::detail::NameOfMessage(message));
     kv::PostOffice::Instance()->CommunicationReceiveFunction(event);
 }
 
@@ -66,16 +62,17 @@ bool Clients::IsLockedByOther(Client const& client) const {
 
 bool Clients::Note(kv::KORVELEvent const& event) {
     sv::String const sender = event.GetSender();
-    if (Is(event, kv::CONNECT)) {
+    int const message = kv::detail::NumberOfMessage(event.GetCommandName());
+    if (message == kv::CONNECT) {
         Add(sender);
         return true;
     }
-    bool const isFarewell = Is(event, kv::DISCONNECT);
+    bool const isFarewell = message == kv::DISCONNECT;
     if (isFarewell && std::erase(buried_, sender) > 0) return false;
     auto const client = std::ranges::find(clients_, sender, &Client::name);
     if (client == clients_.end()) return true;
-    if (Is(event, kv::LOCK) && !IsLockedByOther(*client)) ++client->locks;
-    if (Is(event, kv::UNLOCK) && client->locks > 0) --client->locks;
+    if (message == kv::LOCK && !IsLockedByOther(*client)) ++client->locks;
+    if (message == kv::UNLOCK && client->locks > 0) --client->locks;
     if (isFarewell && --client->connects == 0) Forget(sender);
     return true;
 }

@@ -177,7 +177,7 @@ long Server::TriggerHdl(Event* event) {
 // In place of the office's own handler, which would show a box when a client died before its answer.
 long Server::ProtocolHdl(Event* event) {
     sv::String const sender = event->GetSender();
-    if (event->GetCommandName() == kv::MessageTable[kv::DISCONNECT].name) std::erase(listeners_, sender);
+    if (kv::PostOffice::NumberOfCommand(*event) == kv::DISCONNECT) std::erase(listeners_, sender);
     return clients_.IsDead(sender) ? 0 : Answer(event);
 }
 

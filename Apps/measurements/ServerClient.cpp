@@ -3,7 +3,7 @@
 #include "Apps/measurements/ServerProbe.h"
 #include "Apps/measurements/SuiteText.h"
 #include "KVUtils/Source/frame/Language.h"
-#include "KVUtils/Source/messaging/MessageTable.h"
+#include "KVUtils/Source/messaging/MessageWire.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 #include "SV/core/Application.h"
 
@@ -22,10 +22,6 @@ constexpr auto TimeToStart = 3s;
 constexpr auto TimeToAnswer = 2s;
 
 constexpr unsigned char ProtocolVersion = 3;  // the one that sends a language
-
-std::string NameOf(int message) { return kv::MessageTable[static_cast<std::size_t>(message)].name; }
-
-std::string AnswerTo(int message) { return "ANSWER!" + NameOf(message); }
 
 std::string Seconds(std::chrono::milliseconds time) { return std::to_string(time.count() / 1000) + " s"; }
 
@@ -68,13 +64,11 @@ void ServerClient::TakeLeave() noexcept {
 }
 
 void ServerClient::Receive(kv::KORVELEvent& event) {
-    std::string const name(event.GetCommandName().View());
-    if (theClient_ != nullptr) {
-        if (name == theClient_->awaited_) {
-            theClient_->answer_ = event.GetData();
-            theClient_->awaited_.clear();
-            return;
-        }
+    if (theClient_ != nullptr && kv::detail::NumberOfMessage(event.GetCommandName()) ==
+                                     theClient_->awaited_ + kv::detail::AnswerOffset) {
+        theClient_->answer_ = event.GetData();
+        theClient_->awaited_ = Nothing;
+        return;
     }
     kv::PostOffice::Instance()->CommunicationReceiveFunction(event);
 }
@@ -83,7 +77,7 @@ bool ServerClient::Send(int message, kv::MyMemoryBlock data) {
     sv::String target(ServerNumber);
     sv::String name(message);
     answer_.reset();
-    awaited_ = AnswerTo(message);
+    awaited_ = message;
     return kv::PostOffice::Instance()->Send(target, name, data) != 0;
 }
 
@@ -126,7 +120,8 @@ bool ServerClient::IsAnsweredBy(Clock::time_point end) {
 
 kv::MyMemoryBlock ServerClient::WaitForAnswer(int message) {
     if (!IsAnsweredBy(Clock::now() + settings_.patience)) {
-        throw ServerError("the measuring server did not answer " + NameOf(message) + " within " +
+        throw ServerError("the measuring server did not answer " +
+                          std::string(kv::detail::NameOfMessage(message).View()) + " within " +
                           Seconds(settings_.patience));
     }
     return *std::exchange(answer_, std::nullopt);

@@ -73,7 +73,8 @@ class ServerClient {
     Settings settings_;
     int connects_ = 0;
     bool isLocked_ = false;
-    std::string awaited_;  // the name of an answer
+    static constexpr int Nothing = -1;
+    int awaited_ = Nothing;  // the message whose answer is waited for
     std::optional<kv::MyMemoryBlock> answer_;
 
     static ServerClient* theClient_;

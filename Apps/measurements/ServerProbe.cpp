@@ -1,10 +1,10 @@
 #include "Apps/measurements/ServerProbe.h"
 
+#include "KVUtils/Source/messaging/DDE.h"
+
 namespace measurements {
 
 namespace {
-
-constexpr char ServiceOfTheSuite[] = "KORVELApplication";
 
 platform::HDDEDATA AcceptNothing(unsigned, unsigned, platform::HCONV, platform::HSZ, platform::HSZ,
                                  platform::HDDEDATA, std::uintptr_t, std::uintptr_t) {
@@ -17,7 +17,7 @@ platform::HCONV Converse(std::uint32_t instance, std::string const& name) {
     auto const handle = [instance](char const* text) {
         return platform::DdeCreateStringHandleA(instance, text, platform::CP_WINANSI);
     };
-    platform::HSZ const service = handle(ServiceOfTheSuite);
+    platform::HSZ const service = handle(kv::DDE::ServiceName);
     platform::HSZ const topic = handle(name.c_str());
     platform::HCONV const conversation = platform::DdeConnect(instance, service, topic, nullptr);
     platform::DdeFreeStringHandle(instance, topic);

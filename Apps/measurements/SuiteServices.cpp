@@ -4,6 +4,7 @@
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 #include "Platform/CommandLine.h"
+#include "Platform/UserFolders.h"
 #include "SV/core/Application.h"
 #include "SV/core/NativePath.h"
 
@@ -12,29 +13,12 @@
 
 namespace measurements {
 
-namespace {
-
-namespace fs = std::filesystem;
-
-fs::path FromVariable(char const* name) {
-    char const* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): nothing sets one
-    return value == nullptr ? fs::path() : fs::path(value);
-}
-
-fs::path SettingsFolder() {
-#ifdef _WIN32
-    return FromVariable("APPDATA");
-#else
-    fs::path const folder = FromVariable("XDG_CONFIG_HOME");
-    return folder.empty() ? FromVariable("HOME") / ".config" : folder;
-#endif
-}
-
-}  // namespace
-
 std::string SuiteIniFile() {
-    fs::path const named = FromVariable("KORVEL_INI");
-    std::u8string const path = (named.empty() ? SettingsFolder() / "KORVEL.INI" : named).u8string();
+    char const* const named = std::getenv("KORVEL_INI");  // NOLINT(concurrency-mt-unsafe): nothing sets it
+    std::filesystem::path const file = named != nullptr && *named != '\0'
+                                           ? std::filesystem::path(named)
+                                           : platform::SettingsFolder() / "KORVEL.INI";
+    std::u8string const path = file.u8string();
     return {path.begin(), path.end()};
 }
 

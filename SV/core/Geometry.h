@@ -1,4 +1,5 @@
 // Point, Size and Rectangle: whole pixels or logical units, 16 bits and signed, as plots and layouts count.
+// What is computed beyond that wraps round.
 #pragma once
 
 #include <cstdint>
@@ -8,13 +9,20 @@ namespace sv {
 class Point {
   public:
     constexpr Point() noexcept = default;
-    constexpr Point(std::int16_t x, std::int16_t y) noexcept : x_(x), y_(y) {}
+    constexpr Point(int x, int y) noexcept
+        : x_(static_cast<std::int16_t>(x)), y_(static_cast<std::int16_t>(y)) {}
 
     [[nodiscard]] constexpr std::int16_t X() const noexcept { return x_; }
     [[nodiscard]] constexpr std::int16_t Y() const noexcept { return y_; }
     [[nodiscard]] constexpr std::int16_t& X() noexcept { return x_; }
     [[nodiscard]] constexpr std::int16_t& Y() noexcept { return y_; }
 
+    [[nodiscard]] friend constexpr Point operator+(Point a, Point b) noexcept {
+        return {a.x_ + b.x_, a.y_ + b.y_};
+    }
+    [[nodiscard]] friend constexpr Point operator-(Point a, Point b) noexcept {
+        return {a.x_ - b.x_, a.y_ - b.y_};
+    }
     friend constexpr bool operator==(Point const&, Point const&) noexcept = default;
 
   private:
@@ -25,7 +33,8 @@ class Point {
 class Size {
   public:
     constexpr Size() noexcept = default;
-    constexpr Size(std::int16_t width, std::int16_t height) noexcept : width_(width), height_(height) {}
+    constexpr Size(int width, int height) noexcept
+        : width_(static_cast<std::int16_t>(width)), height_(static_cast<std::int16_t>(height)) {}
 
     [[nodiscard]] constexpr std::int16_t Width() const noexcept { return width_; }
     [[nodiscard]] constexpr std::int16_t Height() const noexcept { return height_; }
@@ -45,9 +54,17 @@ class Rectangle {
     constexpr Rectangle() noexcept = default;
     constexpr Rectangle(Point topLeft, Point bottomRight) noexcept
         : topLeft_(topLeft), bottomRight_(bottomRight) {}
+    /// So many pixels from the corner on.
+    [[nodiscard]] static constexpr Rectangle Of(Point topLeft, Size size) noexcept {
+        return {topLeft, topLeft + Point(size.Width() - 1, size.Height() - 1)};
+    }
 
     [[nodiscard]] constexpr Point TopLeft() const noexcept { return topLeft_; }
     [[nodiscard]] constexpr Point BottomRight() const noexcept { return bottomRight_; }
+    /// How many pixels it has across and down.
+    [[nodiscard]] constexpr Size GetSize() const noexcept {
+        return {bottomRight_.X() - topLeft_.X() + 1, bottomRight_.Y() - topLeft_.Y() + 1};
+    }
 
     /// Whether the point lies in the area or on its edge.
     [[nodiscard]] constexpr bool IsInside(Point point) const noexcept {

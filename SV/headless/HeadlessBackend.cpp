@@ -38,15 +38,15 @@ class HeadlessPeer final : public detail::WindowPeer {
     void SetAccessibleName(String const& /*name*/) override {}
     void SetMaxTextLen(unsigned short /*length*/) override {}
     void SetReadOnly(bool /*readOnly*/) override {}
-    void SetEntries(std::span<String const> /*entries*/, int /*selected*/) override { isInvalid_ = true; }
+    void InsertEntry(String const& /*entry*/, int /*position*/) override { isInvalid_ = true; }
+    void ClearEntries() override { isInvalid_ = true; }
+    void SelectEntry(int /*position*/) override { isInvalid_ = true; }
     void SetChecked(bool /*checked*/) override { isInvalid_ = true; }
 
     RecordingCanvas const& Paint() {
         canvas_.Restart(size_);
         window_.Erase();
-        Point const end(static_cast<std::int16_t>(size_.Width() - 1),
-                        static_cast<std::int16_t>(size_.Height() - 1));
-        window_.Paint({Point(), end});
+        window_.Paint(window_.GetArea());
         isInvalid_ = false;
         return canvas_;
     }

@@ -67,7 +67,7 @@ bool IsInside(int x, int y, int width, int height, Size rounding) noexcept {
 Size LetterSize(Font const& font) noexcept {
     int const height = font.GetHeight() == 0 ? SystemFontHeight : font.GetHeight();
     int const width = height * 7 / 16 + (font.GetWeight() == FontWeight::Bold ? 1 : 0);
-    return {static_cast<std::int16_t>(width), static_cast<std::int16_t>(height)};
+    return {width, height};
 }
 
 void RecordingCanvas::Line(Point from, Point to, Pen const& pen) {
@@ -80,8 +80,8 @@ void RecordingCanvas::Rect(Rectangle const& area, Size rounding, Pen const& pen,
     Point const b = area.BottomRight();
     calls_.push_back(
         {.kind = DrawKind::Rect, .from = a, .to = b, .pen = pen, .brush = brush, .rounding = rounding});
-    int const width = b.X() - a.X() + 1;
-    int const height = b.Y() - a.Y() + 1;
+    int const width = area.GetSize().Width();
+    int const height = area.GetSize().Height();
     auto const isInside = [&](int x, int y) {
         return x >= 0 && y >= 0 && x < width && y < height && IsInside(x, y, width, height, rounding);
     };
@@ -113,10 +113,8 @@ void RecordingCanvas::Text(Point topLeft, String const& text, Font const& font) 
 }
 
 void RecordingCanvas::Image(Point topLeft, Bitmap const& bitmap) {
-    Size const size = bitmap.GetSizePixel();
-    Point const end(static_cast<std::int16_t>(topLeft.X() + size.Width() - 1),
-                    static_cast<std::int16_t>(topLeft.Y() + size.Height() - 1));
-    calls_.push_back({.kind = DrawKind::Image, .from = topLeft, .to = end});
+    Rectangle const area = Rectangle::Of(topLeft, bitmap.GetSizePixel());
+    calls_.push_back({.kind = DrawKind::Image, .from = topLeft, .to = area.BottomRight()});
     pixels_.Paste(topLeft.X(), topLeft.Y(), bitmap);
 }
 
@@ -131,15 +129,12 @@ void RecordingCanvas::Clear(Color color) {
 }
 
 Bitmap RecordingCanvas::Copy(Rectangle const& area) const {
-    Point const a = area.TopLeft();
-    Point const b = area.BottomRight();
-    return pixels_.Cut(
-        a, {static_cast<std::int16_t>(b.X() - a.X() + 1), static_cast<std::int16_t>(b.Y() - a.Y() + 1)});
+    return pixels_.Cut(area.TopLeft(), area.GetSize());
 }
 
 Size RecordingCanvas::TextSize(String const& text, Font const& font) const {
     Size const letter = LetterSize(font);
-    return {static_cast<std::int16_t>(letter.Width() * static_cast<int>(text.Len())), letter.Height()};
+    return {letter.Width() * static_cast<int>(text.Len()), letter.Height()};
 }
 
 void RecordingCanvas::Restart(Size size) {

@@ -2,6 +2,7 @@
 #include "SV/qt/QtText.h"
 #include "SV/qt/QtWindow.h"
 #include "SV/ui/Controls.h"
+#include "SV/ui/Styles.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -16,14 +17,10 @@ namespace {
 
 using detail::WindowKind;
 
-/// The style bit of the button that Return presses in a dialog.
-constexpr Window::Style DefaultButton = 0x100;
-
-std::int16_t ToPixel(int value) noexcept { return static_cast<std::int16_t>(value); }
+Point ToPoint(QPoint place) noexcept { return {place.x(), place.y()}; }
 
 MouseEvent ToMouseEvent(QMouseEvent const& event) {
-    QPoint const place = event.position().toPoint();
-    return MouseEvent({ToPixel(place.x()), ToPixel(place.y())}, event.buttons().testFlag(Qt::LeftButton));
+    return MouseEvent(ToPoint(event.position().toPoint()), event.buttons().testFlag(Qt::LeftButton));
 }
 
 /// Keyboard, focus and a role for screen readers; the program does the rest.
@@ -40,7 +37,7 @@ Button* FindDefaultButton(Window const& window) {
     for (Window* const child : window.GetChildren()) {
         if (!child->IsVisible() || !child->IsEnabled()) continue;
         auto* const button = dynamic_cast<Button*>(child);
-        if (button != nullptr && (button->GetStyle() & DefaultButton) != 0) return button;
+        if (button != nullptr && (button->GetStyle() & StyleBitDefaultButton) != 0) return button;
         if (Button* const inside = FindDefaultButton(*child)) return inside;
     }
     return nullptr;
@@ -88,10 +85,9 @@ class QtArea : public QtWindow {
     void Paint() {
         QPainter painter(&Widget());
         QtCanvas::Scope const scope(GetQtCanvas(), painter, Widget().size());
-        Point const end(ToPixel(Widget().width() - 1), ToPixel(Widget().height() - 1));
         Call([&] {
             GetWindow().Erase();
-            GetWindow().Paint({Point(), end});
+            GetWindow().Paint(GetWindow().GetArea());
         });
     }
 
@@ -102,15 +98,13 @@ class QtArea : public QtWindow {
     /// Tells the captor that the pointer has left the program's windows, over which it is told anyway.
     void TellPointer() {
         if (QApplication::widgetAt(QCursor::pos()) != nullptr) return;
-        QPoint const place = Widget().mapFromGlobal(QCursor::pos());
-        Tell(&Window::MouseMove, MouseEvent({ToPixel(place.x()), ToPixel(place.y())}));
+        Tell(&Window::MouseMove, MouseEvent(ToPoint(Widget().mapFromGlobal(QCursor::pos()))));
     }
 
     void TellPlace() {
         if (!Widget().isWindow()) return;
-        QPoint const place = Widget().pos();
-        Size const size(ToPixel(Widget().width()), ToPixel(Widget().height()));
-        Call([&] { GetWindow().WasPlaced({ToPixel(place.x()), ToPixel(place.y())}, size); });
+        Size const size(Widget().width(), Widget().height());
+        Call([&] { GetWindow().WasPlaced(ToPoint(Widget().pos()), size); });
     }
 };
 

@@ -91,11 +91,11 @@ class QtBackend::Impl final : public detail::Backend {
     [[nodiscard]] bool HasDisplay() const noexcept override { return true; }
     [[nodiscard]] Size ScreenSize() const override {
         QSize const size = QApplication::primaryScreen()->size();
-        return {static_cast<std::int16_t>(size.width()), static_cast<std::int16_t>(size.height())};
+        return {size.width(), size.height()};
     }
     [[nodiscard]] Point PointerPosition() const override {
         QPoint const place = QCursor::pos();
-        return {static_cast<std::int16_t>(place.x()), static_cast<std::int16_t>(place.y())};
+        return {place.x(), place.y()};
     }
 
   private:

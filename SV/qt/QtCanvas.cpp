@@ -50,7 +50,7 @@ QFont WithLineHeight(QFont font, int height) {
 
 Bitmap BitmapOf(QImage const& image) {
     QImage const pixels = image.convertToFormat(QImage::Format_RGBA8888);
-    Bitmap bitmap(Size(static_cast<std::int16_t>(image.width()), static_cast<std::int16_t>(image.height())));
+    Bitmap bitmap(Size(image.width(), image.height()));
     for (int y = 0; y < pixels.height(); ++y) {
         uchar const* pixel = pixels.constScanLine(y);
         for (int x = 0; x < pixels.width(); ++x, pixel += 4)
@@ -151,7 +151,12 @@ void QtCanvas::Text(Point topLeft, String const& text, Font const& font) {
 }
 
 void QtCanvas::Image(Point topLeft, Bitmap const& bitmap) {
-    if (painter_ != nullptr) painter_->drawImage(QPoint(topLeft.X(), topLeft.Y()), ToQt(bitmap));
+    if (painter_ == nullptr) return;
+    bool const isDense = painter_->device()->devicePixelRatioF() > 1;
+    Bitmap const* const fine = isDense ? bitmap.GetFine() : nullptr;
+    painter_->setRenderHint(QPainter::SmoothPixmapTransform, fine != nullptr);
+    painter_->drawImage(AreaOf(Rectangle::Of(topLeft, bitmap.GetSizePixel())),
+                        ToQt(fine != nullptr ? *fine : bitmap));
 }
 
 void QtCanvas::Pixel(Point place, Color color) {
@@ -162,16 +167,12 @@ void QtCanvas::Clear(Color color) {
     if (painter_ != nullptr) painter_->fillRect(QRect(QPoint(), size_), ToQt(color));
 }
 
-Bitmap QtCanvas::Copy(Rectangle const& area) const {
-    QRect const wanted = AreaOf(area);
-    return Bitmap(Size(static_cast<std::int16_t>(wanted.width()), static_cast<std::int16_t>(wanted.height())),
-                  BitmapPixel(0, 0, 0, 0));
-}
+Bitmap QtCanvas::Copy(Rectangle const& area) const { return Bitmap(area.GetSize(), BitmapPixel(0, 0, 0, 0)); }
 
 Size QtCanvas::TextSize(String const& text, Font const& font) const {
     QFontMetricsF const metrics(ToQt(font));
-    return {static_cast<std::int16_t>(std::ceil(metrics.horizontalAdvance(ToQt(text)))),
-            static_cast<std::int16_t>(std::ceil(metrics.height()))};
+    return {static_cast<int>(std::ceil(metrics.horizontalAdvance(ToQt(text)))),
+            static_cast<int>(std::ceil(metrics.height()))};
 }
 
 QtSurface::QtSurface(Size size)

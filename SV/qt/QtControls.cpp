@@ -1,6 +1,7 @@
 // The controls that Qt draws.
 #include "SV/qt/QtText.h"
 #include "SV/qt/QtWindow.h"
+#include "SV/ui/Styles.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -24,8 +25,6 @@ namespace {
 
 using detail::WindowKind;
 
-/// The style bit of a text that stands at the right.
-constexpr Window::Style AlignRight = 0x400;
 /// What Qt takes for no limit of a line's length.
 constexpr int NoLimit = 32767;
 
@@ -157,7 +156,7 @@ class QtFixedText final : public QtControl<QLabel> {
   public:
     QtFixedText(Window& window, QWidget* parent) : QtControl(window, parent) {
         Control().setTextFormat(Qt::PlainText);
-        bool const isRight = (window.GetStyle() & AlignRight) != 0;
+        bool const isRight = (window.GetStyle() & StyleBitRight) != 0;
         Control().setAlignment((isRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
     }
 
@@ -219,17 +218,26 @@ class QtListBox final : public QtControl<QListWidget> {
         });
     }
 
-    void SetEntries(std::span<String const> entries, int selected) override {
+    void InsertEntry(String const& entry, int position) override {
         QSignalBlocker const quiet(Control());
         TakeLook();
-        // A program adds line after line: what is there already stays.
-        auto const [there, wanted] = std::ranges::mismatch(shown_, entries);
-        auto const same = static_cast<int>(there - shown_.begin());
-        while (Control().count() > same) std::unique_ptr<QListWidgetItem>(Control().takeItem(same)).reset();
-        for (String const& entry : entries.subspan(static_cast<std::size_t>(same)))
-            Control().addItem(ToQt(entry));
-        shown_.assign(entries.begin(), entries.end());
-        Select(selected);
+        Control().insertItem(position, ToQt(entry));
+        if (position <= lastSelected_) ++lastSelected_;
+    }
+    void ClearEntries() override {
+        QSignalBlocker const quiet(Control());
+        Control().clear();
+        lastSelected_ = -1;
+    }
+    void SelectEntry(int position) override {
+        QSignalBlocker const quiet(Control());
+        if (position < 0) {
+            Control().clearSelection();
+            return;
+        }
+        Control().setCurrentRow(position);
+        lastSelected_ = position;
+        ScrollTo(position);
     }
 
   protected:
@@ -240,21 +248,10 @@ class QtListBox final : public QtControl<QListWidget> {
     }
 
   private:
-    void Select(int selected) {
-        if (selected < 0) {
-            Control().clearSelection();
-            return;
-        }
-        Control().setCurrentRow(selected);
-        lastSelected_ = selected;
-        ScrollTo(selected);
-    }
-
     void ScrollTo(int row) {
         if (QListWidgetItem* const item = Control().item(row)) Control().scrollToItem(item);
     }
 
-    std::vector<String> shown_;
     int lastSelected_ = -1;
 };
 
@@ -267,19 +264,22 @@ class QtDropDown final : public QtControl<QComboBox> {
         });
     }
 
-    void SetEntries(std::span<String const> entries, int selected) override {
+    // Qt selects the first entry by itself.
+    void InsertEntry(String const& entry, int position) override {
         TakeLook();
-        if (!std::ranges::equal(shown_, entries)) {
-            Control().clear();
-            for (String const& entry : entries) Control().addItem(ToQt(entry));
-            shown_.assign(entries.begin(), entries.end());
-        }
-        selected_ = selected;
-        Control().setCurrentIndex(selected);
+        Control().insertItem(position, ToQt(entry));
+        SelectEntry(position <= selected_ ? selected_ + 1 : selected_);
+    }
+    void ClearEntries() override {
+        Control().clear();
+        selected_ = -1;
+    }
+    void SelectEntry(int position) override {
+        selected_ = position;
+        Control().setCurrentIndex(position);
     }
 
   private:
-    std::vector<String> shown_;
     int selected_ = -1;
 };
 

@@ -41,7 +41,9 @@ class QtWindow : public QObject, public detail::WindowPeer {
     void SetAccessibleName(String const& name) override;
     void SetMaxTextLen(unsigned short /*length*/) override {}
     void SetReadOnly(bool /*readOnly*/) override {}
-    void SetEntries(std::span<String const> /*entries*/, int /*selected*/) override {}
+    void InsertEntry(String const& /*entry*/, int /*position*/) override {}
+    void ClearEntries() override {}
+    void SelectEntry(int /*position*/) override {}
     void SetChecked(bool /*checked*/) override {}
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -7,7 +7,6 @@
 #include "SV/ui/Canvas.h"
 
 #include <memory>
-#include <span>
 
 namespace sv {
 class Window;
@@ -55,8 +54,11 @@ class WindowPeer {
     /// Of an edit, in characters; 0 for as many as there are.
     virtual void SetMaxTextLen(unsigned short length) = 0;
     virtual void SetReadOnly(bool readOnly) = 0;
-    /// Of a list: all entries anew, and the selected one, -1 for none, scrolled into view.
-    virtual void SetEntries(std::span<String const> entries, int selected) = 0;
+    // Of a list, whose selection stays with its entry.
+    virtual void InsertEntry(String const& entry, int position) = 0;
+    virtual void ClearEntries() = 0;
+    /// Scrolls it into view; -1 selects none.
+    virtual void SelectEntry(int position) = 0;
     virtual void SetChecked(bool checked) = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include "SV/ui/Backend.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace sv {
@@ -49,12 +50,9 @@ Bitmap BitmapButton::ChangeBitmap(Bitmap bitmap) {
 }
 
 bool BitmapButton::PaintFrame() {
-    Size const size = GetSizePixel();
     Pen const pen = ChangePen(Pen(HasFocus() ? ColorOf(ColorName::Black) : Color(0x8000, 0x8000, 0x8000)));
     Brush const brush = ChangeFillInBrush(GetBackgroundBrush());
-    DrawRect(
-        {{0, 0}, {static_cast<std::int16_t>(size.Width() - 1), static_cast<std::int16_t>(size.Height() - 1)}},
-        4, 4);
+    DrawRect(GetArea(), 4, 4);
     ChangeFillInBrush(brush);
     ChangePen(pen);
     return isDown_;
@@ -64,8 +62,7 @@ void BitmapButton::Paint(Rectangle const& /*area*/) {
     int const shift = PaintFrame() ? 1 : 0;
     Size const size = GetSizePixel();
     Size const face = bitmap_.GetSizePixel();
-    DrawBitmap({static_cast<std::int16_t>((size.Width() - face.Width()) / 2 + shift),
-                static_cast<std::int16_t>((size.Height() - face.Height()) / 2 + shift)},
+    DrawBitmap({(size.Width() - face.Width()) / 2 + shift, (size.Height() - face.Height()) / 2 + shift},
                bitmap_);
 }
 
@@ -79,10 +76,7 @@ void BitmapButton::MouseButtonDown(MouseEvent const& event) {
 void BitmapButton::MouseButtonUp(MouseEvent const& event) {
     if (!std::exchange(isDown_, false)) return;
     Invalidate();
-    Size const size = GetSizePixel();
-    Rectangle const face(
-        {0, 0}, {static_cast<std::int16_t>(size.Width() - 1), static_cast<std::int16_t>(size.Height() - 1)});
-    if (face.IsInside(event.GetPosPixel())) WasClicked();
+    if (GetArea().IsInside(event.GetPosPixel())) WasClicked();
 }
 
 void BitmapButton::GetFocus() { Invalidate(); }
@@ -105,32 +99,21 @@ ListBoxControl::ListBoxControl(Window* parent, Style style)
 ListBoxControl::ListBoxControl(detail::WindowKind kind, Window* parent, Style style)
     : Window(kind, parent, style) {}
 
-void ListBoxControl::SetUpdateMode(bool isOn) {
-    isUpdated_ = isOn;
-    Update();
-}
-
-void ListBoxControl::Update() {
-    if (!isUpdated_) return;
-    std::vector<String> entries;
-    for (unsigned short i = 0; i < GetEntryCount(); ++i) entries.push_back(GetEntry(i));
-    unsigned short const selected = GetSelectEntryPos();
-    GetPeer().SetEntries(entries, selected == End ? -1 : selected);
-}
-
 void ListBoxControl::Clear() {
     entries_.Clear();
-    Update();
+    GetPeer().ClearEntries();
 }
 
 void ListBoxControl::InsertEntry(String const& text, unsigned short position) {
+    unsigned short const count = GetEntryCount();
     entries_.InsertEntry(text, position);
-    Update();
+    if (GetEntryCount() != count) GetPeer().InsertEntry(text, std::min(position, count));
 }
 
 void ListBoxControl::SelectEntryPos(unsigned short position) {
     entries_.SelectEntryPos(position);
-    Update();
+    unsigned short const selected = GetSelectEntryPos();
+    GetPeer().SelectEntry(selected == End ? -1 : selected);
 }
 
 Link ListBoxControl::ChangeSelectHdl(Link const& link) noexcept { return std::exchange(select_, link); }

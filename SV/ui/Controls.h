@@ -123,9 +123,6 @@ class ListBoxControl : public Window, public ListBox {
     [[nodiscard]] String GetEntry(unsigned short position) const override {
         return entries_.GetEntry(position);
     }
-    /// While off, changes of entries and selection are not shown: for many at a time, each of which would
-    /// have the window system take in the whole list. On at first, and on again shows them.
-    void SetUpdateMode(bool isOn);
     /// A person has selected another entry.
     Link ChangeSelectHdl(Link const& link) noexcept;
 
@@ -135,10 +132,7 @@ class ListBoxControl : public Window, public ListBox {
     ListBoxControl(detail::WindowKind kind, Window* parent, Style style);
 
   private:
-    void Update();
-
     ListBoxEntries entries_;
-    bool isUpdated_ = true;
     Link select_;
 };
 

@@ -9,9 +9,10 @@ namespace sv {
 
 namespace {
 
-/// Pixels wrap to 16 bits, as everywhere in the toolkit.
-std::int16_t ToPixel(double value) noexcept {
-    return static_cast<std::int16_t>(static_cast<long>(std::trunc(value)));
+/// Wraps round at any size, as pixels do; 0 for a scale without end.
+int ToPixel(double value) noexcept {
+    constexpr double Round = 65536;
+    return std::isfinite(value) ? static_cast<int>(std::fmod(std::trunc(value), Round)) : 0;
 }
 
 }  // namespace
@@ -40,13 +41,13 @@ void OutputDevice::DrawRect(Rectangle const& area, unsigned short roundingX, uns
     Point const b = LogicToPixel(area.BottomRight());
     Rectangle const ordered({std::min(a.X(), b.X()), std::min(a.Y(), b.Y())},
                             {std::max(a.X(), b.X()), std::max(a.Y(), b.Y())});
-    Size const rounding(static_cast<std::int16_t>(roundingX), static_cast<std::int16_t>(roundingY));
+    Size const rounding(roundingX, roundingY);
     GetCanvas().Rect(ordered, rounding, pen_, fillIn_);
 }
 
 void OutputDevice::DrawText(Point place, String const& text) {
     Point corner = LogicToPixel(place);
-    if (mapMode_.IsUpward()) corner.Y() = static_cast<std::int16_t>(corner.Y() - GetTextSize(text).Height());
+    if (mapMode_.IsUpward()) corner = corner - Point(0, GetTextSize(text).Height());
     GetCanvas().Text(corner, text, font_);
 }
 
@@ -67,10 +68,7 @@ Color OutputDevice::GetPixel(Point place) const {
 
 Bitmap OutputDevice::GetBitmap(Point topLeft, Size size) const {
     if (size.Width() <= 0 || size.Height() <= 0) return {};
-    Point const corner = LogicToPixel(topLeft);
-    return GetCanvas().Copy({corner,
-                             {static_cast<std::int16_t>(corner.X() + size.Width() - 1),
-                              static_cast<std::int16_t>(corner.Y() + size.Height() - 1)}});
+    return GetCanvas().Copy(Rectangle::Of(LogicToPixel(topLeft), size));
 }
 
 Size OutputDevice::GetTextSize(String const& text) const { return GetCanvas().TextSize(text, font_); }

@@ -47,6 +47,8 @@ class Window : public OutputDevice {
     /// From the top left corner of the parent's area or of the screen.
     [[nodiscard]] Point GetPosPixel() const noexcept { return position_; }
     [[nodiscard]] Size GetSizePixel() const noexcept { return size_; }
+    /// All of the window in its own pixels.
+    [[nodiscard]] Rectangle GetArea() const noexcept { return Rectangle::Of(Point(), size_); }
     void SetPosSizePixel(Point position, Size size);
     /// Each returns what was there before. `Resize` runs when the size has changed.
     virtual Point ChangePosPixel(Point position);

@@ -13,10 +13,6 @@ constexpr int RightDistance = 30;
 constexpr int TopDistance = 10;
 constexpr sv::Point VerticalGap(0, 3);
 
-constexpr sv::Point PointAt(int x, int y) noexcept {
-    return {static_cast<std::int16_t>(x), static_cast<std::int16_t>(y)};
-}
-
 constexpr sv::Size Extent(ButtonSize size) noexcept {
     auto const index = static_cast<std::size_t>(size);
     return {index < Widths.size() ? Widths[index] : Widths[0], Height};
@@ -40,33 +36,29 @@ ButtonBarLayout::ButtonBarLayout(int parentWidth, ButtonSize size) noexcept
 
 sv::Point ButtonBarLayout::AddButton() noexcept {
     sv::Point const corner = cursor_;
-    MoveCursor(button_.Width() + gaps_.X(), button_.Height() + gaps_.Y());
+    MoveCursor(sv::Point(button_.Width(), button_.Height()) + gaps_);
     return corner;
 }
 
-void ButtonBarLayout::AddGap(int pixels) noexcept {
-    auto const gap = static_cast<std::int16_t>(pixels);
-    MoveCursor(gap, gap);
-}
+void ButtonBarLayout::AddGap(int pixels) noexcept { MoveCursor({pixels, pixels}); }
 
 void ButtonBarLayout::PlaceRight(int parentWidth, int distance) noexcept {
-    position_ = cursor_ = PointAt(parentWidth - button_.Width() - distance, TopDistance);
+    position_ = cursor_ = {parentWidth - button_.Width() - distance, TopDistance};
 }
 
 sv::Point ButtonBarLayout::ChangePosPixel(sv::Point position) noexcept {
-    cursor_ = PointAt(cursor_.X() + position.X() - position_.X(), cursor_.Y() + position.Y() - position_.Y());
+    cursor_ = cursor_ + (position - position_);
     return std::exchange(position_, position);
 }
 
 sv::Size ButtonBarLayout::ChangeSizePixel(sv::Size size) noexcept { return std::exchange(size_, size); }
 
 sv::Rectangle ButtonBarLayout::GetBarPosSizePixel() const noexcept {
-    return {position_, PointAt(position_.X() + size_.Width() - 1, position_.Y() + size_.Height() - 1)};
+    return sv::Rectangle::Of(position_, size_);
 }
 
-void ButtonBarLayout::MoveCursor(int across, int down) noexcept {
-    cursor_ =
-        isHorizontal_ ? PointAt(cursor_.X() + across, cursor_.Y()) : PointAt(cursor_.X(), cursor_.Y() + down);
+void ButtonBarLayout::MoveCursor(sv::Point distance) noexcept {
+    cursor_ = cursor_ + (isHorizontal_ ? sv::Point(distance.X(), 0) : sv::Point(0, distance.Y()));
 }
 
 }  // namespace kv::detail

@@ -46,7 +46,7 @@ class ButtonBarLayout {
     [[nodiscard]] sv::Rectangle GetBarPosSizePixel() const noexcept;
 
   private:
-    void MoveCursor(int across, int down) noexcept;
+    void MoveCursor(sv::Point distance) noexcept;
 
     sv::Point position_;
     sv::Size size_;

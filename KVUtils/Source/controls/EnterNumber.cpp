@@ -1,15 +1,11 @@
 #include "KVUtils/Source/controls/EnterNumber.h"
 
+#include "SV/ui/Styles.h"
+
 namespace kv {
 
-namespace {
-
-constexpr sv::Window::Style DialogStyle = 0x120;
-
-}  // namespace
-
 EnterNumber::EnterNumber(sv::Window* parent, sv::String const& title, int digits)
-    : ModalDialog(parent, DialogStyle), RegisterTopWindow(this), editor_(this, {10, 10}, digits) {
+    : ModalDialog(parent, sv::StyleOfModalDialog), RegisterTopWindow(this), editor_(this, {10, 10}, digits) {
     SetPosSizePixel({10, 10}, {300, 100});
     ModalDialog::Enable();
     SetText(title);

@@ -1,15 +1,11 @@
 #include "KVUtils/Source/controls/InputOutputNumEditor.h"
 
+#include "SV/ui/Styles.h"
+
 namespace kv {
 
-namespace {
-
-constexpr sv::Window::Style OutputStyle = 0x400;
-
-}  // namespace
-
 InputOutputNumEditor::InputOutputNumEditor(sv::Window* parent, sv::Point pos, int digits)
-    : NumEditor(parent, pos, digits), output_(parent, OutputStyle) {
+    : NumEditor(parent, pos, digits), output_(parent, sv::StyleOfNumberText) {
     output_.SetPosSizePixel(pos, SizeOfDigits(digits));
     if (parent != nullptr) output_.ChangeBackgroundBrush(parent->GetBackgroundBrush());
 }

@@ -22,14 +22,6 @@ constexpr int LargestGap = 8;
 
 constexpr sv::Color GreyText(0x7000, 0x7000, 0x7000);
 
-constexpr sv::Point PointAt(int x, int y) noexcept {
-    return {static_cast<std::int16_t>(x), static_cast<std::int16_t>(y)};
-}
-
-bool IsInside(sv::Point point, sv::Size size) noexcept {
-    return sv::Rectangle({0, 0}, PointAt(size.Width() - 1, size.Height() - 1)).IsInside(point);
-}
-
 sv::Bitmap Greyed(sv::Bitmap const& bitmap) {
     KORVELBitmap grey(bitmap);
     grey.Inaktiv();
@@ -87,8 +79,8 @@ void KOBitmapButton::Paint(sv::Rectangle const& area) {
     sv::Size const label = GetTextSize(text);
     int const gap = std::clamp((size.Width() - face.Width() - label.Width()) / 3, SmallestGap, LargestGap);
     int const shift = PaintFrame() ? 1 : 0;
-    DrawBitmap(PointAt(gap + shift, (size.Height() - face.Height()) / 2 + shift), GetBitmap());
-    DrawLabel(PointAt(gap + face.Width() + gap + shift, (size.Height() - label.Height()) / 2 + shift));
+    DrawBitmap({gap + shift, (size.Height() - face.Height()) / 2 + shift}, GetBitmap());
+    DrawLabel({gap + face.Width() + gap + shift, (size.Height() - label.Height()) / 2 + shift});
 }
 
 // In pieces, so that the mnemonic can be underlined where it stands. The text is drawn anew at each painting
@@ -103,11 +95,11 @@ void KOBitmapButton::DrawLabel(sv::Point corner) {
     if (!head.IsEmpty()) DrawText(corner, head);
     if (std::size_t const behind = head.Len() + 1; behind < text.Len()) {
         sv::String const letter = text.Copy(behind, 1);
-        corner.X() = static_cast<std::int16_t>(corner.X() + GetTextSize(head).Width());
+        corner = corner + sv::Point(GetTextSize(head).Width(), 0);
         sv::Size const size = GetTextSize(letter);
         sv::Pen const pen = ChangePen(sv::Pen(font.GetColor()));
-        DrawLine(PointAt(corner.X(), corner.Y() + size.Height() - 1),
-                 PointAt(corner.X() + size.Width() - 1, corner.Y() + size.Height() - 1));
+        sv::Rectangle const box = sv::Rectangle::Of(corner, size);
+        DrawLine({corner.X(), box.BottomRight().Y()}, box.BottomRight());
         ChangePen(pen);
         DrawText(corner, text.Copy(behind));
     }
@@ -116,7 +108,7 @@ void KOBitmapButton::DrawLabel(sv::Point corner) {
 
 void KOBitmapButton::MouseMove(sv::MouseEvent const& event) {
     BitmapButton::MouseMove(event);
-    bool const isInside = IsInside(event.GetPosPixel(), GetSizePixel());
+    bool const isInside = GetArea().IsInside(event.GetPosPixel());
     // Before the wait: the pointer that leaves meanwhile takes the light away again.
     LightUp(isInside);
     if (isInside && (GetParent() == nullptr || GetParent()->IsEnabled())) {
@@ -142,10 +134,7 @@ void KOBitmapButton::WaitForBalloon(sv::MouseEvent const& event) {
     if (state->isGone || state->isWaitCancelled) return;
     // The pointer may have left without an event, to a window of another program.
     sv::Point const now = sv::detail::CurrentBackend().PointerPosition();
-    sv::Point const place = event.GetPosPixel();
-    if (!IsInside(PointAt(place.X() + now.X() - before.X(), place.Y() + now.Y() - before.Y()),
-                  GetSizePixel()))
-        return;
+    if (!GetArea().IsInside(event.GetPosPixel() + (now - before))) return;
     BalloonWindow* const balloon = BalloonWindow::CreateBalloonWindow(this, balloonText_);
     balloon->ToTop();
     balloon->Show();

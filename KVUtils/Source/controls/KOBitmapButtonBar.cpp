@@ -67,10 +67,7 @@ KOBitmapButton* KOBitmapButtonBar::SearchButton(long id) const noexcept {
 sv::Point KOBitmapButtonBar::ChangePosPixel(sv::Point position) {
     sv::Point const before = layout_.ChangePosPixel(position);
     for (unsigned long i = 0; i < Count(); ++i) {
-        sv::Point place = ButtonAt(i)->GetPosPixel();
-        place.X() = static_cast<std::int16_t>(place.X() + position.X() - before.X());
-        place.Y() = static_cast<std::int16_t>(place.Y() + position.Y() - before.Y());
-        ButtonAt(i)->ChangePosPixel(place);
+        ButtonAt(i)->ChangePosPixel(ButtonAt(i)->GetPosPixel() + (position - before));
     }
     return before;
 }
@@ -80,11 +77,10 @@ sv::Rectangle KOBitmapButtonBar::GetBarPosSizePixel() const noexcept {
     sv::Point first = ButtonAt(0)->GetPosPixel();
     sv::Point last = first;
     for (unsigned long i = 0; i < Count(); ++i) {
-        sv::Point const place = ButtonAt(i)->GetPosPixel();
-        sv::Size const size = ButtonAt(i)->GetSizePixel();
-        first = {std::min(first.X(), place.X()), std::min(first.Y(), place.Y())};
-        last = {std::max(last.X(), static_cast<std::int16_t>(place.X() + size.Width() - 1)),
-                std::max(last.Y(), static_cast<std::int16_t>(place.Y() + size.Height() - 1))};
+        sv::Rectangle const button =
+            sv::Rectangle::Of(ButtonAt(i)->GetPosPixel(), ButtonAt(i)->GetSizePixel());
+        first = {std::min(first.X(), button.TopLeft().X()), std::min(first.Y(), button.TopLeft().Y())};
+        last = {std::max(last.X(), button.BottomRight().X()), std::max(last.Y(), button.BottomRight().Y())};
     }
     return {first, last};
 }

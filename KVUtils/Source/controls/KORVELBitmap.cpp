@@ -40,8 +40,6 @@ BitmapPixel Grey(BitmapPixel pixel) noexcept {
     return {mean, mean, mean, pixel.alpha};
 }
 
-constexpr std::int16_t Sum(int a, int b, int c) noexcept { return static_cast<std::int16_t>(a + b + c); }
-
 }  // namespace
 
 KORVELBitmap::KORVELBitmap(sv::ResId const& id, sv::Brush const& brush, int left, int right, int top,
@@ -55,8 +53,7 @@ void KORVELBitmap::SetColorUndVergroesserung(sv::Brush const& brush, int left, i
     BitmapPixel const ground(brush.GetColor());
     ChangeAll(*this, [=](Bitmap& picture, int grain) {
         sv::Size const size = picture.GetSizePixel();
-        Bitmap surface(sv::Size(Sum(size.Width(), left * grain, right * grain),
-                                Sum(size.Height(), top * grain, bottom * grain)),
+        Bitmap surface({size.Width() + (left + right) * grain, size.Height() + (top + bottom) * grain},
                        ground);
         surface.Paste(left * grain, top * grain, picture);
         ReplaceColour(surface, surface.At(left * grain, top * grain), ground);

@@ -2,6 +2,7 @@
 
 #include "KVUtils/Source/controls/NumberLadder.h"
 #include "KVUtils/Source/controls/NumberText.h"
+#include "SV/ui/Styles.h"
 
 #include <string>
 #include <utility>
@@ -9,10 +10,6 @@
 namespace kv {
 
 namespace {
-
-constexpr sv::Window::Style EditStyle = 257;
-constexpr sv::Window::Style SpinStyle = 16384;
-constexpr sv::Window::Style UnitStyle = 256;
 
 constexpr unsigned short LongestText = 38;
 constexpr double DefaultLimit = 1000000;
@@ -23,27 +20,20 @@ constexpr int SpinWidth = 15;
 constexpr int UnitGap = 3;
 
 sv::Point RightOf(sv::Window const& window, int gap) {
-    return {static_cast<std::int16_t>(window.GetPosPixel().X() + window.GetSizePixel().Width() + gap),
-            window.GetPosPixel().Y()};
-}
-
-void Move(sv::Window& window, int dx, int dy) {
-    sv::Point const place = window.GetPosPixel();
-    window.ChangePosPixel(
-        {static_cast<std::int16_t>(place.X() + dx), static_cast<std::int16_t>(place.Y() + dy)});
+    return window.GetPosPixel() + sv::Point(window.GetSizePixel().Width() + gap, 0);
 }
 
 }  // namespace
 
 NumEditor::NumEditor(sv::Window* parent, sv::Point pos, double value, double minimum, double maximum,
                      int digits)
-    : Edit(parent, EditStyle),
-      spin_(parent, SpinStyle),
+    : Edit(parent, sv::StyleOfEdit),
+      spin_(parent, sv::StyleOfSpinButton),
       value_(value),
       minimum_(minimum),
       maximum_(maximum),
       restore_(value),
-      unit_(parent, UnitStyle) {
+      unit_(parent, sv::StyleOfText) {
     initEditor(pos, digits);
 }
 
@@ -54,8 +44,7 @@ void NumEditor::initEditor(sv::Point pos, int digits) {
     ChangeMaxTextLen(LongestText);
     sv::Size const zeros = SizeOfDigits(digits);
     Edit::ChangePosPixel(pos);
-    ChangeSizePixel({static_cast<std::int16_t>(zeros.Width() + Frame),
-                     static_cast<std::int16_t>(zeros.Height() + Frame)});
+    ChangeSizePixel({zeros.Width() + Frame, zeros.Height() + Frame});
     Edit::Show(true);
     spin_.SetPosSizePixel(RightOf(*this, 0), {SpinWidth, GetSizePixel().Height()});
     spin_.Show();
@@ -100,8 +89,8 @@ sv::Link NumEditor::ChangeValueChangedHdl(sv::Link const& link) noexcept {
 
 sv::Point NumEditor::ChangePosPixel(sv::Point position) {
     sv::Point const before = Edit::ChangePosPixel(position);
-    for (sv::Window* const part : {static_cast<sv::Window*>(&spin_), static_cast<sv::Window*>(&unit_)}) {
-        Move(*part, position.X() - before.X(), position.Y() - before.Y());
+    for (sv::Window* const part : std::initializer_list<sv::Window*>{&spin_, &unit_}) {
+        part->ChangePosPixel(part->GetPosPixel() + (position - before));
     }
     return before;
 }

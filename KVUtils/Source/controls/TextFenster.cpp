@@ -1,11 +1,14 @@
 #include "KVUtils/Source/controls/TextFenster.h"
 
+#include "KVUtils/Source/controls/StandardButtons.h"
 #include "KVUtils/Source/controls/WINDOWPL.h"
+#include "KVUtils/Source/controls/WindowPlacement.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "SV/core/Application.h"
 #include "SV/core/Boxes.h"
 #include "SV/core/NativePath.h"
 #include "SV/ui/Backend.h"
+#include "SV/ui/Styles.h"
 
 #include <fstream>
 #include <memory>
@@ -15,10 +18,6 @@ namespace kv {
 
 namespace {
 
-constexpr sv::Window::Style DialogStyle = 36;
-constexpr sv::Window::Style ListStyle = 16389;
-constexpr long Cascade = 4;
-constexpr long CloseButton = 1;
 constexpr std::size_t LongestLine = 1000;
 
 // Pixels.
@@ -38,28 +37,24 @@ std::unique_ptr<TextFenster>& StandardOutput() {
 }  // namespace
 
 TextFenster::TextFenster(sv::Window* parent, sv::String const& title, int width, int height)
-    : ModelessDialog(parent, DialogStyle),
-      list_(this, ListStyle),
+    : ModelessDialog(parent, sv::StyleOfTextWindow),
+      list_(this, sv::StyleOfLines),
       buttonBar_(this, {}, ButtonExtent, 1, ButtonGap) {
-    buttonBar_.AddButton(sv::Link::To<&TextFenster::SchliessenHdl>(*this), CloseButton, 0);
+    buttonBar_.AddButton(sv::Link::To<&TextFenster::SchliessenHdl>(*this), detail::CloseButton, 0);
     SetText(title);
-    ChangeSizePixel({static_cast<std::int16_t>(width), static_cast<std::int16_t>(height)});
+    ChangeSizePixel({width, height});
     TextFenster::Resize();
-    if (parent != nullptr) WindowPlacer(parent, this, Cascade);
+    if (parent != nullptr) WindowPlacer(parent, this, detail::Cascade);
     list_.ChangeFont(AppFonts::GetFixedAppFont());
     list_.Show();
     list_.GrabFocus();
 }
 
 void TextFenster::Resize() {
-    int const width = GetSizePixel().Width();
-    int const height = GetSizePixel().Height();
-    list_.SetPosSizePixel({0, 0}, {GetSizePixel().Width(), static_cast<std::int16_t>(height - BelowList)});
-    sv::Rectangle const bar = buttonBar_.GetBarPosSizePixel();
-    int const barWidth = bar.BottomRight().X() - bar.TopLeft().X() + 1;
-    int const barHeight = bar.BottomRight().Y() - bar.TopLeft().Y() + 1;
-    buttonBar_.ChangePosPixel({static_cast<std::int16_t>((width - barWidth) / 2),
-                               static_cast<std::int16_t>(height - barHeight - BelowBar)});
+    sv::Size const size = GetSizePixel();
+    list_.SetPosSizePixel({0, 0}, {size.Width(), size.Height() - BelowList});
+    sv::Size const bar = buttonBar_.GetBarPosSizePixel().GetSize();
+    buttonBar_.ChangePosPixel({(size.Width() - bar.Width()) / 2, size.Height() - bar.Height() - BelowBar});
 }
 
 void TextFenster::AddLine(sv::String const& line) {
@@ -79,17 +74,15 @@ void TextFenster::DateiAnzeigen(sv::String const& fileName) {
         sv::ErrorBox(this, sv::WB_OK, sv::String("Could not open ") + fileName).Execute();
         return;
     }
-    list_.SetUpdateMode(false);
     for (std::string line; std::getline(file, line);) {
         if (!line.empty() && line.back() == '\r') line.pop_back();
         std::string_view rest = line;
         do {
-            AddLine(rest.substr(0, LongestLine));
+            list_.InsertEntry(rest.substr(0, LongestLine));
             rest.remove_prefix(std::min(rest.size(), LongestLine));
         } while (!rest.empty());
     }
     list_.SelectEntryPos(0);
-    list_.SetUpdateMode(true);
     isClosed_ = 0;
 }
 

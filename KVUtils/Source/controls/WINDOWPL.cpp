@@ -3,15 +3,13 @@
 #include "KVUtils/Source/controls/WindowPlacement.h"
 #include "KVUtils/Source/frame/Check.h"
 #include "SV/ui/Backend.h"
+#include "SV/ui/Styles.h"
 
 #include <utility>
 
 namespace kv {
 
 namespace {
-
-constexpr sv::Window::Style BalloonStyle = 1;
-constexpr sv::Window::Style TextStyle = 256;
 
 detail::WindowArea AreaOf(sv::Window const& window) { return {window.GetPosPixel(), window.GetSizePixel()}; }
 
@@ -29,7 +27,7 @@ constinit BalloonWindow* BalloonWindow::instance_ = nullptr;
 constinit unsigned char BalloonWindow::isActive_ = 1;
 
 BalloonWindow::BalloonWindow(sv::Window& button, sv::String const& text)
-    : Window(button.GetParent(), BalloonStyle), text_(this, TextStyle) {
+    : Window(button.GetParent(), sv::StyleOfChild), text_(this, sv::StyleOfText) {
     sv::Brush const ground(sv::ColorName::Help);
     ChangeBackgroundBrush(ground);
     text_.ChangeBackgroundBrush(ground);

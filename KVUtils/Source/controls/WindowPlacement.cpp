@@ -10,8 +10,6 @@ constexpr int CascadeStep = 20;
 constexpr int Overlap = 6;         // of a balloon with its button
 constexpr int BottomReserve = 19;  // of the parent, for what stands at its lower edge
 
-constexpr std::int16_t Wrapped(int pixels) noexcept { return static_cast<std::int16_t>(pixels); }
-
 }  // namespace
 
 sv::Point PlaceWindow(std::optional<WindowArea> const& reference, WindowArea const& window, sv::Size screen,
@@ -36,12 +34,11 @@ sv::Point PlaceWindow(std::optional<WindowArea> const& reference, WindowArea con
         x = reference->position.X() + CascadeStep;
         y = reference->position.Y() + CascadeStep;
     }
-    return {Wrapped(std::min(x, screen.Width() - w)), Wrapped(std::min(y, screen.Height() - h))};
+    return {std::min(x, screen.Width() - w), std::min(y, screen.Height() - h)};
 }
 
 BalloonShape ShapeBalloon(sv::Size text) noexcept {
-    return {{{2, 0}, {Wrapped(text.Width() + 4), text.Height()}},
-            {Wrapped(text.Width() + 8), Wrapped(text.Height() + 2)}};
+    return {{{2, 0}, {text.Width() + 4, text.Height()}}, {text.Width() + 8, text.Height() + 2}};
 }
 
 sv::Point PlaceBalloon(WindowArea const& button, sv::Size balloon, sv::Size parent) noexcept {
@@ -55,7 +52,7 @@ sv::Point PlaceBalloon(WindowArea const& button, sv::Size balloon, sv::Size pare
     bool const isBelow = bh + by + h <= parent.Height() - BottomReserve;
     int const x = static_cast<int>(isRight ? bx + bw * 0.75 : bx + bw * 0.25 - w);
     int const y = isBelow ? by + bh - Overlap : by + Overlap - h;
-    return {Wrapped(std::max(x, 0)), Wrapped(std::max(y, 0))};
+    return {std::max(x, 0), std::max(y, 0)};
 }
 
 }  // namespace kv::detail

@@ -1,17 +1,14 @@
 #include "KVUtils/Source/dialogs/TextInputDialog.h"
 
+#include "KVUtils/Source/controls/StandardButtons.h"
 #include "KVUtils/Source/controls/WINDOWPL.h"
+#include "KVUtils/Source/controls/WindowPlacement.h"
+#include "SV/ui/Styles.h"
 
 namespace kv {
 
 namespace {
 
-constexpr sv::Window::Style DialogStyle = 0x120;
-constexpr sv::Window::Style TextStyle = 256;
-constexpr sv::Window::Style EditStyle = 257;
-constexpr long CentreOnReference = 1;
-constexpr long OkButton = 0x800;
-constexpr long CancelButton = 4;
 constexpr short Ok = 1;
 
 // Pixels.
@@ -27,14 +24,14 @@ constexpr sv::Point ButtonGap(12, 0);
 }  // namespace
 
 TextInputDialog::TextInputDialog(sv::Window* parent, sv::String const& title, sv::String const& prompt)
-    : ModalDialog(parent, DialogStyle),
+    : ModalDialog(parent, sv::StyleOfModalDialog),
       RegisterTopWindow(this),
-      prompt_(this, TextStyle),
-      edit_(this, EditStyle),
+      prompt_(this, sv::StyleOfText),
+      edit_(this, sv::StyleOfEdit),
       buttons_(this, ButtonPlace, ButtonExtent, 1, ButtonGap) {
     SetText(title);
     ChangeSizePixel(Extent);
-    WindowPlacer(parent, this, CentreOnReference);
+    WindowPlacer(parent, this, detail::CentreOnReference);
     prompt_.SetPosSizePixel(PromptPlace, PromptExtent);
     prompt_.ChangeBackgroundBrush(GetBackgroundBrush());
     prompt_.SetText(prompt);
@@ -42,8 +39,8 @@ TextInputDialog::TextInputDialog(sv::Window* parent, sv::String const& title, sv
     edit_.SetPosSizePixel(EditPlace, EditExtent);
     edit_.SetAccessibleName(prompt);
     edit_.Show();
-    buttons_.AddButton(sv::Link::To<&TextInputDialog::OkHdl>(*this), OkButton, 0);
-    buttons_.AddButton(sv::Link::To<&TextInputDialog::CancelHdl>(*this), CancelButton, 0);
+    buttons_.AddButton(sv::Link::To<&TextInputDialog::OkHdl>(*this), detail::OkButton, 0);
+    buttons_.AddButton(sv::Link::To<&TextInputDialog::CancelHdl>(*this), detail::CancelButton, 0);
 }
 
 unsigned char TextInputDialog::Input(sv::String& text) {

@@ -1,8 +1,11 @@
 #include "KVUtils/Source/dialogs/WaitVisualizer.h"
 
+#include "KVUtils/Source/controls/StandardButtons.h"
 #include "KVUtils/Source/controls/WINDOWPL.h"
+#include "KVUtils/Source/controls/WindowPlacement.h"
 #include "KVUtils/Source/resources/Resources.h"
 #include "SV/core/Application.h"
+#include "SV/ui/Styles.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,11 +14,7 @@ namespace kv {
 
 namespace {
 
-constexpr sv::Window::Style DialogStyle = 0x20;
-constexpr sv::Window::Style TextStyle = 256;
 constexpr unsigned short Hourglass = 734;
-constexpr long CentreOnReference = 1;
-constexpr long CancelButton = 4;
 
 // Pixels.
 constexpr int Width = 360;
@@ -25,7 +24,7 @@ constexpr int ButtonsHeight = 148;
 constexpr sv::Point PicturePlace(16, 16);
 constexpr sv::Point TextPlace(72, 26);
 constexpr sv::Size TextExtent(272, 20);
-constexpr sv::Rectangle BarArea({16, 72}, {343, 87});
+constexpr sv::Rectangle BarArea = sv::Rectangle::Of({16, 72}, {328, 16});
 constexpr sv::Point ButtonPlace(120, 104);
 constexpr sv::Size ButtonExtent(120, 30);
 
@@ -38,18 +37,18 @@ WaitVisualizer::WaitVisualizer(sv::Window* parent, sv::String const& title, sv::
 
 WaitVisualizer::WaitVisualizer(sv::Window* parent, sv::String const& title, sv::String const& text,
                                int height)
-    : ModelessDialog(parent, DialogStyle),
+    : ModelessDialog(parent, sv::StyleOfWaitWindow),
       RegisterTopWindow(this),
-      text_(this, TextStyle),
+      text_(this, sv::StyleOfText),
       picture_(LoadKVBitmap(Hourglass)),
       wasWaiting_(sv::Application::IsWait()) {
     SetText(title);
-    ChangeSizePixel({Width, static_cast<std::int16_t>(height)});
+    ChangeSizePixel({Width, height});
     text_.SetPosSizePixel(TextPlace, TextExtent);
     text_.ChangeBackgroundBrush(GetBackgroundBrush());
     text_.SetText(text);
     text_.Show();
-    WindowPlacer(parent, this, CentreOnReference);
+    WindowPlacer(parent, this, detail::CentreOnReference);
     sv::Application::Wait(true);
     Show();
     ToTop();
@@ -82,22 +81,19 @@ void WaitVisualizer2::SetPercent(int percent) {
 void WaitVisualizer2::Paint(sv::Rectangle const& area) {
     WaitVisualizer::Paint(area);
     DrawRect(BarArea);
-    sv::Point const first(static_cast<std::int16_t>(BarArea.TopLeft().X() + 1),
-                          static_cast<std::int16_t>(BarArea.TopLeft().Y() + 1));
-    int const filled = (BarArea.BottomRight().X() - first.X()) * percent_ / 100;
+    constexpr sv::Size Inside(BarArea.GetSize().Width() - 2, BarArea.GetSize().Height() - 2);
+    int const filled = Inside.Width() * percent_ / 100;
     if (filled == 0) return;
     sv::Pen const pen = ChangePen(sv::Pen(BarBrush.GetColor(), 1, sv::PenStyle::None));
     sv::Brush const brush = ChangeFillInBrush(BarBrush);
-    DrawRect({first,
-              {static_cast<std::int16_t>(first.X() + filled - 1),
-               static_cast<std::int16_t>(BarArea.BottomRight().Y() - 1)}});
+    DrawRect(sv::Rectangle::Of(BarArea.TopLeft() + sv::Point(1, 1), {filled, Inside.Height()}));
     ChangeFillInBrush(brush);
     ChangePen(pen);
 }
 
 AbbruchDialog::AbbruchDialog(sv::Window* parent, sv::String const& title, sv::String const& text)
     : WaitVisualizer2(parent, title, text, ButtonsHeight), buttons_(this, ButtonPlace, ButtonExtent, 1) {
-    buttons_.AddButton(sv::Link::To<&AbbruchDialog::CancelHdl>(*this), CancelButton, 0)->GrabFocus();
+    buttons_.AddButton(sv::Link::To<&AbbruchDialog::CancelHdl>(*this), detail::CancelButton, 0)->GrabFocus();
 }
 
 // NOLINTNEXTLINE(readability-make-member-function-const): the loop's turn may change the answer

@@ -16,7 +16,6 @@ namespace kv {
 
 namespace {
 
-constexpr char ServiceName[] = "KORVELApplication";
 constexpr char SenderEnd = ':';
 constexpr std::size_t ItemSize = 40;  // with its zero: a message's name is cut to 39 characters
 constexpr std::size_t LongestCommand = 500;

@@ -32,6 +32,8 @@ class DDE {
     using ReceiveFunction = void (*)(KORVELEvent& event);
     using ExecuteFunction = void (*)(unsigned char* command);
 
+    /// The service that every program of the suite registers.
+    static constexpr char ServiceName[] = "KORVELApplication";
     /// The user event that announces a received message.
     static constexpr unsigned long UserEventId = 1234;
 

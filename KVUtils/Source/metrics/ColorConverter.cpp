@@ -104,7 +104,7 @@ sv::Bitmap ColorConverter::BuildBitmap(sv::Brush const& brush, sv::Size const& s
     int const right = size.Width() - 2;
     int const bottom = size.Height() - 2;
     if (right > 0 && bottom > 0)
-        device.DrawRect({{1, 1}, {static_cast<std::int16_t>(right), static_cast<std::int16_t>(bottom)}});
+        device.DrawRect({{1, 1}, {right, bottom}});
     return device.GetBitmap({0, 0}, size);
 }
 

@@ -1,20 +1,17 @@
 #include "KVUtils/Source/plots/GraficWindow.h"
 
 #include "KVUtils/Source/plots/PlotGeometry.h"
+#include "SV/ui/Styles.h"
 
 #include <cmath>
+#include <memory>
 
 namespace kv {
 
 namespace {
 
-constexpr sv::Window::Style ChildStyle = 1;
 constexpr int CrossArm = 3;
 constexpr std::uint16_t WideWidth = 3;
-
-constexpr sv::Point At(int x, int y) noexcept {
-    return {static_cast<std::int16_t>(x), static_cast<std::int16_t>(y)};
-}
 
 /// Another pen for a while.
 class PenChange {
@@ -35,23 +32,26 @@ class PenChange {
 GraficWindow::GraficWindow(sv::Window* parent) : GraficWindow(parent, AxisData(), AxisData()) {}
 
 GraficWindow::GraficWindow(sv::Window* parent, AxisData const& x, AxisData const& y)
-    : Window(parent, ChildStyle), x_(x), y_(y) {
+    : Window(parent, sv::StyleOfChild), x_(x), y_(y) {
     ChangeBackgroundBrush(sv::Brush(sv::ColorName::White));
     Show();
 }
 
+GraficWindow::~GraficWindow() { DeleteAllCurve(); }
+
 void GraficWindow::AddCurve(Curve const& curve) {
-    curves_.push_back(std::make_unique<Curve>(curve));
-    list_.Insert(curves_.back().get(), CurveList::End);
+    auto copy = std::make_unique<Curve>(curve);
+    curves_.Insert(copy.get(), CurveList::End);
+    static_cast<void>(copy.release());
 }
 
 Curve* GraficWindow::GetCurve(int index) noexcept {
-    return index < 0 ? nullptr : list_.GetObject(static_cast<unsigned long>(index));
+    return index < 0 ? nullptr : curves_.GetObject(static_cast<unsigned long>(index));
 }
 
 void GraficWindow::DeleteAllCurve() noexcept {
-    list_.Clear();
-    curves_.clear();
+    for (unsigned long i = 0; i < curves_.Count(); ++i) delete curves_.GetObject(i);
+    curves_.Clear();
 }
 
 void GraficWindow::SetCursor(float x, CursorType type, int curve) {
@@ -68,7 +68,7 @@ sv::Point GraficWindow::GetLogicToPixel(fPoint point) const noexcept {
 }
 
 void detail::CountUpward(sv::Window& window) {
-    sv::Point const origin(0, static_cast<std::int16_t>(-window.GetSizePixel().Height()));
+    sv::Point const origin(0, -window.GetSizePixel().Height());
     window.ChangeMapMode(sv::MapMode(sv::MapUnit::Pixel, origin, sv::Fraction(1.0), sv::Fraction(-1.0)));
 }
 
@@ -79,25 +79,25 @@ void GraficWindow::Paint(sv::Rectangle const& /*area*/) { CommonPaint(*this); }
 void GraficWindow::CommonPaint(sv::OutputDevice& device) {
     DrawXAxis(device);
     DrawYAxis(device);
-    for (unsigned long i = 0; i < list_.Count(); ++i) DrawCurve(device, *list_.GetObject(i));
+    for (unsigned long i = 0; i < curves_.Count(); ++i) DrawCurve(device, *curves_.GetObject(i));
     DrawCursor(device);
 }
 
 void GraficWindow::DrawXAxis(sv::OutputDevice& device) const {
     int const width = GetSizePixel().Width();
     int const line = y_.GetPixelOffset();
-    if (line != 0) device.DrawLine(At(0, line), At(width, line));
+    if (line != 0) device.DrawLine({0, line}, {width, line});
     for (auto const& [position, halfLength] : detail::Ticks(x_, width)) {
-        device.DrawLine(At(position, line - halfLength), At(position, line + halfLength));
+        device.DrawLine({position, line - halfLength}, {position, line + halfLength});
     }
 }
 
 void GraficWindow::DrawYAxis(sv::OutputDevice& device) const {
     int const height = GetSizePixel().Height();
     int const line = x_.GetPixelOffset();
-    if (line != 0) device.DrawLine(At(line, 0), At(line, height));
+    if (line != 0) device.DrawLine({line, 0}, {line, height});
     for (auto const& [position, halfLength] : detail::Ticks(y_, height)) {
-        device.DrawLine(At(line - halfLength, position), At(line + halfLength, position));
+        device.DrawLine({line - halfLength, position}, {line + halfLength, position});
     }
 }
 
@@ -111,8 +111,8 @@ void GraficWindow::DrawCurve(sv::OutputDevice& device, Curve const& curve) const
         int const x = place.X();
         int const y = place.Y();
         if (curve.GetCurveType() == DIAGRAM_CROSSES) {
-            device.DrawLine(At(x - CrossArm, y), At(x + CrossArm, y));
-            device.DrawLine(At(x, y - CrossArm), At(x, y + CrossArm));
+            device.DrawLine({x - CrossArm, y}, {x + CrossArm, y});
+            device.DrawLine({x, y - CrossArm}, {x, y + CrossArm});
         } else if (curve.GetCurveType() == DIAGRAM_LINE && i > 0) {
             device.DrawLine(before, place);
         }
@@ -126,7 +126,7 @@ void GraficWindow::DrawCursor(sv::OutputDevice& device) {
     if (cursorType_ == CURSOR_LINE) {
         PenChange const pen(device, sv::Pen(sv::Color(), 1, sv::PenStyle::Dash));
         int const x = GetLogicToPixel({cursorX_, 0}).X();
-        device.DrawLine(At(x, 0), At(x, size.Height()));
+        device.DrawLine({x, 0}, {x, size.Height()});
         return;
     }
     Curve const* const curve = GetCurve(cursorCurve_);
@@ -138,11 +138,11 @@ void GraficWindow::DrawCursor(sv::OutputDevice& device) {
     int const y = place.Y();
     if (cursorType_ == CURSOR_MARKER) {
         PenChange const pen(device, sv::Pen(curve->GetCurveColor()));
-        device.DrawRect({At(x - 4, y - 4), At(x + 3, y + 3)});
+        device.DrawRect({{x - 4, y - 4}, {x + 3, y + 3}});
     } else if (cursorType_ == CURSOR_CROSS) {
         PenChange const pen(device, sv::Pen(curve->GetCurveColor(), 1, sv::PenStyle::Dash));
-        device.DrawLine(At(x, 0), At(x, size.Height()));
-        device.DrawLine(At(0, y), At(size.Width(), y));
+        device.DrawLine({x, 0}, {x, size.Height()});
+        device.DrawLine({0, y}, {size.Width(), y});
     }
 }
 

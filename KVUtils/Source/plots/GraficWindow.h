@@ -9,9 +9,6 @@
 #include "KVUtils/Source/plots/fPoint.h"
 #include "SV/ui/Window.h"
 
-#include <memory>
-#include <vector>
-
 namespace kv {
 
 class GraficWindow : public sv::Window {
@@ -19,13 +16,14 @@ class GraficWindow : public sv::Window {
     /// A white window in `parent`, shown at once.
     explicit GraficWindow(sv::Window* parent);
     GraficWindow(sv::Window* parent, AxisData const& x, AxisData const& y);
+    ~GraficWindow() override;
 
     /// Appends a copy with points of its own.
     void AddCurve(Curve const& curve);
     /// Null past the last.
     [[nodiscard]] Curve* GetCurve(int index) noexcept;
-    /// The window owns the curves in it.
-    [[nodiscard]] CurveList* GetCurveList() noexcept { return &list_; }
+    /// The window deletes the curves in it.
+    [[nodiscard]] CurveList* GetCurveList() noexcept { return &curves_; }
     void DeleteAllCurve() noexcept;
 
     void ChangeXAxisData(AxisData const& axis) noexcept { x_ = axis; }
@@ -57,8 +55,7 @@ class GraficWindow : public sv::Window {
     float cursorX_ = 0;
     CursorType cursorType_ = CURSOR_NONE;
     int cursorCurve_ = 0;
-    std::vector<std::unique_ptr<Curve>> curves_;  // those of the list
-    CurveList list_;
+    CurveList curves_;  // owned, also those that a caller puts in
     AxisData x_;
     AxisData y_;
 };

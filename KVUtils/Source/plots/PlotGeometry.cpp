@@ -19,8 +19,6 @@ constexpr int BottomMargin = 20;
 
 constexpr std::int16_t Wrapped(std::int64_t pixel) noexcept { return static_cast<std::int16_t>(pixel); }
 
-constexpr sv::Point PointAt(int x, int y) noexcept { return {Wrapped(x), Wrapped(y)}; }
-
 /// Calls `visit` with every value from `first` to `last`, until the addition no longer moves it, or there are
 /// more than anybody sees.
 template <class Visit>
@@ -76,21 +74,20 @@ std::vector<TickLabel> TickLabels(AxisData const& axis, int extent, int decimals
 }
 
 DiagramArea DiagramWithin(sv::Size window) noexcept {
-    return {PointAt(LeftMargin, TopMargin),
-            {Wrapped(window.Width() - LeftMargin - RightMargin),
-             Wrapped(window.Height() - TopMargin - BottomMargin)}};
+    return {{LeftMargin, TopMargin},
+            {window.Width() - LeftMargin - RightMargin, window.Height() - TopMargin - BottomMargin}};
 }
 
 sv::Point XLabelPosition(TickLabel const& label, int textWidth) noexcept {
-    return PointAt(label.position + LeftMargin - textWidth / 2, 2);
+    return {label.position + LeftMargin - textWidth / 2, 2};
 }
 
 sv::Point YLabelPosition(TickLabel const& label, int textWidth) noexcept {
-    return PointAt(LeftMargin - (textWidth + 8), label.position + BottomMargin - 8);
+    return {LeftMargin - (textWidth + 8), label.position + BottomMargin - 8};
 }
 
-sv::Point XTitlePosition(sv::Size diagram) noexcept { return PointAt(diagram.Width() + 48, 15); }
+sv::Point XTitlePosition(sv::Size diagram) noexcept { return {diagram.Width() + 48, 15}; }
 
-sv::Point YTitlePosition(sv::Size diagram) noexcept { return PointAt(37, diagram.Height() + 23); }
+sv::Point YTitlePosition(sv::Size diagram) noexcept { return {37, diagram.Height() + 23}; }
 
 }  // namespace kv::detail

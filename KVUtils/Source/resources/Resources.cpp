@@ -15,7 +15,7 @@ sv::BitmapPixel PixelOf(std::uint32_t rgba) noexcept {
     return {channel(24), channel(16), channel(8), channel(0)};
 }
 
-sv::Bitmap Decoded(std::int16_t side, std::span<std::uint32_t const> palette, std::string_view runs) {
+sv::Bitmap Decoded(int side, std::span<std::uint32_t const> palette, std::string_view runs) {
     sv::Bitmap picture(sv::Size(side, side));
     int place = 0;
     for (std::size_t i = 0; i + 1 < runs.size(); i += 2) {
@@ -34,7 +34,7 @@ sv::Bitmap LoadKVBitmap(unsigned short record) {
     auto const found = std::ranges::find(pictures, record, &detail::EncodedBitmap::record);
     if (found == pictures.end()) return {};
     sv::Bitmap picture = Decoded(found->side, found->palette, found->runs);
-    picture.SetFine(Decoded(static_cast<std::int16_t>(2 * found->side), found->palette, found->fineRuns));
+    picture.SetFine(Decoded(2 * found->side, found->palette, found->fineRuns));
     return picture;
 }
 

@@ -1,0 +1,28 @@
+// The styles that the suite gives its windows and controls, by what they ask for. Backends look at single
+// bits.
+#pragma once
+
+#include "SV/ui/Window.h"
+
+namespace sv {
+
+// Bits.
+/// Of a button: Return presses it, wherever the focus is in its dialog.
+inline constexpr Window::Style StyleBitDefaultButton = 0x100;
+/// Of a text: it stands at the right.
+inline constexpr Window::Style StyleBitRight = 0x400;
+
+// Windows.
+inline constexpr Window::Style StyleOfChild = 1;
+inline constexpr Window::Style StyleOfTextWindow = 36;
+inline constexpr Window::Style StyleOfWaitWindow = 0x20;
+inline constexpr Window::Style StyleOfModalDialog = 0x120;
+
+// Controls.
+inline constexpr Window::Style StyleOfEdit = 257;
+inline constexpr Window::Style StyleOfSpinButton = 16384;
+inline constexpr Window::Style StyleOfText = 256;
+inline constexpr Window::Style StyleOfNumberText = StyleBitRight;
+inline constexpr Window::Style StyleOfLines = 16389;
+
+}  // namespace sv
