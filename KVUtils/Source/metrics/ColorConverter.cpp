@@ -103,8 +103,7 @@ sv::Bitmap ColorConverter::BuildBitmap(sv::Brush const& brush, sv::Size const& s
     // A far corner at 0 stands for an area without extent.
     int const right = size.Width() - 2;
     int const bottom = size.Height() - 2;
-    if (right > 0 && bottom > 0)
-        device.DrawRect({{1, 1}, {right, bottom}});
+    if (right > 0 && bottom > 0) device.DrawRect({{1, 1}, {right, bottom}});
     return device.GetBitmap({0, 0}, size);
 }
 
