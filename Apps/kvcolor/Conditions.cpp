@@ -3,7 +3,6 @@
 #include "Apps/kvcolor/Numbers.h"
 #include "Apps/kvcolor/Text.h"
 #include "Apps/kvcolor/Unusable.h"
-#include "KVUtils/Source/colorimetry/CMetry.h"
 
 #include <algorithm>
 #include <array>
@@ -15,18 +14,9 @@ namespace {
 using kv::DStdType;
 using kv::IllumType;
 
-constexpr std::array<IllumType, 16> Tabled = {IllumType::A,  IllumType::C,   IllumType::D50, IllumType::D65,
-                                              IllumType::F1, IllumType::F2,  IllumType::F3,  IllumType::F4,
-                                              IllumType::F5, IllumType::F6,  IllumType::F7,  IllumType::F8,
-                                              IllumType::F9, IllumType::F10, IllumType::F11, IllumType::F12};
-
 /// Names that measuring conditions can hold, but that no light belongs to.
 constexpr std::array<IllumType, 5> WithoutTable = {IllumType::Il1, IllumType::Il2, IllumType::Il3,
                                                    IllumType::Il4, IllumType::Custom};
-
-constexpr std::array<DStdType, 7> Standards = {DStdType::AnsiA, DStdType::AnsiT, DStdType::AnsiM,
-                                               DStdType::Din,   DStdType::DinNb, DStdType::Spi,
-                                               DStdType::Ds1};
 
 constexpr std::string_view Offer =
     "A, C, D50, D65, F1 to F12, or D40 to D150 for daylight of 4000 K to 15000 K";
@@ -44,17 +34,11 @@ std::string StandardKey(std::string_view name) {
 
 }  // namespace
 
-std::span<IllumType const> TabledIlluminants() noexcept { return Tabled; }
-std::span<DStdType const> DensityStandards() noexcept { return Standards; }
-
-bool HasColourFilters(kv::DStdClass const& standard) noexcept {
-    return standard != DStdType::AnsiM && standard != DStdType::Ds1;
-}
-
 kv::IllumClass ParseIlluminant(std::string_view name) {
     std::string const lower = Lower(name);
     auto const isNamed = [&](IllumType type) { return IsNamed(type, lower); };
-    if (auto const* const type = std::ranges::find_if(Tabled, isNamed); type != Tabled.end()) {
+    if (auto const type = std::ranges::find_if(TabledIlluminants(), isNamed);
+        type != TabledIlluminants().end()) {
         return kv::IllumClass(*type);
     }
     if (std::ranges::any_of(WithoutTable, isNamed) || lower.starts_with("dxx")) {
@@ -78,28 +62,14 @@ kv::ObserverClass ParseObserver(std::string_view name) {
 
 kv::DStdClass ParseDensityStandard(std::string_view name) {
     auto const key = [](DStdType type) { return StandardKey(NameOf(kv::DStdClass(type))); };
-    auto const* const type = std::ranges::find(Standards, StandardKey(name), key);
-    if (type != Standards.end()) return kv::DStdClass(*type);
+    auto const standards = DensityStandards();
+    auto const type = std::ranges::find(standards, StandardKey(name), key);
+    if (type != standards.end()) return kv::DStdClass(*type);
     std::vector<std::string> names;
-    names.reserve(Standards.size());
-    for (DStdType const standard : Standards) names.push_back(NameOf(kv::DStdClass(standard)));
+    names.reserve(standards.size());
+    for (DStdType const standard : standards) names.push_back(NameOf(kv::DStdClass(standard)));
     throw Unusable("no density standard \"" + std::string(name) + "\": there are " +
                    List(names, names.size()));
-}
-
-std::string NameOf(kv::IllumClass const& illuminant) { return std::string(sv::String(illuminant).View()); }
-
-std::string NameOf(kv::ObserverClass const& observer) {
-    return observer == kv::ObserverType::TenDegrees ? "10 degrees" : "2 degrees";
-}
-
-std::string NameOf(kv::DStdClass const& standard) { return std::string(sv::String(standard).View()); }
-
-void PutInForce(kv::IllumClass const& illuminant, kv::ObserverClass const& observer,
-                kv::DStdClass const& standard) {
-    kv::CMetry::SetMeasuringConditions(
-        kv::MeasuringCondition(illuminant, observer, standard, kv::PhysicalConditions()));
-    kv::CMetry::EnterWhite(kv::Spectrum());
 }
 
 }  // namespace kvcolor
