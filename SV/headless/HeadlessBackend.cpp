@@ -42,6 +42,9 @@ class HeadlessPeer final : public detail::WindowPeer {
     void ClearEntries() override { isInvalid_ = true; }
     void SelectEntry(int /*position*/) override { isInvalid_ = true; }
     void SetChecked(bool /*checked*/) override { isInvalid_ = true; }
+    void SetColumns(std::span<TableColumn const> /*columns*/) override { isInvalid_ = true; }
+    void SetRowCount(int /*count*/) override { isInvalid_ = true; }
+    void SelectRows(std::span<int const> /*rows*/) override { isInvalid_ = true; }
 
     RecordingCanvas const& Paint() {
         canvas_.Restart(size_);

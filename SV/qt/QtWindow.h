@@ -45,6 +45,9 @@ class QtWindow : public QObject, public detail::WindowPeer {
     void ClearEntries() override {}
     void SelectEntry(int /*position*/) override {}
     void SetChecked(bool /*checked*/) override {}
+    void SetColumns(std::span<TableColumn const> /*columns*/) override {}
+    void SetRowCount(int /*count*/) override {}
+    void SelectRows(std::span<int const> /*rows*/) override {}
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -75,5 +78,6 @@ class QtWindow : public QObject, public detail::WindowPeer {
 /// A window of the kind, in the parent's or on the screen.
 [[nodiscard]] std::unique_ptr<QtWindow> MakeArea(Window& window, detail::WindowKind kind, QWidget* parent);
 [[nodiscard]] std::unique_ptr<QtWindow> MakeControl(Window& window, detail::WindowKind kind, QWidget* parent);
+[[nodiscard]] std::unique_ptr<QtWindow> MakeTable(Window& window, QWidget* parent);
 
 }  // namespace sv::qt

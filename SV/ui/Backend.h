@@ -7,9 +7,11 @@
 #include "SV/ui/Canvas.h"
 
 #include <memory>
+#include <span>
 
 namespace sv {
 class Window;
+struct TableColumn;
 }
 
 namespace sv::detail {
@@ -25,7 +27,8 @@ enum class WindowKind : int {
     PushButton,
     CheckBox,
     ListBox,
-    DropDown
+    DropDown,
+    Table  // an `sv::Table`, which is asked for its cells
 };
 
 /// The window system's side of one `sv::Window`. What happens on its side it reports by the window's
@@ -60,6 +63,12 @@ class WindowPeer {
     /// Scrolls it into view; -1 selects none.
     virtual void SelectEntry(int position) = 0;
     virtual void SetChecked(bool checked) = 0;
+    // Of a table.
+    virtual void SetColumns(std::span<TableColumn const> columns) = 0;
+    /// Nothing is selected then.
+    virtual void SetRowCount(int count) = 0;
+    /// These alone; scrolls the first into view.
+    virtual void SelectRows(std::span<int const> rows) = 0;
 };
 
 class Backend {

@@ -13,9 +13,9 @@ constinit Window* Window::captor_ = nullptr;
 Window::Window(Window* parent, Style style) : Window(detail::WindowKind::Area, parent, style) {}
 
 Window::Window(detail::WindowKind kind, Window* parent, Style style) : parent_(parent), style_(style) {
-    if (parent_ != nullptr) parent_->children_.push_back(this);
     detail::WindowPeer* const parentPeer = parent_ == nullptr ? nullptr : parent_->peer_.get();
     peer_ = detail::CurrentBackend().MakeWindow(*this, kind, parentPeer);
+    if (parent_ != nullptr) parent_->children_.push_back(this);
 }
 
 Window::~Window() {
@@ -36,6 +36,7 @@ void Window::TextHasChanged(String const& /*text*/) {}
 void Window::WasClicked() {}
 void Window::WasSpun(bool /*up*/) {}
 void Window::EntryWasSelected(unsigned short /*position*/) {}
+void Window::RowsWereSelected(std::vector<int> /*rows*/) {}
 void Window::WasClosed() {}
 
 void Window::SetPosSizePixel(Point position, Size size) {

@@ -94,6 +94,8 @@ class Window : public OutputDevice {
     virtual void WasSpun(bool up);
     /// A person has selected the entry.
     virtual void EntryWasSelected(unsigned short position);
+    /// A person has selected these rows of a table, ascending.
+    virtual void RowsWereSelected(std::vector<int> rows);
     /// A person wants the window closed.
     virtual void WasClosed();
     /// A person, or the window system, has moved the window or changed its size.

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <memory>
+#include <utility>
 
 namespace kv {
 
@@ -70,6 +71,15 @@ sv::Point GraficWindow::GetLogicToPixel(fPoint point) const noexcept {
 void detail::CountUpward(sv::Window& window) {
     sv::Point const origin(0, -window.GetSizePixel().Height());
     window.ChangeMapMode(sv::MapMode(sv::MapUnit::Pixel, origin, sv::Fraction(1.0), sv::Fraction(-1.0)));
+}
+
+sv::Link GraficWindow::ChangePointerHdl(sv::Link const& link) noexcept {
+    return std::exchange(pointer_, link);
+}
+
+void GraficWindow::MouseMove(sv::MouseEvent const& event) {
+    pointerX_ = detail::PixelToLogic(x_, GetSizePixel().Width(), event.GetPosPixel().X());
+    pointer_.Call(this);
 }
 
 void GraficWindow::Resize() { detail::CountUpward(*this); }

@@ -7,6 +7,7 @@
 #include "KVUtils/Source/plots/AxisData.h"
 #include "KVUtils/Source/plots/CurveList.h"
 #include "KVUtils/Source/plots/fPoint.h"
+#include "SV/core/Link.h"
 #include "SV/ui/Window.h"
 
 namespace kv {
@@ -41,7 +42,13 @@ class GraficWindow : public sv::Window {
     /// its pixel offset.
     [[nodiscard]] sv::Point GetLogicToPixel(fPoint point) const noexcept;
 
+    /// Called with the window when the pointer moves over it. Returns the link before.
+    sv::Link ChangePointerHdl(sv::Link const& link) noexcept;
+    /// Where the pointer was last, as a value on the X axis.
+    [[nodiscard]] float GetPointerX() const noexcept { return pointerX_; }
+
     void Resize() override;
+    void MouseMove(sv::MouseEvent const& event) override;
     /// Draws everything, whatever the area.
     void Paint(sv::Rectangle const& area) override;
 
@@ -55,6 +62,8 @@ class GraficWindow : public sv::Window {
     float cursorX_ = 0;
     CursorType cursorType_ = CURSOR_NONE;
     int cursorCurve_ = 0;
+    float pointerX_ = 0;
+    sv::Link pointer_;
     CurveList curves_;  // owned, also those that a caller puts in
     AxisData x_;
     AxisData y_;

@@ -19,6 +19,11 @@ constexpr int BottomMargin = 20;
 
 constexpr std::int16_t Wrapped(std::int64_t pixel) noexcept { return static_cast<std::int16_t>(pixel); }
 
+float ValuePerPixel(AxisData const& axis, int extent) noexcept {
+    double const range = double{axis.GetMaximum()} - double{axis.GetMinimum()};
+    return static_cast<float>(range / extent);
+}
+
 /// Calls `visit` with every value from `first` to `last`, until the addition no longer moves it, or there are
 /// more than anybody sees.
 template <class Visit>
@@ -36,8 +41,7 @@ void Walk(float first, float last, float spacing, Visit visit) {
 }  // namespace
 
 std::int16_t LogicToPixel(AxisData const& axis, int extent, float value) noexcept {
-    double const range = double{axis.GetMaximum()} - double{axis.GetMinimum()};
-    auto const scale = static_cast<float>(range / extent);
+    float const scale = ValuePerPixel(axis, extent);
     double pixel = 0;
     if (scale > Tiny) {
         // The remainder is exact, so the pixel wraps at any size.
@@ -45,6 +49,13 @@ std::int16_t LogicToPixel(AxisData const& axis, int extent, float value) noexcep
         if (std::isnan(pixel)) pixel = 0;
     }
     return Wrapped(static_cast<std::int64_t>(pixel) + axis.GetPixelOffset());
+}
+
+float PixelToLogic(AxisData const& axis, int extent, int position) noexcept {
+    float const scale = ValuePerPixel(axis, extent);
+    if (!(scale > Tiny) || std::isinf(scale)) return axis.GetMinimum();
+    double const pixels = static_cast<double>(position) - axis.GetPixelOffset();
+    return static_cast<float>(double{axis.GetMinimum()} + pixels * scale);
 }
 
 std::vector<Tick> Ticks(AxisData const& axis, int extent) {

@@ -14,6 +14,9 @@ namespace kv::detail {
 /// and a value that is not a number.
 [[nodiscard]] std::int16_t LogicToPixel(AxisData const& axis, int extent, float value) noexcept;
 
+/// The value at a pixel; the axis' minimum where all values stand at one pixel.
+[[nodiscard]] float PixelToLogic(AxisData const& axis, int extent, int position) noexcept;
+
 /// A line across the axis, to both sides of it.
 struct Tick {
     std::int16_t position;

@@ -27,6 +27,10 @@ class PlotWindow : public sv::Window {
     /// As the diagram does it.
     void SetCursor(float x, CursorType type, int curve) { diagram_.SetCursor(x, type, curve); }
 
+    /// As the diagram does it, with the diagram as the sender.
+    sv::Link ChangePointerHdl(sv::Link const& link) noexcept { return diagram_.ChangePointerHdl(link); }
+    [[nodiscard]] float GetPointerX() const noexcept { return diagram_.GetPointerX(); }
+
     // Each takes an axis from the data, widened by 5 percent, in place of all that was set for it, and asks
     // for a painting. With `setDecimals` other than 0 the labels get as many decimals as tell them apart. An
     // index without a curve changes nothing.

@@ -103,5 +103,13 @@ TEST(PlotGeometry, TheDiagramWithinItsWindow) {
     EXPECT_EQ(YTitlePosition({100, 90}), sv::Point(37, 113));
 }
 
+TEST(PlotGeometry, TheValueAtAPixel) {
+    EXPECT_FLOAT_EQ(PixelToLogic(Axis(380, 730, 50, 4), 350, 170), 550);
+    EXPECT_FLOAT_EQ(PixelToLogic(Axis(0, 1, 1, 4, 10), 100, 35), 0.25F);
+    EXPECT_EQ(PixelToLogic(Axis(5, 1, 1, 4), 100, 35), 5) << "a reversed range has one pixel";
+    EXPECT_EQ(PixelToLogic(Axis(0, 1, 1, 4), 0, 35), 0) << "nor has a window without extent";
+}
+
 }  // namespace
+
 }  // namespace kv::test
