@@ -5,21 +5,20 @@
 #include "Apps/kvcolor/Progress.h"
 #include "Apps/kvcolor/Run.h"
 #include "Apps/kvcolor/Session.h"
-#include "Apps/kvcolor/Unusable.h"
-#include "Apps/measurements/ServerClient.h"
+#include "Apps/measurements/ChartMeasurement.h"
 #include "Apps/measurements/SuiteServices.h"
 #include "Platform/Process.h"
 
 #include <CLI/CLI.hpp>
 
 #include <memory>
+#include <optional>
 
 namespace kvcolor {
 
 namespace {
 
 using measurements::ServerClient;
-using measurements::ServerError;
 
 struct MeasureOptions {
     std::string out;
@@ -35,47 +34,20 @@ std::string ModeOf(MeasureOptions const& options) {
     return options.measurementMode.empty() ? "" : ParseMeasurementMode(options.measurementMode);
 }
 
-/// The instrument's name stands where another command has its file's.
-measurements::MeasurementFile Describe(ServerClient& server) {
-    measurements::DeviceIdentity const device = server.Identify();
-    measurements::MeasurementFile file;
-    file.path = device.name + ' ' + device.serialNumber;
-    file.dialect = std::string(measurements::ServerName) + ' ' + device.softwareVersion;
-    return file;
-}
-
-/// What the server's refusal leaves open, its display tells.
-[[noreturn]] void Explain(ServerClient& server, ServerError const& error) {
-    std::string display;
-    try {
-        if (error.Status() == measurements::ServerStatus::NotReady) display = ": " + server.Display();
-    } catch (ServerError const&) {  // NOLINT(bugprone-empty-catch): the first error is the one to tell
-    }
-    throw Unusable(error.what() + display);
-}
-
 /// Measures into `file`, which holds what was measured when this throws.
-void MeasureChart(ServerClient& server, MeasureOptions const& options, Environment const& environment,
-                  measurements::MeasurementFile& file) try {
-    measurements::StatedConditions asked;
-    asked.measurementMode = ModeOf(options);
-    server.Require(asked);
-    long const chart = server.BeginChart();
-    long const patches = options.patches == 0 ? chart : options.patches;
-    if (patches > chart) {
-        throw Unusable("the chart has " + std::to_string(chart) + " patches, asked for were " +
-                       std::to_string(patches));
-    }
-    server.MeasureWhite();
-    file.stated = server.Conditions();
-    Progress progress(environment, "measuring", static_cast<std::size_t>(patches));
-    for (long i = 0; i < patches; ++i) {
-        measurements::MeasuredPatch patch = server.Measure();
-        file.samples.push_back({std::move(patch.name), patch.spectrum, std::nullopt});
-        progress.Step();
-    }
-} catch (ServerError const& error) {
-    Explain(server, error);
+void Measure(MeasureOptions const& options, Environment const& environment,
+             measurements::MeasurementFile& file) {
+    ServerClient server(
+        {.patience = std::chrono::seconds(options.patience), .isInterrupted = environment.isInterrupted});
+    std::optional<Progress> progress;
+    measurements::MeasureChart(
+        server, {ModeOf(options), options.patches}, file, [&](long done, long patches) {
+            if (done == 0) {
+                progress.emplace(environment, "measuring", static_cast<std::size_t>(patches));
+            } else {
+                progress->Step();
+            }
+        });
 }
 
 void Deliver(Session& session, MeasureOptions const& options, measurements::MeasurementFile const& file) {
@@ -97,13 +69,9 @@ void RunMeasure(Session& session, MeasureOptions const& options) {
     // A name of its own for each process: two that start within a second would share the instance name.
     std::string const name = "kvcolor-" + std::to_string(platform::ProcessNumber());
     measurements::SuiteServices const services(name, Version);
-    Environment const& environment = session.GetEnvironment();
     measurements::MeasurementFile file;
     try {
-        ServerClient server(
-            {.patience = std::chrono::seconds(options.patience), .isInterrupted = environment.isInterrupted});
-        file = Describe(server);
-        MeasureChart(server, options, environment, file);
+        Measure(options, session.GetEnvironment(), file);
     } catch (std::exception const&) {
         // What was measured is not lost.
         if (!file.samples.empty()) Deliver(session, options, file);
