@@ -42,6 +42,10 @@ class HeadlessPeer final : public detail::WindowPeer {
     void ClearEntries() override { isInvalid_ = true; }
     void SelectEntry(int /*position*/) override { isInvalid_ = true; }
     void SetChecked(bool /*checked*/) override { isInvalid_ = true; }
+    void InsertMenu(String const& /*title*/) override { isInvalid_ = true; }
+    void InsertMenuItem(String const& /*text*/, String const& /*shortcut*/) override { isInvalid_ = true; }
+    void EnableMenuItem(int /*item*/, bool /*enabled*/) override {}
+    void CheckMenuItem(int /*item*/, bool /*checked*/) override {}
 
     RecordingCanvas const& Paint() {
         canvas_.Restart(size_);

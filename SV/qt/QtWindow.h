@@ -45,6 +45,10 @@ class QtWindow : public QObject, public detail::WindowPeer {
     void ClearEntries() override {}
     void SelectEntry(int /*position*/) override {}
     void SetChecked(bool /*checked*/) override {}
+    void InsertMenu(String const& /*title*/) override {}
+    void InsertMenuItem(String const& /*text*/, String const& /*shortcut*/) override {}
+    void EnableMenuItem(int /*item*/, bool /*enabled*/) override {}
+    void CheckMenuItem(int /*item*/, bool /*checked*/) override {}
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -75,5 +79,6 @@ class QtWindow : public QObject, public detail::WindowPeer {
 /// A window of the kind, in the parent's or on the screen.
 [[nodiscard]] std::unique_ptr<QtWindow> MakeArea(Window& window, detail::WindowKind kind, QWidget* parent);
 [[nodiscard]] std::unique_ptr<QtWindow> MakeControl(Window& window, detail::WindowKind kind, QWidget* parent);
+[[nodiscard]] std::unique_ptr<QtWindow> MakeMenuBar(Window& window, QWidget* parent);
 
 }  // namespace sv::qt
