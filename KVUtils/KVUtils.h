@@ -31,6 +31,8 @@
 #include "KVUtils/Source/data/FlagSet.h"
 #include "KVUtils/Source/data/GString.h"
 #include "KVUtils/Source/data/MyStringList.h"
+#include "KVUtils/Source/dialogs/KORVELMenu.h"
+#include "KVUtils/Source/dialogs/MyFileDialog.h"
 #include "KVUtils/Source/dialogs/TextInputDialog.h"
 #include "KVUtils/Source/dialogs/WaitVisualizer.h"
 #include "KVUtils/Source/frame/APPSETTI.h"

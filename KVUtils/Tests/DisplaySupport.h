@@ -31,9 +31,21 @@ class Person final : public sv::detail::Backend {
     std::unique_ptr<sv::detail::Canvas> MakeSurface(sv::Size size) override {
         return below_.MakeSurface(size);
     }
+    /// The answers to come, the next one first; none when they have run out.
+    std::optional<sv::FileAnswer> AskForFile(sv::Window* /*parent*/,
+                                             sv::FileQuestion const& question) override {
+        asked.push_back(question);
+        if (answers.empty()) return std::nullopt;
+        sv::FileAnswer answer = answers.front();
+        answers.erase(answers.begin());
+        return answer;
+    }
     [[nodiscard]] bool HasDisplay() const noexcept override { return true; }
     [[nodiscard]] sv::Size ScreenSize() const override { return below_.ScreenSize(); }
     [[nodiscard]] sv::Point PointerPosition() const override { return below_.PointerPosition(); }
+
+    std::vector<sv::FileAnswer> answers;
+    std::vector<sv::FileQuestion> asked;
 
   private:
     long Act(void* /*sender*/) {

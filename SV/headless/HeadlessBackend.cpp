@@ -45,6 +45,10 @@ class HeadlessPeer final : public detail::WindowPeer {
     void SetColumns(std::span<TableColumn const> /*columns*/) override { isInvalid_ = true; }
     void SetRowCount(int /*count*/) override { isInvalid_ = true; }
     void SelectRows(std::span<int const> /*rows*/) override { isInvalid_ = true; }
+    void InsertMenu(String const& /*title*/) override { isInvalid_ = true; }
+    void InsertMenuItem(String const& /*text*/, String const& /*shortcut*/) override { isInvalid_ = true; }
+    void EnableMenuItem(int /*item*/, bool /*enabled*/) override {}
+    void CheckMenuItem(int /*item*/, bool /*checked*/) override {}
 
     RecordingCanvas const& Paint() {
         canvas_.Restart(size_);

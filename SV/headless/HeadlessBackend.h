@@ -19,6 +19,11 @@ class HeadlessBackend final : public detail::Backend {
     [[nodiscard]] bool HasDisplay() const noexcept override { return false; }
     [[nodiscard]] Size ScreenSize() const override { return {1280, 1024}; }
     [[nodiscard]] Point PointerPosition() const override { return pointer_; }
+    /// Nobody chooses.
+    [[nodiscard]] std::optional<FileAnswer> AskForFile(Window* /*parent*/,
+                                                       FileQuestion const& /*question*/) override {
+        return std::nullopt;
+    }
     void MovePointer(Point position) noexcept { pointer_ = position; }
 
   private:

@@ -1,6 +1,7 @@
 #include "SV/qt/QtBackend.h"
 
 #include "SV/qt/QtBoxes.h"
+#include "SV/qt/QtFileDialog.h"
 #include "SV/qt/QtText.h"
 #include "SV/qt/QtWindow.h"
 
@@ -96,6 +97,10 @@ class QtBackend::Impl final : public detail::Backend {
     [[nodiscard]] Point PointerPosition() const override {
         QPoint const place = QCursor::pos();
         return {place.x(), place.y()};
+    }
+    [[nodiscard]] std::optional<FileAnswer> AskForFile(Window* parent,
+                                                       FileQuestion const& question) override {
+        return ShowFileDialog(parent, question);
     }
 
   private:

@@ -309,6 +309,8 @@ std::unique_ptr<QtWindow> MakeControl(Window& window, WindowKind kind, QWidget* 
             return std::make_unique<QtDropDown>(window, parent);
         case WindowKind::Table:
             return MakeTable(window, parent);
+        case WindowKind::MenuBar:
+            return MakeMenuBar(window, parent);
         case WindowKind::Area:
         case WindowKind::Dialog:
         case WindowKind::DrawnButton:

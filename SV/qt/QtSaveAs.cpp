@@ -1,6 +1,6 @@
 // Windows as files.
+#include "SV/core/NativePath.h"
 #include "SV/qt/QtBackend.h"
-#include "SV/qt/QtText.h"
 #include "SV/qt/QtWindow.h"
 
 #include <QFile>
@@ -56,7 +56,7 @@ bool SavePdf(QWidget& widget, QString const& path) {
 
 bool SaveAs(Window& window, String const& path) {
     QWidget& widget = QtWindow::Of(window).Widget();
-    QString const name = ToQt(path);
+    QString const name = QString::fromStdString(NativePath(path));
     QString const ending = QFileInfo(name).suffix().toLower();
     if (ending == "png") return SavePng(widget, name);
     if (ending == "svg") return SaveSvg(widget, name);

@@ -48,6 +48,10 @@ class QtWindow : public QObject, public detail::WindowPeer {
     void SetColumns(std::span<TableColumn const> /*columns*/) override {}
     void SetRowCount(int /*count*/) override {}
     void SelectRows(std::span<int const> /*rows*/) override {}
+    void InsertMenu(String const& /*title*/) override {}
+    void InsertMenuItem(String const& /*text*/, String const& /*shortcut*/) override {}
+    void EnableMenuItem(int /*item*/, bool /*enabled*/) override {}
+    void CheckMenuItem(int /*item*/, bool /*checked*/) override {}
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -79,5 +83,6 @@ class QtWindow : public QObject, public detail::WindowPeer {
 [[nodiscard]] std::unique_ptr<QtWindow> MakeArea(Window& window, detail::WindowKind kind, QWidget* parent);
 [[nodiscard]] std::unique_ptr<QtWindow> MakeControl(Window& window, detail::WindowKind kind, QWidget* parent);
 [[nodiscard]] std::unique_ptr<QtWindow> MakeTable(Window& window, QWidget* parent);
+[[nodiscard]] std::unique_ptr<QtWindow> MakeMenuBar(Window& window, QWidget* parent);
 
 }  // namespace sv::qt

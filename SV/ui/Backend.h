@@ -5,8 +5,10 @@
 #include "SV/core/Geometry.h"
 #include "SV/core/String.h"
 #include "SV/ui/Canvas.h"
+#include "SV/ui/FileChoice.h"
 
 #include <memory>
+#include <optional>
 #include <span>
 
 namespace sv {
@@ -28,6 +30,7 @@ enum class WindowKind : int {
     CheckBox,
     ListBox,
     DropDown,
+    MenuBar,
     Table  // an `sv::Table`, which is asked for its cells
 };
 
@@ -69,6 +72,12 @@ class WindowPeer {
     virtual void SetRowCount(int count) = 0;
     /// These alone; scrolls the first into view.
     virtual void SelectRows(std::span<int const> rows) = 0;
+    // Of a menu bar, whose items are counted from 0 through all its menus, lines included.
+    virtual void InsertMenu(String const& title) = 0;
+    /// At the end of the last menu; without a text it is a line.
+    virtual void InsertMenuItem(String const& text, String const& shortcut) = 0;
+    virtual void EnableMenuItem(int item, bool enabled) = 0;
+    virtual void CheckMenuItem(int item, bool checked) = 0;
 };
 
 class Backend {
@@ -85,6 +94,11 @@ class Backend {
     [[nodiscard]] virtual Size ScreenSize() const = 0;
     /// Of the pointer on the screen.
     [[nodiscard]] virtual Point PointerPosition() const = 0;
+    /// Asks over `parent`, which may be null, and runs the loop meanwhile; none when the person cancels.
+    /// Neither asks whether a file may be replaced, nor adds an extension to its name. A name that the
+    /// suite's code page cannot hold is refused before the person's eyes.
+    [[nodiscard]] virtual std::optional<FileAnswer> AskForFile(Window* parent,
+                                                               FileQuestion const& question) = 0;
 };
 
 /// The backend in use: the one without a display, unless another is installed.

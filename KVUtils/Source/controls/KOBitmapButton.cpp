@@ -3,6 +3,7 @@
 #include "KVUtils/Source/controls/KORVELBitmap.h"
 #include "KVUtils/Source/controls/WINDOWPL.h"
 #include "SV/core/Application.h"
+#include "SV/core/Mnemonic.h"
 #include "SV/ui/Backend.h"
 
 #include <algorithm>
@@ -62,9 +63,9 @@ sv::Bitmap KOBitmapButton::ChangeBitmap(sv::Bitmap const& bitmap) {
 }
 
 void KOBitmapButton::SetBalloonText(sv::String const& text) {
-    balloonText_ = text;
+    balloonText_ = sv::WithoutMnemonic(text);
     // A screen reader says the help where there is nothing else to say.
-    if (GetText().IsEmpty()) SetAccessibleName(text);
+    if (GetText().IsEmpty()) SetAccessibleName(balloonText_);
 }
 
 void KOBitmapButton::Paint(sv::Rectangle const& area) {
@@ -74,9 +75,7 @@ void KOBitmapButton::Paint(sv::Rectangle const& area) {
     }
     sv::Size const size = GetSizePixel();
     sv::Size const face = GetBitmap().GetSizePixel();
-    sv::String text = GetText();
-    text.Erase(text.Search('~'), 1);
-    sv::Size const label = GetTextSize(text);
+    sv::Size const label = GetTextSize(sv::WithoutMnemonic(GetText()));
     int const gap = std::clamp((size.Width() - face.Width() - label.Width()) / 3, SmallestGap, LargestGap);
     int const shift = PaintFrame() ? 1 : 0;
     DrawBitmap({gap + shift, (size.Height() - face.Height()) / 2 + shift}, GetBitmap());
@@ -91,9 +90,10 @@ void KOBitmapButton::DrawLabel(sv::Point corner) {
     if (!IsEnabled()) font.ChangeColor(GreyText);
     ChangeFont(font);
     sv::String const& text = GetText();
-    sv::String const head = text.GetToken(0, '~');
+    std::size_t const mark = sv::FindMnemonic(text);
+    sv::String const head = text.Copy(0, mark);
     if (!head.IsEmpty()) DrawText(corner, head);
-    if (std::size_t const behind = head.Len() + 1; behind < text.Len()) {
+    if (std::size_t const behind = head.Len() + 1; mark != sv::String::NotFound && behind < text.Len()) {
         sv::String const letter = text.Copy(behind, 1);
         corner = corner + sv::Point(GetTextSize(head).Width(), 0);
         sv::Size const size = GetTextSize(letter);

@@ -28,7 +28,8 @@ class KOBitmapButton : public sv::BitmapButton {
     void Enable(bool enable) override;
     /// The picture of the enabled button; the greyed one is made from it. Returns the one before.
     sv::Bitmap ChangeBitmap(sv::Bitmap const& bitmap);
-    /// An empty text is none.
+    /// An empty text is none. The mark of a mnemonic does not show, so a button's text may serve for its
+    /// help.
     void SetBalloonText(sv::String const& text);
 
     void Paint(sv::Rectangle const& area) override;

@@ -26,7 +26,7 @@ class ButtonTest : public testing::Test {
         parent_.SetPosSizePixel({}, {400, 300});
         button_ = std::make_unique<KOBitmapButton>(&parent_, LoadKVBitmap(2238), sv::String("Sa~ve"),
                                                    sv::Point(10, 10), sv::Size(100, 30), 1, 0, 0x10);
-        button_->SetBalloonText("Save all");
+        button_->SetBalloonText("Save ~all");
         sv::Application::InsertIdleHdl(sv::Link::To<&ButtonTest::Idle>(*this), 0);
     }
     ~ButtonTest() override {

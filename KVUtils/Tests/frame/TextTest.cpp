@@ -126,6 +126,26 @@ TEST_F(TextTest, FreeResourcesStartsAnew) {
     EXPECT_EQ(Text::GetText(0, 0), "b0");
 }
 
+TEST_F(TextTest, EachStandardButtonHasALetterOfItsOwn) {
+    for (int const language : {1, 49}) {
+        Text::LoadText(KV_TEXTS "/colourdesk", language);
+        unsigned const group = Text::GetGroupNr("KOBitmapButtonBar");
+        std::string letters;
+        for (unsigned long i = 0; i < Text::GetEntryCount(group); ++i) {
+            std::string const text(Text::GetText(group, i).View());
+            std::size_t const mark = text.find('~');
+            if (i == 21) continue;  // on no button
+            ASSERT_LT(mark + 1, text.size()) << text;
+            char const letter = static_cast<char>(text[mark + 1] | 0x20);
+            EXPECT_TRUE(letter >= 'a' && letter <= 'z') << text << ": not on every keyboard";
+            EXPECT_EQ(letters.find(letter), std::string::npos) << text << " in " << language;
+            letters += letter;
+        }
+        EXPECT_EQ(letters.size(), 23U);
+        Text::FreeResources();
+    }
+}
+
 TEST_F(TextTest, TheTextsOfTheSuiteAgreeBetweenTheLanguages) {
     struct Group {
         char const* name;

@@ -11,8 +11,11 @@
 #include <QApplication>
 #include <QImage>
 #include <QTest>
+#include <QTimer>
+#include <deque>
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace sv::qt::tests {
 
@@ -48,6 +51,34 @@ struct Notes {
         return Link::To<&Notes::Note<Name>>(*this);
     }
     [[nodiscard]] std::string Take() { return std::exchange(log, {}); }
+};
+
+/// What a person does one thing after another while the program waits in loops of its own: each as soon as
+/// its condition holds.
+class Person {
+  public:
+    Person() {
+        timer_.callOnTimeout([this] { Act(); });
+        timer_.start(5);
+    }
+    ~Person() { EXPECT_TRUE(acts_.empty()) << "what was waited for did not come"; }
+    Person(Person const&) = delete;
+    Person& operator=(Person const&) = delete;
+
+    void Then(std::function<bool()> when, std::function<void()> act) {
+        acts_.emplace_back(std::move(when), std::move(act));
+    }
+
+  private:
+    void Act() {
+        if (acts_.empty() || !acts_.front().first()) return;
+        auto const act = std::move(acts_.front().second);
+        acts_.pop_front();
+        act();
+    }
+
+    QTimer timer_;
+    std::deque<std::pair<std::function<bool()>, std::function<void()>>> acts_;
 };
 
 class QtTest : public testing::Test {
