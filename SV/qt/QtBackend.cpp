@@ -42,6 +42,12 @@ void Redirect(QMouseEvent const& event, QWidget& widget) {
     QCoreApplication::sendEvent(&widget, &redirected);
 }
 
+/// Qt reads its environment when the application is made; the argument passes through.
+int& ForScreen(Screen screen, int& argc) {
+    if (screen == Screen::None) qputenv("QT_QPA_PLATFORM", "offscreen");
+    return argc;
+}
+
 /// Keeps a person's input from windows that are shut off, as the one below a modal dialog, and gives the
 /// mouse to the window that has captured it.
 class InputFilter final : public QObject {
@@ -63,7 +69,7 @@ class InputFilter final : public QObject {
 
 class QtBackend::Impl final : public detail::Backend {
   public:
-    Impl(int& argc, char** argv) : application_(argc, argv) {
+    Impl(int& argc, char** argv, Screen screen) : application_(ForScreen(screen, argc), argv) {
         QApplication::setQuitOnLastWindowClosed(false);
         application_.installEventFilter(&filter_);
         QtLoop::Instance().Start();
@@ -109,7 +115,8 @@ class QtBackend::Impl final : public detail::Backend {
     BoxHandler boxesBefore_;
 };
 
-QtBackend::QtBackend(int& argc, char** argv) : impl_(std::make_unique<Impl>(argc, argv)) {}
+QtBackend::QtBackend(int& argc, char** argv, Screen screen)
+    : impl_(std::make_unique<Impl>(argc, argv, screen)) {}
 QtBackend::~QtBackend() = default;
 
 }  // namespace sv::qt

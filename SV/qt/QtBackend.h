@@ -13,12 +13,17 @@ class Window;
 
 namespace sv::qt {
 
+/// Where windows show.
+enum class Screen : int {
+    Desktop,  // the platform that the environment names, as a rule the user's own screen
+    None      // nowhere: for pictures and pages alone
+};
+
 class QtBackend {
   public:
     /// Takes Qt's own options out of the arguments. From here on windows, boxes and the event loop are Qt's;
-    /// on a computer without a screen the environment has to name Qt's platform "offscreen", or the program
-    /// ends here.
-    QtBackend(int& argc, char** argv);
+    /// on a computer without a screen the program ends here, unless it wants none.
+    QtBackend(int& argc, char** argv, Screen screen = Screen::Desktop);
     QtBackend(QtBackend const&) = delete;
     QtBackend& operator=(QtBackend const&) = delete;
     ~QtBackend();

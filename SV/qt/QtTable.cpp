@@ -5,6 +5,8 @@
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
+#include <QIcon>
+#include <QPixmap>
 #include <QSignalBlocker>
 #include <QTableView>
 #include <algorithm>
@@ -16,7 +18,18 @@ namespace {
 
 // Pixels.
 constexpr int RowPadding = 6;
-constexpr int CellPadding = 6;
+constexpr int CellPadding = 12;
+constexpr int SwatchSide = 16;
+
+/// The same whether its row is selected or not: a colour is there to be looked at.
+QVariant SwatchOf(Color color) {
+    QPixmap square(SwatchSide, SwatchSide);
+    square.fill(ToQt(color));
+    QIcon icon;
+    for (QIcon::Mode const mode : {QIcon::Normal, QIcon::Selected, QIcon::Disabled})
+        icon.addPixmap(square, mode);
+    return icon;
+}
 
 class Model final : public QAbstractTableModel {
   public:
@@ -34,7 +47,7 @@ class Model final : public QAbstractTableModel {
                 return ToQt(CellAt(index).text);
             case Qt::DecorationRole: {
                 auto const swatch = CellAt(index).swatch;
-                return swatch ? QVariant(ToQt(*swatch)) : QVariant();
+                return swatch ? SwatchOf(*swatch) : QVariant();
             }
             case Qt::FontRole:
                 return FontOf(CellAt(index));

@@ -1,0 +1,39 @@
+#include "Apps/ColourDesk/DeskTexts.h"
+
+#include "KVUtils/Source/frame/TextSegment.h"
+
+#include <string>
+#include <string_view>
+
+namespace colourdesk {
+
+namespace {
+
+template <class Number>
+sv::String TextOf(char const* group, Number number) {
+    return kv::TextSegment(group)[static_cast<unsigned long>(number)];
+}
+
+}  // namespace
+
+sv::String TextOf(Label label) { return TextOf("ColourDesk", label); }
+sv::String TextOf(ColumnTitle title) { return TextOf("ColourDeskColumns", title); }
+sv::String TextOf(Question question) { return TextOf("ColourDeskQuestions", question); }
+
+sv::String Filled(sv::String const& text, std::initializer_list<sv::String> arguments) {
+    std::string filled;
+    std::string_view const from = text.View();
+    for (std::size_t i = 0; i < from.size(); ++i) {
+        std::size_t const number =
+            i + 1 < from.size() ? static_cast<std::size_t>(from[i + 1] - '1') : from.size();
+        if (from[i] != '%' || number >= arguments.size()) {
+            filled += from[i];
+        } else {
+            filled += arguments.begin()[number].View();
+            ++i;
+        }
+    }
+    return filled;
+}
+
+}  // namespace colourdesk

@@ -1,0 +1,412 @@
+#include "Apps/ColourDesk/DeskWindow.h"
+
+#include "Apps/ColourDesk/DeskLayout.h"
+#include "Apps/ColourDesk/DeskTexts.h"
+#include "Apps/measurements/DataFile.h"
+#include "Apps/measurements/SuiteText.h"
+#include "KVUtils/Source/data/GString.h"
+#include "KVUtils/Source/frame/Language.h"
+#include "KVUtils/Source/frame/TextSegment.h"
+#include "SV/core/Application.h"
+#include "SV/core/Boxes.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <utility>
+
+namespace colourdesk {
+
+namespace {
+
+constexpr char const* ProgramName = "ColourDesk";
+
+// Pixels.
+constexpr sv::Size FirstSize(1180, 760);
+constexpr kv::ButtonSize ButtonWidth{1};
+constexpr sv::Size MessagesSize(640, 360);
+
+constexpr sv::Brush Ground(sv::Color(0xF4F4, 0xF4F4, 0xF2F2));
+
+/// A button at the right: one of the suite's own by its id, or one with this picture and the menu's text.
+struct DeskButton {
+    Command command;
+    long standardId;
+    unsigned short bitmap;
+};
+
+constexpr std::array<DeskButton, 6> Buttons = {{{Command::Open, 0x2, 0},
+                                                {Command::Measure, 0x4000, 0},
+                                                {Command::Save, 0, 2223},
+                                                {Command::SelectAll, 0x20000, 0},
+                                                {Command::Messages, 0x80, 0},
+                                                {Command::Close, 0x1, 0}}};
+constexpr unsigned short PlainButton = 0x10;
+
+struct MenuEntry {
+    Command command;
+    char const* shortcut;
+    bool endsGroup;
+};
+
+constexpr std::array<MenuEntry, 5> FileMenu = {{{Command::Open, "Ctrl+O", false},
+                                                {Command::Measure, "Ctrl+M", true},
+                                                {Command::Save, "Ctrl+S", false},
+                                                {Command::SavePlot, "Ctrl+E", true},
+                                                {Command::Close, "Ctrl+Q", false}}};
+constexpr std::array<MenuEntry, 3> SamplesMenu = {{{Command::UseAsStandard, "Ctrl+T", false},
+                                                   {Command::UseAsPaper, "Ctrl+W", true},
+                                                   {Command::SelectAll, "Ctrl+A", false}}};
+constexpr std::array<MenuEntry, 4> ViewMenu = {{{Command::AutoScale, "Ctrl+Y", true},
+                                                {Command::CursorLeft, "Ctrl+Left", false},
+                                                {Command::CursorRight, "Ctrl+Right", true},
+                                                {Command::Messages, "F8", false}}};
+
+/// The menus' titles are the first texts of their group.
+constexpr unsigned long MenuCount = 3;
+
+void ShowError(std::string const& utf8) {
+    sv::ErrorBox(sv::Application::GetAppWindow(), sv::WB_OK, measurements::ToSuite(utf8)).Execute();
+}
+
+sv::String Count(std::size_t count) { return std::to_string(count); }
+
+}  // namespace
+
+DeskWindow::DeskWindow(sv::String textStem, Draw draw)
+    : Window(nullptr), textStem_(std::move(textStem)), draw_(std::move(draw)) {
+    sv::Application::SetAppWindow(this);
+    SetText(ProgramName);
+    ChangeBackgroundBrush(Ground);
+    conditions_.ChangeConditionHdl(sv::Link::To<&DeskWindow::ConditionHdl>(*this));
+    conditions_.ChangeLanguageHdl(sv::Link::To<&DeskWindow::LanguageHdl>(*this));
+    judgement_.ChangeToleranceHdl(sv::Link::To<&DeskWindow::ConditionHdl>(*this));
+    judgement_.ChangeStandardHdl(sv::Link::To<&DeskWindow::UseAsStandardHdl>(*this));
+    judgement_.ChangePaperHdl(sv::Link::To<&DeskWindow::UseAsPaperHdl>(*this));
+    samples_.ChangeSelectHdl(sv::Link::To<&DeskWindow::SelectHdl>(*this));
+    plot_.ChangeCursorHdl(sv::Link::To<&DeskWindow::CursorHdl>(*this));
+    for (sv::Window* const part :
+         std::initializer_list<sv::Window*>{&conditions_, &samples_, &plot_, &judgement_, &status_}) {
+        if (part != &samples_) part->ChangeBackgroundBrush(Ground);
+        part->Show();
+    }
+    TakeTexts();
+    ChangeSizePixel(FirstSize);
+    conditions_.Show(measurements::SheetConditions());
+    judgement_.Show(measurements::Tolerances(), {}, {});
+    ShowCommands();
+    ShowStatus();
+    samples_.GrabFocus();
+}
+
+DeskWindow::~DeskWindow() { sv::Application::SetAppWindow(nullptr); }
+
+void DeskWindow::MakeMenu() {
+    menu_.reset();
+    menu_ = std::make_unique<kv::KORVELMenu>(this, "ColourDeskMenu");
+    auto const add = [this](unsigned long title, auto const& entries) {
+        menu_->AddMenu(title);
+        for (MenuEntry const& entry : entries) {
+            auto const number = static_cast<unsigned short>(entry.command);
+            menu_->AddItem(number, MenuCount + number - FirstCommand,
+                           sv::Link::To<&DeskWindow::MenuHdl>(*this), entry.shortcut);
+            if (entry.endsGroup) menu_->InsertSeparator();
+        }
+    };
+    add(0, FileMenu);
+    add(1, SamplesMenu);
+    add(2, ViewMenu);
+}
+
+void DeskWindow::MakeButtons() {
+    buttons_.reset();
+    buttons_ = std::make_unique<kv::KOBitmapButtonBar>(this, ButtonWidth);
+    kv::TextSegment const help("ColourDeskHelp");
+    kv::TextSegment const menu("ColourDeskMenu");
+    sv::Link const link = sv::Link::To<&DeskWindow::ButtonHdl>(*this);
+    for (DeskButton const& button : Buttons) {
+        auto const number = static_cast<unsigned long>(button.command) - FirstCommand;
+        auto const flags = static_cast<long>(button.command);
+        kv::KOBitmapButton* const made =
+            button.standardId != 0
+                ? buttons_->AddButton(link, button.standardId, flags)
+                : buttons_->AddButton(button.bitmap, menu[MenuCount + number], link, 0, flags, PlainButton);
+        made->SetBalloonText(help[number]);
+    }
+}
+
+void DeskWindow::TakeTexts() {
+    MakeMenu();
+    MakeButtons();
+    conditions_.TakeTexts();
+    judgement_.TakeTexts();
+    samples_.TakeChanges();
+    samples_.SetAccessibleName(TextOf(ColumnTitle::Sample));
+    plot_.TakeTexts();
+    plot_.SetAccessibleName(TextOf(Label::Reflectance));
+    if (messages_ != nullptr) messages_->SetText(TextOf(Label::Messages));
+    Resize();
+}
+
+void DeskWindow::Resize() {
+    if (buttons_ == nullptr) return;
+    sv::Size const buttons = buttons_->GetBarPosSizePixel().GetSize();
+    DeskLayout const layout = Arrange(
+        GetSizePixel(), {menu_->Fit(), GetTextSize("0").Height(), buttons.Width(), judgement_.GetWidth()});
+    buttons_->ChangePosPixel(layout.buttons);
+    auto const place = [](sv::Window& window, sv::Rectangle const& area) {
+        window.SetPosSizePixel(area.TopLeft(), area.GetSize());
+    };
+    place(conditions_, layout.conditions);
+    place(samples_, layout.table);
+    place(plot_, layout.plot);
+    place(judgement_, layout.panel);
+    place(status_, layout.status);
+}
+
+bool DeskWindow::Open(std::string const& path) {
+    try {
+        measurements::MeasurementFile file = measurements::ReadMeasurementFile(path);
+        for (std::string const& note : file.notes) Say(measurements::ToSuite(file.path + ": " + note));
+        ShowFile(std::move(file));
+        isUnsaved_ = false;
+        return true;
+    } catch (measurements::ReadError const& error) {
+        ShowError(error.what());
+        return false;
+    }
+}
+
+void DeskWindow::ShowFile(measurements::MeasurementFile file) {
+    measurements::Tolerances const tolerances =
+        sheet_ ? sheet_->Conditions().tolerances : measurements::Tolerances();
+    samples_.ShowSheet(nullptr);
+    plot_.ShowNothing();
+    sheet_.emplace(std::move(file));
+    samples_.ShowSheet(&*sheet_);
+    SetText(sv::String(measurements::ToSuite(sheet_->File().path)) + " - " + ProgramName);
+    measurements::SheetConditions conditions = sheet_->Conditions();
+    conditions.tolerances = tolerances;
+    Recompute(conditions);
+    SelectSamples({0});
+}
+
+void DeskWindow::Recompute(measurements::SheetConditions conditions) {
+    sheet_->Change(std::move(conditions));
+    samples_.TakeChanges();
+    auto const nameOf = [this](std::optional<std::size_t> sample) {
+        return sample ? sv::String(measurements::ToSuite(sheet_->File().samples[*sample].name))
+                      : sv::String();
+    };
+    measurements::SheetConditions const& inForce = sheet_->Conditions();
+    conditions_.Show(inForce);
+    judgement_.Show(inForce.tolerances, nameOf(inForce.standard), nameOf(inForce.paper));
+    ShowStatus();
+}
+
+void DeskWindow::SelectSamples(std::vector<int> samples) {
+    samples_.SelectRows(std::move(samples));
+    ShowSelection();
+}
+
+void DeskWindow::ShowSelection() {
+    if (sheet_) plot_.ShowSamples(sheet_->File(), samples_.GetSelectedRows());
+    ShowCommands();
+    ShowStatus();
+}
+
+sv::String DeskWindow::PointedValue() const {
+    auto const selected = samples_.GetSelectedRows();
+    auto const cursor = plot_.GetCursorIndex();
+    if (!cursor || selected.empty()) return {};
+    measurements::Sample const& sample = sheet_->File().samples[static_cast<std::size_t>(selected.front())];
+    return Filled(TextOf(Label::Pointer),
+                  {std::to_string(static_cast<int>(kv::Wavelength(*cursor))),
+                   kv::GString(sample.spectrum[*cursor], 4), measurements::ToSuite(sample.name)});
+}
+
+void DeskWindow::ShowStatus() {
+    if (!sheet_) return status_.SetText(TextOf(Label::NothingOpen));
+    std::size_t const selected = samples_.GetSelectedRows().size();
+    std::vector<sv::String> parts = {
+        Filled(TextOf(Label::Counts), {Count(sheet_->Rows().size()), Count(selected)})};
+    if (selected > SpectrumPlot::MostCurves) {
+        parts.push_back(
+            Filled(TextOf(Label::NotPlotted), {Count(SpectrumPlot::MostCurves), Count(selected)}));
+    }
+    measurements::SheetVerdict const& verdict = sheet_->Verdict();
+    if (verdict.whereLargest) {
+        parts.push_back(Filled(TextOf(Label::Verdict),
+                               {Count(verdict.within), Count(verdict.judged), kv::GString(verdict.largest, 2),
+                                measurements::ToSuite(sheet_->File().samples[*verdict.whereLargest].name)}));
+    } else {
+        parts.push_back(TextOf(Label::NotJudged));
+    }
+    if (sv::String const pointed = PointedValue(); !pointed.IsEmpty()) parts.push_back(pointed);
+    sv::String text;
+    for (sv::String const& part : parts) text += text.IsEmpty() ? part : sv::String("   \xB7   ") + part;
+    status_.SetText(text);
+}
+
+bool DeskWindow::CanDo(Command command) const {
+    if (isBusy_) return false;
+    switch (command) {
+        case Command::Save:
+        case Command::SelectAll:
+            return sheet_.has_value();
+        case Command::UseAsStandard:
+        case Command::UseAsPaper:
+        case Command::SavePlot:
+        case Command::CursorLeft:
+        case Command::CursorRight:
+            return !samples_.GetSelectedRows().empty();
+        default:
+            return true;
+    }
+}
+
+void DeskWindow::ShowCommands() {
+    for (int number = FirstCommand; number <= LastCommand; ++number) {
+        menu_->EnableItem(static_cast<unsigned short>(number), CanDo(static_cast<Command>(number)));
+    }
+    menu_->CheckItem(static_cast<unsigned short>(Command::AutoScale), plot_.IsAutoScale());
+    for (unsigned long i = 0; i < buttons_->Count(); ++i) {
+        auto* const button = static_cast<kv::KOBitmapButton*>(buttons_->GetObject(i));
+        bool const can = CanDo(static_cast<Command>(button->GetFlags()));
+        if (button->IsEnabled() != can) button->Enable(can);
+    }
+    judgement_.EnableUse(CanDo(Command::UseAsStandard));
+}
+
+void DeskWindow::Execute(Command command) {
+    if (!CanDo(command)) return;
+    auto const selected = samples_.GetSelectedRows();
+    switch (command) {
+        case Command::Open:
+            return AskAndOpen();
+        case Command::Measure:
+            return Measure();
+        case Command::Save:
+            AskAndSave();
+            return;
+        case Command::SavePlot:
+            return AskAndSavePlot();
+        case Command::Close:
+            return WasClosed();
+        case Command::UseAsStandard:
+            return UseAsStandard(static_cast<std::size_t>(selected.front()));
+        case Command::UseAsPaper:
+            return UseAsPaper(static_cast<std::size_t>(selected.front()));
+        case Command::SelectAll: {
+            std::vector<int> all(sheet_->Rows().size());
+            std::iota(all.begin(), all.end(), 0);
+            return SelectSamples(std::move(all));
+        }
+        case Command::AutoScale:
+            plot_.SetAutoScale(!plot_.IsAutoScale());
+            return ShowCommands();
+        case Command::CursorLeft:
+            return plot_.MoveCursor(-1);
+        case Command::CursorRight:
+            return plot_.MoveCursor(1);
+        case Command::Messages:
+            return ShowMessages();
+    }
+}
+
+void DeskWindow::ToggleUse(std::optional<std::size_t> measurements::SheetConditions::*role,
+                           std::size_t sample) {
+    if (!sheet_) return;
+    measurements::SheetConditions conditions = sheet_->Conditions();
+    conditions.*role = conditions.*role == sample ? std::nullopt : std::optional(sample);
+    Recompute(conditions);
+}
+
+void DeskWindow::UseAsStandard(std::size_t sample) {
+    ToggleUse(&measurements::SheetConditions::standard, sample);
+}
+void DeskWindow::UseAsPaper(std::size_t sample) { ToggleUse(&measurements::SheetConditions::paper, sample); }
+void DeskWindow::PutCursor(int wavelengthIndex) {
+    plot_.MoveCursor(wavelengthIndex - plot_.GetCursorIndex().value_or(0));
+}
+
+void DeskWindow::SpeakLanguage(unsigned short entry) {
+    kv::Language::SetLanguage(entry);
+    kv::Text::FreeResources();
+    kv::Text::LoadText(textStem_, kv::Language::GetCountryCode());
+    TakeTexts();
+    if (sheet_) {
+        Recompute(sheet_->Conditions());
+    } else {
+        judgement_.Show(measurements::Tolerances(), {}, {});
+    }
+    ShowCommands();
+    ShowStatus();
+}
+
+void DeskWindow::Say(sv::String const& line) {
+    log_.push_back(line);
+    if (messages_ != nullptr) messages_->AddLine(line);
+}
+
+// The window stays as long as this one once it was asked for; its button only ends the waiting.
+void DeskWindow::ShowMessages() {
+    if (messages_ != nullptr && messages_->IsVisible()) return messages_->ToTop();
+    messages_ = std::make_unique<kv::TextFenster>(this, TextOf(Label::Messages), MessagesSize.Width(),
+                                                  MessagesSize.Height());
+    for (sv::String const& line : log_) messages_->AddLine(line);
+    messages_->AnzeigenUndWarten(1);
+    messages_->Hide();
+}
+
+void DeskWindow::WasClosed() {
+    if (isBusy_ || !MayGiveUp()) return;
+    if (messages_ != nullptr) messages_->WasClosed();
+    sv::Application::Quit();
+}
+
+long DeskWindow::MenuHdl(sv::MenuBar* sender) {
+    Execute(static_cast<Command>(sender->GetCurItemId()));
+    return 0;
+}
+
+long DeskWindow::ButtonHdl(kv::KOBitmapButton* sender) {
+    Execute(static_cast<Command>(sender->GetFlags()));
+    return 0;
+}
+
+long DeskWindow::ConditionHdl(void* /*sender*/) {
+    if (!sheet_) return 0;
+    measurements::SheetConditions conditions = sheet_->Conditions();
+    conditions_.Read(conditions);
+    judgement_.Read(conditions.tolerances);
+    Recompute(conditions);
+    return 0;
+}
+
+long DeskWindow::LanguageHdl(void* /*sender*/) {
+    SpeakLanguage(conditions_.GetLanguageEntry());
+    return 0;
+}
+
+long DeskWindow::SelectHdl(void* /*sender*/) {
+    ShowSelection();
+    return 0;
+}
+
+long DeskWindow::CursorHdl(void* /*sender*/) {
+    ShowStatus();
+    return 0;
+}
+
+long DeskWindow::UseAsStandardHdl(void* /*sender*/) {
+    Execute(Command::UseAsStandard);
+    return 0;
+}
+
+long DeskWindow::UseAsPaperHdl(void* /*sender*/) {
+    Execute(Command::UseAsPaper);
+    return 0;
+}
+
+}  // namespace colourdesk

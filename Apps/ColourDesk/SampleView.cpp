@@ -1,0 +1,120 @@
+#include "Apps/ColourDesk/SampleView.h"
+
+#include "Apps/ColourDesk/DeskTexts.h"
+#include "Apps/measurements/SuiteText.h"
+#include "KVUtils/Source/data/GString.h"
+#include "KVUtils/Source/frame/TextSegment.h"
+
+#include <cmath>
+
+namespace colourdesk {
+
+namespace {
+
+/// Left to right. Those from `Lightness` to `Density` have the titles of the same names.
+enum Column : int {
+    Name,
+    Colour,
+    Lightness,
+    RedGreen,
+    YellowBlue,
+    Chroma,
+    Hue,
+    Density,
+    Difference,
+    Judged,
+    ColumnCount
+};
+
+constexpr unsigned long ColourNameCount = 16;
+
+/// The ink that is measured through each filter: visual, red, green, blue.
+constexpr std::array<char const*, 4> InkOfFilter = {" K", " C", " M", " Y"};
+
+/// Titles and what stands below, in letters.
+constexpr std::array<int, ColumnCount> WidthInLetters = {22, 13, 8, 8, 8, 8, 7, 9, 10, 10};
+
+ColumnTitle TitleOf(int column) noexcept {
+    return column == Judged ? ColumnTitle::Judgement : static_cast<ColumnTitle>(column);
+}
+
+sv::String Shown(float number, int decimals) {
+    return std::isnan(number) ? sv::String() : sv::String(kv::GString(number, decimals));
+}
+
+}  // namespace
+
+SampleView::SampleView(sv::Window* parent) : Table(parent) { TakeChanges(); }
+
+void SampleView::ShowSheet(measurements::ColourSheet const* sheet) {
+    sheet_ = sheet;
+    TakeChanges();
+    SetRowCount(sheet == nullptr ? 0 : static_cast<int>(sheet->Rows().size()));
+}
+
+void SampleView::TakeChanges() {
+    kv::TextSegment const names("FarbTexte");
+    colourNames_.clear();
+    for (unsigned long i = 0; i < ColourNameCount; ++i) colourNames_.push_back(names[i]);
+    verdicts_ = {TextOf(Label::Beyond), TextOf(Label::Within)};
+
+    int const letter = GetTextSize("0").Width();
+    std::vector<sv::TableColumn> columns;
+    for (int column = 0; column < ColumnCount; ++column) {
+        bool const isText = column == Name || column == Colour || column == Judged;
+        columns.push_back({column == Difference ? sv::String() : TextOf(TitleOf(column)),
+                           WidthInLetters[static_cast<std::size_t>(column)] * letter, !isText});
+    }
+    if (sheet_ != nullptr)
+        columns[Difference].title = measurements::NameOf(sheet_->Conditions().tolerances.measure);
+    // A person's own widths stay where they can.
+    if (!std::ranges::equal(columns, GetColumns())) SetColumns(std::move(columns));
+    Invalidate();
+}
+
+sv::TableCell SampleView::GetCell(int row, int column) const {
+    if (sheet_ == nullptr) return {};
+    auto const index = static_cast<std::size_t>(row);
+    measurements::SheetRow const& values = sheet_->Rows()[index];
+    switch (column) {
+        case Name:
+            return {measurements::ToSuite(sheet_->File().samples[index].name), values.swatch,
+                    sheet_->Conditions().standard == index || sheet_->Conditions().paper == index};
+        case Colour:
+            return {colourNames_[static_cast<std::size_t>(values.name)]};
+        case Judged:
+            return Verdict(values);
+        default:
+            return {Number(values, column)};
+    }
+}
+
+sv::String SampleView::Number(measurements::SheetRow const& row, int column) const {
+    switch (column) {
+        case Lightness:
+        case RedGreen:
+        case YellowBlue:
+            return Shown(row.lab[column - Lightness], 2);
+        case Chroma:
+            return Shown(row.lch[1], 2);
+        case Hue:
+            return Shown(row.lch[2], 1);
+        case Density:
+            return Shown(row.density[row.densityFilter], 2) +
+                   InkOfFilter[static_cast<std::size_t>(row.densityFilter)];
+        case Difference:
+            return row.judgement ? Shown(row.judgement->difference, 2) : sv::String();
+        default:
+            return {};
+    }
+}
+
+sv::TableCell SampleView::Verdict(measurements::SheetRow const& row) const {
+    if (!row.judgement) return {};
+    constexpr sv::Color green(0x2A00, 0x9D00, 0x4A00);
+    constexpr sv::Color red(0xC800, 0x2000, 0x2000);
+    bool const isWithin = row.judgement->isWithin;
+    return {verdicts_[isWithin ? 1 : 0], isWithin ? green : red, !isWithin};
+}
+
+}  // namespace colourdesk

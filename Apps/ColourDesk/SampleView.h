@@ -1,0 +1,34 @@
+// SampleView: the patches of a chart as a table.
+#pragma once
+
+#include "Apps/measurements/ColourSheet.h"
+#include "SV/ui/Table.h"
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+namespace colourdesk {
+
+class SampleView : public sv::Table {
+  public:
+    explicit SampleView(sv::Window* parent);
+
+    /// The sheet is not owned, and stays until the next call; null for none. Nothing is selected then.
+    void ShowSheet(measurements::ColourSheet const* sheet);
+    /// The sheet has other conditions, or the language has changed.
+    void TakeChanges();
+
+    [[nodiscard]] sv::TableCell GetCell(int row, int column) const override;
+
+  private:
+    /// A row of what is computed anew with each condition.
+    [[nodiscard]] sv::String Number(measurements::SheetRow const& row, int column) const;
+    [[nodiscard]] sv::TableCell Verdict(measurements::SheetRow const& row) const;
+
+    measurements::ColourSheet const* sheet_ = nullptr;
+    std::vector<sv::String> colourNames_;
+    std::array<sv::String, 2> verdicts_;  // beyond, within
+};
+
+}  // namespace colourdesk
