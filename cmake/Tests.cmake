@@ -56,10 +56,12 @@ gtest_discover_tests(KVUtilsTests DISCOVERY_MODE PRE_TEST)
 
 if(KVUTILS_BUILD_APPS)
   file(GLOB_RECURSE app_tests CONFIGURE_DEPENDS Apps/Tests/*Test.cpp)
+  list(FILTER app_tests EXCLUDE REGEX "/ColourDesk/qt/")
   add_executable(AppsTests cmake/tests/TestMain.cpp ${app_tests})
-  target_link_libraries(AppsTests PRIVATE measuring_server kvcolor_commands GTest::gtest kvutils_options)
+  target_link_libraries(AppsTests PRIVATE colour_desk measuring_server kvcolor_commands GTest::gtest kvutils_options)
   target_compile_definitions(AppsTests PRIVATE
     KV_APPS_DATA="${PROJECT_SOURCE_DIR}/Apps/data"
+    KV_TEXTS="${PROJECT_SOURCE_DIR}/Apps/LNG"
     KV_COLOR="$<TARGET_FILE:kvcolor>"
     KV_HQMSERV="$<TARGET_FILE:MeasuringServer>")
   add_dependencies(AppsTests kvcolor MeasuringServer)
@@ -75,6 +77,19 @@ if(KVUTILS_BUILD_QT)
   target_compile_definitions(KVUtilsQtTests PRIVATE QT_NO_KEYWORDS KV_DDE_PEER="$<TARGET_FILE:DdePeer>")
   add_dependencies(KVUtilsQtTests DdePeer)
   gtest_discover_tests(KVUtilsQtTests DISCOVERY_MODE PRE_TEST)
+endif()
+
+if(KVUTILS_BUILD_QT AND KVUTILS_BUILD_APPS)
+  file(GLOB desk_tests CONFIGURE_DEPENDS Apps/Tests/ColourDesk/qt/*.cpp)
+  add_executable(ColourDeskTests SV/Tests/qt/TestMain.cpp ${desk_tests})
+  target_link_libraries(ColourDeskTests PRIVATE colour_desk KVUtils::Qt Qt6::Widgets Qt6::Test GTest::gtest kvutils_options)
+  target_compile_definitions(ColourDeskTests PRIVATE
+    QT_NO_KEYWORDS
+    KV_APPS_DATA="${PROJECT_SOURCE_DIR}/Apps/data"
+    KV_TEXTS="${PROJECT_SOURCE_DIR}/Apps/LNG"
+    KV_HQMSERV="$<TARGET_FILE:MeasuringServer>")
+  add_dependencies(ColourDeskTests MeasuringServer)
+  gtest_discover_tests(ColourDeskTests DISCOVERY_MODE PRE_TEST)
 endif()
 
 # Every public header compiles alone, twice over: the file below each header's name includes nothing else.

@@ -39,7 +39,7 @@ constexpr std::array<DeskButton, 6> Buttons = {{{Command::Open, 0x2, 0},
                                                 {Command::Measure, 0x4000, 0},
                                                 {Command::Save, 0, 2223},
                                                 {Command::SelectAll, 0x20000, 0},
-                                                {Command::Messages, 0x80, 0},
+                                                {Command::Messages, 0, 2241},
                                                 {Command::Close, 0x1, 0}}};
 constexpr unsigned short PlainButton = 0x10;
 

@@ -56,7 +56,7 @@ class DeskWindow : public sv::Window {
     void SpeakLanguage(unsigned short entry);
     [[nodiscard]] sv::String const& GetStatus() const noexcept { return status_.GetText(); }
     [[nodiscard]] SpectrumPlot& GetPlot() noexcept { return plot_; }
-    [[nodiscard]] SampleView& GetSamples() noexcept { return samples_; }
+    [[nodiscard]] SampleView const& GetSamples() const noexcept { return samples_; }
     /// A measurement that is in no file.
     [[nodiscard]] bool IsUnsaved() const noexcept { return isUnsaved_; }
 
