@@ -35,7 +35,7 @@ endforeach()
 
 file(GLOB_RECURSE library_tests CONFIGURE_DEPENDS KVUtils/Tests/*Test.cpp SV/Tests/*Test.cpp
      Platform/Tests/*Test.cpp Platform/Tests/*TestSystem.cpp)
-list(FILTER library_tests EXCLUDE REGEX "/SV/Tests/qt/")
+list(FILTER library_tests EXCLUDE REGEX "/Tests/qt/")
 if(CMAKE_CROSSCOMPILING)
   list(FILTER library_tests EXCLUDE REGEX "LittleCmsTest.cpp$")
 endif()
@@ -71,7 +71,7 @@ endif()
 # Windows by real events, without a display unless the environment names a platform of Qt's.
 if(KVUTILS_BUILD_QT)
   find_package(Qt6 REQUIRED COMPONENTS Widgets Test)
-  file(GLOB qt_tests CONFIGURE_DEPENDS SV/Tests/qt/*.cpp)
+  file(GLOB qt_tests CONFIGURE_DEPENDS SV/Tests/qt/*.cpp KVUtils/Tests/qt/*.cpp)
   add_executable(KVUtilsQtTests ${qt_tests} Platform/Tests/DdeEndpoint.cpp Platform/Tests/posix/TestSystem.cpp)
   target_link_libraries(KVUtilsQtTests PRIVATE KVUtils::Qt Qt6::Widgets Qt6::Test GTest::gtest kvutils_options)
   target_compile_definitions(KVUtilsQtTests PRIVATE QT_NO_KEYWORDS KV_DDE_PEER="$<TARGET_FILE:DdePeer>")

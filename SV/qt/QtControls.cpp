@@ -1,4 +1,5 @@
 // The controls that Qt draws.
+#include "SV/core/Mnemonic.h"
 #include "SV/qt/QtText.h"
 #include "SV/qt/QtWindow.h"
 #include "SV/ui/Styles.h"
@@ -16,6 +17,7 @@
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <algorithm>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -94,11 +96,12 @@ class QtEdit final : public QtControl<QLineEdit> {
 
   protected:
     bool Handle(QEvent& event) override {
-        if (event.type() == QEvent::Wheel) {
+        bool const isWheel = event.type() == QEvent::Wheel;
+        // A wheel turns over fields that are shut off, too.
+        if (isWheel && Control().isEnabled() && !Control().isReadOnly())
             Spin(wheel_.Take(static_cast<QWheelEvent&>(event)));
-            return true;
-        }
-        if (event.type() != QEvent::KeyPress) return QtWindow::Handle(event);
+        if (isWheel) return true;
+        if (event.type() != QEvent::KeyPress || Control().isReadOnly()) return QtWindow::Handle(event);
         int const key = static_cast<QKeyEvent&>(event).key();
         if (key != Qt::Key_Up && key != Qt::Key_Down) return false;
         Spin(key == Qt::Key_Up ? 1 : -1);
@@ -161,15 +164,39 @@ class QtFixedText final : public QtControl<QLabel> {
     }
 
     void SetText(String const& text) override {
+        text_ = text;
         TakeLook();
-        Control().setText(ToQt(text));
     }
 
   protected:
     void TakeLook() override {
         QtWindow::TakeLook();
         TakeColors();
+        TakeText();
     }
+
+  private:
+    /// A letter leads to the next control, which has the text for its name; it may have come after the text.
+    void TakeText() {
+        bool const hasLetter = FindMnemonic(text_) != String::NotFound;
+        QWidget* const next = hasLetter ? NextControl() : nullptr;
+        if (Control().buddy() != next) Control().setBuddy(next);
+        QString const shown = next != nullptr ? ToQtWithMnemonic(text_) : ToQt(WithoutMnemonic(text_));
+        if (Control().text() != shown) Control().setText(shown);
+    }
+
+    /// The first behind this one that takes the keyboard; null for none.
+    [[nodiscard]] QWidget* NextControl() const {
+        if (GetWindow().GetParent() == nullptr) return nullptr;
+        std::span<Window* const> const all = GetWindow().GetParent()->GetChildren();
+        auto const isNext = [](Window const* other) {
+            return (QtWindow::Of(*other).Widget().focusPolicy() & Qt::TabFocus) != 0;
+        };
+        auto const next = std::find_if(std::ranges::find(all, &GetWindow()), all.end(), isNext);
+        return next == all.end() ? nullptr : &QtWindow::Of(**next).Widget();
+    }
+
+    String text_;
 };
 
 template <class Type>

@@ -6,6 +6,7 @@
 #include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QPixmap>
 #include <QSignalBlocker>
 #include <QTableView>
@@ -154,6 +155,17 @@ class QtTable final : public QtWindow {
     void Invalidate() override {
         QtWindow::Invalidate();
         View().viewport()->update();
+    }
+
+  protected:
+    /// Home and End are the first row and the last: between the columns there is nothing to go to.
+    bool Handle(QEvent& event) override {
+        if (event.type() != QEvent::KeyPress) return QtWindow::Handle(event);
+        auto const& key = static_cast<QKeyEvent&>(event);
+        bool const isHome = key.key() == Qt::Key_Home;
+        if ((!isHome && key.key() != Qt::Key_End) || key.modifiers() != Qt::NoModifier) return false;
+        View().setCurrentIndex(model_.index(isHome ? 0 : model_.rowCount({}) - 1, 0));
+        return true;
     }
 
   private:

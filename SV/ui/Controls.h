@@ -46,7 +46,8 @@ class SpinButton : public Window {
     Link down_;
 };
 
-/// A text that cannot be changed by a person.
+/// A text that cannot be changed by a person. A "~" in it stands before the letter that leads from the
+/// keyboard to the control that was made after the text.
 class FixedText : public Window {
   public:
     explicit FixedText(Window* parent, Style style = 0);

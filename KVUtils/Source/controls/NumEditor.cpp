@@ -142,13 +142,17 @@ void NumEditor::ChangeNumber(unsigned char up) {
     valueChanged();
 }
 
+void NumEditor::WasSpun(bool up) {
+    if (!isStopped_) ChangeNumber(up ? 1 : 0);
+}
+
 long NumEditor::UpHdl(sv::SpinButton* /*sender*/) {
-    if (!isStopped_) ChangeNumber(1);
+    WasSpun(true);
     return 0;
 }
 
 long NumEditor::DownHdl(sv::SpinButton* /*sender*/) {
-    if (!isStopped_) ChangeNumber(0);
+    WasSpun(false);
     return 0;
 }
 

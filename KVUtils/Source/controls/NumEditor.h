@@ -48,6 +48,9 @@ class NumEditor : public sv::Edit {
     void Enable(bool enable) override;
     void ToTop();
 
+    /// The keys up and down, and the wheel, step as the arrows do.
+    void WasSpun(bool up) override;
+
   protected:
     /// The number as the field shows it, in the form of the locale.
     [[nodiscard]] sv::String myString(double value) const;

@@ -1,7 +1,6 @@
 #include "SV/Tests/qt/QtFixture.h"
 #include "SV/ui/Dialog.h"
 
-#include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -171,25 +170,6 @@ TEST_F(QtControlsTest, ButtonsByMouseAndKeyboard) {
     EXPECT_EQ(notes.Take(), "pcf") << "let go outside";
 }
 
-TEST_F(QtControlsTest, TabsInTheOrderOfCreation) {
-    Edit first(&frame);
-    SpinButton spin(&frame);
-    FixedText text(&frame);
-    BitmapButton second(&frame, Bitmap());
-    ListBoxControl third(&frame);
-    Window area(&frame);
-    DropDownListBox fourth(&frame);
-    Window* const all[] = {&fourth, &area, &third, &second, &text, &spin, &first};
-    for (Window* const window : all) Place(*window, {0, 0}, {60, 30});
-    ShowFrame();
-    first.GrabFocus();
-    for (Window const* const next : {static_cast<Window*>(&second), static_cast<Window*>(&third),
-                                     static_cast<Window*>(&fourth), static_cast<Window*>(&first)}) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        EXPECT_TRUE(next->HasFocus());
-    }
-}
-
 TEST_F(QtControlsTest, ListsAreChosenFrom) {
     ListBoxControl list(&frame);
     DropDownListBox drop(&frame);
@@ -270,19 +250,6 @@ TEST_F(QtControlsTest, AnInputDialog) {
 
     QTimer::singleShot(0, [&] { WidgetOf(dialog).close(); });
     EXPECT_EQ(dialog.Execute(), 0) << "closed by the desktop";
-}
-
-TEST_F(QtControlsTest, ForScreenReaders) {
-    BitmapButton button(&frame, Bitmap());
-    Edit edit(&frame);
-    button.SetText("~Drucken");
-    edit.SetAccessibleName("Papierwei\xDF");
-    auto const* const pressed = QAccessible::queryAccessibleInterface(&WidgetOf(button));
-    EXPECT_EQ(pressed->role(), QAccessible::Button);
-    EXPECT_EQ(pressed->text(QAccessible::Name), "Drucken");
-    auto const* const field = QAccessible::queryAccessibleInterface(&WidgetOf(edit));
-    EXPECT_EQ(field->role(), QAccessible::EditableText);
-    EXPECT_EQ(field->text(QAccessible::Name), u"Papierweiß");
 }
 
 TEST_F(QtControlsTest, ADarkDesktop) {

@@ -11,19 +11,23 @@
 #include <functional>
 #include <utility>
 
-namespace sv::qt::tests {
+namespace kv::test {
 
 namespace {
 
-class QtFileDialogTest : public QtTest {
+using namespace sv::qt::tests;
+
+class MyFileDialogOnQt : public QtTest {
   protected:
-    QtFileDialogTest() { Make("da.csv"); }
+    MyFileDialogOnQt() { Make("da.csv"); }
 
     void Make(QString const& name) const {
         QFile file(folder.filePath(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     }
-    [[nodiscard]] String Path(char const* name) const { return (folder.path() + '/').toStdString() + name; }
+    [[nodiscard]] sv::String Path(char const* name) const {
+        return (folder.path() + '/').toStdString() + name;
+    }
     [[nodiscard]] static QFileDialog& Dialog() {
         return *qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
     }
@@ -60,9 +64,9 @@ class QtFileDialogTest : public QtTest {
     QTemporaryDir folder;
 };
 
-TEST_F(QtFileDialogTest, SavesUnderANameWithAnExtension) {
+TEST_F(MyFileDialogOnQt, SavesUnderANameWithAnExtension) {
     ShowFrame();
-    kv::MyFileDialog dialog(&frame, kv::MyFileDialog::Save, "Export");
+    MyFileDialog dialog(&frame, MyFileDialog::Save, "Export");
     dialog.AddFilter("Tabellen (alle)", "*.csv *.txt");
     dialog.SetPath(folder.path().toStdString());
     WithDialog([this] {
@@ -81,11 +85,11 @@ TEST_F(QtFileDialogTest, SavesUnderANameWithAnExtension) {
     EXPECT_EQ(dialog.GetPath(), Path("da.csv"));
 }
 
-TEST_F(QtFileDialogTest, ANameOutsideTheCodePageIsRefused) {
+TEST_F(MyFileDialogOnQt, ANameOutsideTheCodePageIsRefused) {
     QString const foreign = QStringView(u"色.csv").toString();
     Make(foreign);
     ShowFrame();
-    kv::MyFileDialog dialog(&frame, kv::MyFileDialog::Open, "Open");
+    MyFileDialog dialog(&frame, MyFileDialog::Open, "Open");
     dialog.SetPath(Path("da.csv"));
     WithDialog([] { EXPECT_EQ(Dialog().selectedFiles().first().section('/', -1), "da.csv"); });
     Type(foreign);
@@ -95,15 +99,15 @@ TEST_F(QtFileDialogTest, ANameOutsideTheCodePageIsRefused) {
     EXPECT_EQ(dialog.GetPath(), Path("da.csv"));
 }
 
-TEST_F(QtFileDialogTest, ChoosesAFolder) {
+TEST_F(MyFileDialogOnQt, ChoosesAFolder) {
     ShowFrame();
     ASSERT_TRUE(QDir(folder.path()).mkdir("unten"));
-    String chosen = folder.path().toStdString();
+    sv::String chosen = folder.path().toStdString();
     Type("unten");
-    EXPECT_EQ(kv::BrowseForFolder(&frame, "Folder").Execute(chosen), 1);
+    EXPECT_EQ(BrowseForFolder(&frame, "Folder").Execute(chosen), 1);
     EXPECT_EQ(chosen, Path("unten"));
 }
 
 }  // namespace
 
-}  // namespace sv::qt::tests
+}  // namespace kv::test
