@@ -74,7 +74,10 @@ if(KVUTILS_BUILD_QT)
   file(GLOB qt_tests CONFIGURE_DEPENDS SV/Tests/qt/*.cpp KVUtils/Tests/qt/*.cpp)
   add_executable(KVUtilsQtTests ${qt_tests} Platform/Tests/DdeEndpoint.cpp Platform/Tests/posix/TestSystem.cpp)
   target_link_libraries(KVUtilsQtTests PRIVATE KVUtils::Qt Qt6::Widgets Qt6::Test GTest::gtest kvutils_options)
-  target_compile_definitions(KVUtilsQtTests PRIVATE QT_NO_KEYWORDS KV_DDE_PEER="$<TARGET_FILE:DdePeer>")
+  target_compile_definitions(KVUtilsQtTests PRIVATE QT_NO_KEYWORDS
+    KV_DDE_PEER="$<TARGET_FILE:DdePeer>"
+    KV_TEXTS="${PROJECT_SOURCE_DIR}/Apps/LNG"
+    KV_PICTURES="${PROJECT_SOURCE_DIR}/KVUtils/Tests/qt/pictures")
   add_dependencies(KVUtilsQtTests DdePeer)
   gtest_discover_tests(KVUtilsQtTests DISCOVERY_MODE PRE_TEST)
 endif()

@@ -153,6 +153,12 @@ class AppFonts {
   public:
     AppFonts() = delete;
 
+    /// Of dialogs and their controls: the system's own.
+    [[nodiscard]] static constexpr sv::Font GetDialogAppFont() noexcept { return sv::Font(); }
+    /// The same, bold: for what stands above a part of a window.
+    [[nodiscard]] static constexpr sv::Font GetTitleAppFont() noexcept {
+        return sv::Font(0, sv::FontPitch::Variable, sv::FontWeight::Bold);
+    }
     /// All letters of one width, in the system's own size: for columns of text.
     [[nodiscard]] static constexpr sv::Font GetFixedAppFont() noexcept {
         return sv::Font(0, sv::FontPitch::Fixed);

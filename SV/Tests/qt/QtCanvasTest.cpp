@@ -1,6 +1,7 @@
 #include "SV/Tests/qt/QtFixture.h"
 #include "SV/headless/RecordingCanvas.h"
 #include "SV/qt/QtBackend.h"
+#include "SV/qt/QtCanvas.h"
 #include "SV/ui/VirtualDevice.h"
 
 #include <QFile>
@@ -14,6 +15,32 @@ namespace sv::qt::tests {
 namespace {
 
 constexpr Color Red(0xFFFF, 0, 0);
+
+TEST(QtCanvasTest, AFineScreenShowsTheFinePicture) {
+    Bitmap bitmap(Size(2, 2), BitmapPixel(255, 0, 0));
+    Bitmap fine(Size(4, 4), BitmapPixel(0, 255, 0));
+    fine.Set(3, 3, BitmapPixel(0, 0, 255));
+    bitmap.SetFine(fine);
+    for (double const ratio : {1.0, 2.0}) {
+        QImage image(QSize(6, 6) * ratio, QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        QtCanvas canvas;
+        {
+            QtCanvas::Scope const scope(canvas, painter, {6, 6});
+            canvas.Image({1, 1}, bitmap);
+        }
+        painter.end();
+        if (ratio == 1.0) {
+            EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::red));
+        } else {
+            EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::green));
+            EXPECT_EQ(image.pixelColor(5, 5), QColor(Qt::blue)) << "a pixel for each of the screen";
+            EXPECT_EQ(image.pixelColor(6, 6), QColor(Qt::white)) << "no larger than the coarse one";
+        }
+    }
+}
 
 TEST(QtCanvasTest, CoversThePixelsThatItIsMeantTo) {
     using detail::Canvas;

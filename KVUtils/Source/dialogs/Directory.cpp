@@ -1,0 +1,86 @@
+#include "KVUtils/Source/dialogs/Directory.h"
+
+#include "SV/core/NativePath.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace kv {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What is left of the name has the form of what is left of the pattern.
+bool Fits(std::string_view name, std::string_view pattern) {
+    std::size_t star = std::string_view::npos;
+    std::size_t behindStar = 0;
+    std::size_t at = 0;
+    for (std::size_t i = 0; i < name.size();) {
+        if (at < pattern.size() && pattern[at] == '*') {
+            star = at++;
+            behindStar = i;
+        } else if (at < pattern.size() && (pattern[at] == '?' || pattern[at] == name[i])) {
+            ++at;
+            ++i;
+        } else if (star != std::string_view::npos) {
+            // The last star takes one more.
+            at = star + 1;
+            i = ++behindStar;
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of('*', at) == std::string_view::npos;
+}
+
+std::string NameOf(fs::directory_entry const& entry) {
+    std::u8string const name = entry.path().filename().u8string();
+    return {name.begin(), name.end()};
+}
+
+}  // namespace
+
+Directory::Directory(sv::String const& path) : DirEntry(path) {}
+
+bool Directory::Create() const {
+    std::error_code error;
+    fs::create_directories(sv::FilePath(GetFull()), error);
+    return fs::is_directory(sv::FilePath(GetFull()), error);
+}
+
+std::vector<sv::String> Directory::GetFileNames(sv::String const& pattern) const {
+    std::vector<sv::String> names;
+    std::error_code error;
+    fs::directory_iterator entry(sv::FilePath(GetFull()), error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        std::error_code unknown;
+        if (!entry->is_regular_file(unknown)) continue;
+        std::string const native = NameOf(*entry);
+        sv::String const name = sv::FromNativePath(native);
+        if (sv::NativePath(name) == native && (pattern.IsEmpty() || detail::MatchesPattern(name, pattern)))
+            names.push_back(name);
+    }
+    std::ranges::sort(names);
+    return names;
+}
+
+namespace detail {
+
+bool MatchesPattern(sv::String const& name, sv::String const& patterns) {
+    sv::String lower = name;
+    lower.Lower();
+    for (std::size_t i = 0; i < patterns.GetTokenCount(' '); ++i) {
+        sv::String pattern = patterns.GetToken(i, ' ');
+        pattern.Lower();
+        if (pattern == "*.*" || (!pattern.IsEmpty() && Fits(lower.View(), pattern.View()))) return true;
+    }
+    return false;
+}
+
+}  // namespace detail
+
+}  // namespace kv
