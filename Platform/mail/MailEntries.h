@@ -66,9 +66,8 @@ inline constexpr std::size_t MapiMessageIdSize = 512;
 
 inline constexpr ULONG MAPI_LOGON_UI = 0x1;
 inline constexpr ULONG MAPI_ENVELOPE_ONLY = 0x40;
+inline constexpr ULONG MAPI_PEEK = 0x80;
 inline constexpr ULONG MAPI_SUPPRESS_ATTACH = 0x800;
-
-inline constexpr ULONG MAPI_UNREAD = 0x1;  // flags of a message
 
 inline constexpr ULONG MAPI_ORIG = 0;  // classes of recipients
 inline constexpr ULONG MAPI_TO = 1;
@@ -99,6 +98,7 @@ inline constexpr ULONG CMC_E_LOGON_FAILURE = 19;
 inline constexpr ULONG CMC_E_RECIPIENT_NOT_FOUND = 23;
 inline constexpr ULONG CMC_E_SERVICE_UNAVAILABLE = 24;
 inline constexpr ULONG CMC_E_TEXT_TOO_LARGE = 25;
+inline constexpr ULONG CMC_E_UNSUPPORTED_FLAG = 33;
 
 /// `cmc_send_documents`: recipients, subject, text, flags, file paths, file names, the delimiter between
 /// several of one kind, and the number of a window.
