@@ -18,6 +18,18 @@ add_library(StaticInitProbe KVUtils/Tests/staticinit/StaticInitProbe.cpp)
 target_link_libraries(StaticInitProbe PUBLIC KVUtils::KVUtils PRIVATE kvutils_options)
 set_target_properties(StaticInitProbe PROPERTIES WINDOWS_EXPORT_ALL_SYMBOLS ON)
 
+# A mail client's library as the tests want it: whole, and with entries missing.
+set(mail_client KVUtils/Tests/mail/MailClient)
+add_library(MailClient SHARED ${mail_client}State.cpp ${mail_client}Sending.cpp ${mail_client}Reading.cpp)
+add_library(MailClientThatCannotSend SHARED ${mail_client}State.cpp ${mail_client}Reading.cpp)
+add_library(MailClientThatCannotLogOn SHARED ${mail_client}State.cpp ${mail_client}Sending.cpp)
+set(mail_clients MailClient MailClientThatCannotSend MailClientThatCannotLogOn)
+foreach(library IN LISTS mail_clients)
+  target_include_directories(${library} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${library} PRIVATE kvutils_options)
+  set_target_properties(${library} PROPERTIES WINDOWS_EXPORT_ALL_SYMBOLS ON)
+endforeach()
+
 # The other processes that tests start. Programs find one another by their names, so each has a folder of its own.
 add_executable(ConfigWriter Platform/Tests/ConfigWriter.cpp)
 add_executable(PostOfficePeer KVUtils/Tests/messaging/PostOfficePeer.cpp)
@@ -50,8 +62,11 @@ target_compile_definitions(KVUtilsTests PRIVATE
   KV_TEXTS="${PROJECT_SOURCE_DIR}/Apps/LNG"
   KV_CONFIG_WRITER="$<TARGET_FILE:ConfigWriter>"
   KV_DDE_PEER="$<TARGET_FILE:DdePeer>"
+  KV_MAIL_CLIENT="$<TARGET_FILE:MailClient>"
+  KV_MAIL_CLIENT_THAT_CANNOT_SEND="$<TARGET_FILE:MailClientThatCannotSend>"
+  KV_MAIL_CLIENT_THAT_CANNOT_LOG_ON="$<TARGET_FILE:MailClientThatCannotLogOn>"
   KV_POST_OFFICE_PEER="$<TARGET_FILE:PostOfficePeer>")
-add_dependencies(KVUtilsTests ConfigWriter DdePeer PostOfficePeer)
+add_dependencies(KVUtilsTests ConfigWriter DdePeer PostOfficePeer ${mail_clients})
 gtest_discover_tests(KVUtilsTests DISCOVERY_MODE PRE_TEST)
 
 if(KVUTILS_BUILD_APPS)

@@ -1,13 +1,13 @@
 #include "KVUtils/Source/frame/Language.h"
 
 #include "KVUtils/Source/frame/LanguageTable.h"
+#include "KVUtils/Source/frame/WinIni.h"
 #include "SV/core/DirEntry.h"
 #include "SV/core/International.h"
 #include "SV/core/TextPage.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 
 namespace kv {
 
@@ -110,12 +110,7 @@ unsigned short Language::GetWinSprache() {
 }
 
 unsigned short Language::ReadFromWinINI() {
-    sv::String name;
-    if (char const* const directory = std::getenv("windir")) {
-        sv::Config winIni((sv::DirEntry(sv::String(directory).Convert(3, 9)) + "win.ini").GetFull());
-        winIni.SetGroup("intl");
-        name = winIni.ReadKey("sLanguage");
-    }
+    sv::String const name = ReadWinIni("intl", "sLanguage");
     auto const* const known =
         std::ranges::find(detail::WinIniLanguages, name.View(), &detail::WinIniLanguage::name);
     return known == detail::WinIniLanguages.end() ? detail::OtherSystemLanguage : known->absolute;

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <deque>
 #include <initializer_list>
 #include <ostream>
@@ -54,6 +55,26 @@ class BoxScript {
 
     std::deque<sv::BoxAnswer> answers_;
     sv::BoxHandler before_;
+};
+
+/// The directory in which the system's settings are looked for, as long as the object lives.
+class Windir {
+  public:
+    explicit Windir(std::string const& directory) { Set(directory); }
+    ~Windir() { Set(before_); }
+    Windir(Windir const&) = delete;
+    Windir& operator=(Windir const&) = delete;
+
+  private:
+    static void Set(std::string const& directory) {
+#ifdef _WIN32
+        ::_putenv_s("windir", directory.c_str());
+#else
+        ::setenv("windir", directory.c_str(), 1);
+#endif
+    }
+
+    std::string before_ = std::getenv("windir") == nullptr ? "" : std::getenv("windir");
 };
 
 /// Takes a service out of the list and destroys it.

@@ -4,31 +4,16 @@
 #include "SV/core/TextPage.h"
 
 #include <clocale>
-#include <cstdlib>
 
 namespace kv::test {
 
 namespace {
 
-void SetWindir(std::string const& directory) {
-#ifdef _WIN32
-    ::_putenv_s("windir", directory.c_str());
-#else
-    ::setenv("windir", directory.c_str(), 1);
-#endif
-}
-
 /// The system speaks no known language, and names one in a win.ini of the test's own.
 class LanguageTest : public FrameTest {
   protected:
-    LanguageTest() {
-        std::setlocale(LC_ALL, "C");
-        SetWindir(PathOf("."));
-    }
-    ~LanguageTest() override {
-        std::setlocale(LC_ALL, locale_.c_str());
-        SetWindir(windir_);
-    }
+    LanguageTest() { std::setlocale(LC_ALL, "C"); }
+    ~LanguageTest() override { std::setlocale(LC_ALL, locale_.c_str()); }
 
     void Texts(std::initializer_list<char const*> names) const {
         for (char const* const name : names) tests::PutBytes(PathOf(name), "");
@@ -46,7 +31,7 @@ class LanguageTest : public FrameTest {
 
   private:
     std::string locale_ = std::setlocale(LC_ALL, nullptr);
-    std::string windir_ = std::getenv("windir") == nullptr ? "" : std::getenv("windir");
+    Windir windir_{PathOf(".")};
 };
 
 TEST_F(LanguageTest, TextsAreFoundByTheirStem) {

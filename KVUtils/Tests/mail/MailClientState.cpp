@@ -1,0 +1,6 @@
+#include "KVUtils/Tests/mail/MailClientState.h"
+
+tests::MailClient* TheMailClient() {
+    static tests::MailClient client;
+    return &client;
+}
