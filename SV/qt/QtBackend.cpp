@@ -1,6 +1,7 @@
 #include "SV/qt/QtBackend.h"
 
 #include "SV/qt/QtBoxes.h"
+#include "SV/qt/QtPrinter.h"
 #include "SV/qt/QtText.h"
 #include "SV/qt/QtWindow.h"
 
@@ -84,6 +85,9 @@ class QtBackend::Impl final : public detail::Backend {
         QWidget* const below = parent == nullptr ? nullptr : &static_cast<QtWindow*>(parent)->Widget();
         if (auto control = MakeControl(window, kind, below)) return control;
         return MakeArea(window, kind, below);
+    }
+    std::unique_ptr<detail::PrinterPeer> MakePrinter(String const& name) override {
+        return MakeQtPrinter(name);
     }
     std::unique_ptr<detail::Canvas> MakeSurface(Size size) override {
         return std::make_unique<QtSurface>(size);
