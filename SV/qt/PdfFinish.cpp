@@ -4,6 +4,7 @@
 #include <QXmlStreamWriter>
 #include <exception>
 #include <qpdf/QPDF.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
 #include <qpdf/QPDFWriter.hh>
 
 namespace sv::qt {
@@ -81,6 +82,40 @@ QByteArray Metadata(QPDFObjectHandle const& info, QString const& language) {
     return written;
 }
 
+/// The top of the page stays, which is where Qt counts from.
+void TrimPages(QPDF& pdf, QSizeF size) {
+    for (QPDFPageObjectHelper& page : QPDFPageDocumentHelper(pdf).getAllPages()) {
+        double const top = page.getMediaBox().getArrayAsRectangle().ury;
+        page.getObjectHandle().replaceKey("/MediaBox", QPDFObjectHandle::newArray(QPDFObjectHandle::Rectangle(
+                                                           0, top - size.height(), size.width(), top)));
+    }
+}
+
+/// The mark of a font that is in the file in part: six letters of its own.
+std::string SubsetTag(unsigned number) {
+    std::string tag = "/AAAAAA+";
+    for (std::size_t place = 6; place > 0 && number > 0; --place, number /= 26)
+        tag[place] = static_cast<char>('A' + number % 26);
+    return tag;
+}
+
+/// Qt writes the letters that are used, and does not say so in the font's names.
+void NameSubsets(QPDF& pdf) {
+    unsigned number = 0;
+    for (QPDFObjectHandle& font : pdf.getAllObjects()) {
+        if (!font.isDictionary() || !font.getKey("/Subtype").isNameAndEquals("/Type0")) continue;
+        std::string const tag = SubsetTag(number++);
+        auto const mark = [&tag](QPDFObjectHandle part, char const* key) {
+            std::string const name = part.getKey(key).getName();
+            part.replaceKey(key, QPDFObjectHandle::newName(tag + name.substr(1)));
+        };
+        QPDFObjectHandle letters = font.getKey("/DescendantFonts").getArrayItem(0);
+        mark(font, "/BaseFont");
+        mark(letters, "/BaseFont");
+        mark(letters.getKey("/FontDescriptor"), "/FontName");
+    }
+}
+
 void Describe(QPDF& pdf, PdfDescription const& description) {
     QPDFObjectHandle info = pdf.getTrailer().getKey("/Info");
     auto const set = [&info](char const* key, QString const& value) {
@@ -92,6 +127,8 @@ void Describe(QPDF& pdf, PdfDescription const& description) {
     };
     set("/Title", description.title);
     set("/Author", description.author);
+    // Where some programs look for the kind of archive.
+    set("/GTS_PDFA1Version", "PDF/A-1b:2005");
     QPDFObjectHandle root = pdf.getRoot();
     if (!description.language.isEmpty())
         root.replaceKey("/Lang", QPDFObjectHandle::newUnicodeString(Utf8(description.language)));
@@ -121,6 +158,8 @@ std::optional<std::string> FinishPdf(std::string_view pdf, PdfDescription const&
         QPDF document;
         document.setSuppressWarnings(true);
         document.processMemoryFile("pages", pdf.data(), pdf.size());
+        TrimPages(document, description.page);
+        NameSubsets(document);
         Describe(document, description);
         return Written(document);
     } catch (std::exception const&) {

@@ -1,7 +1,8 @@
 // What an archive wants of a PDF and Qt does not write: its author and language, and both descriptions that a
-// file carries of itself saying the same.
+// file carries of itself saying the same. And pages of their exact size, which Qt rounds to whole points.
 #pragma once
 
+#include <QSizeF>
 #include <QString>
 #include <optional>
 #include <string>
@@ -11,6 +12,7 @@ namespace sv::qt {
 
 /// What a document says of itself.
 struct PdfDescription {
+    QSizeF page;  // points
     QString title;
     QString author;
     QString language;

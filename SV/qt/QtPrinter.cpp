@@ -127,8 +127,10 @@ std::optional<std::string> QtPrinter::Close() {
     writer_ = nullptr;
     pages_.close();
     if (!isWhole) return std::nullopt;
+    PrintDocument const& document = job_.document;
     return FinishPdf({pages_.data().constData(), static_cast<std::size_t>(pages_.data().size())},
-                     {ToQt(job_.document.title), ToQt(job_.document.author), ToQt(job_.document.language)});
+                     {PointsOf(PaperAsRead(job_.setup)), ToQt(document.title), ToQt(document.author),
+                      ToQt(document.language)});
 }
 
 bool QtPrinter::EndJob() {
