@@ -23,6 +23,10 @@ constexpr double PointsPerTenth = 72.0 / 254.0;
 /// Of the system's own font on paper: nine points a letter, tenths of a millimetre a line.
 constexpr int SystemLineHeight = 37;
 
+/// The least spacing that there is. With any, letters are not joined to ligatures, in which whoever searches
+/// a file for a word does not find it.
+constexpr double LetterSpacing = 1.0 / 64.0;
+
 /// Letters keep the widths that their designer gave them: paper has no pixels to fit them to.
 class PageCanvas final : public QtCanvas {
   protected:
@@ -31,6 +35,7 @@ class PageCanvas final : public QtCanvas {
         if (font.GetHeight() == 0) sized.ChangeSize({font.GetWidth(), SystemLineHeight * PixelsPerTenth});
         QFont made = ToQt(sized);
         made.setHintingPreference(QFont::PreferNoHinting);
+        made.setLetterSpacing(QFont::AbsoluteSpacing, LetterSpacing);
         return made;
     }
 };
