@@ -76,4 +76,6 @@
 #include "KVUtils/Source/plots/GraficWindow.h"
 #include "KVUtils/Source/plots/PlotWindow.h"
 #include "KVUtils/Source/plots/fPoint.h"
+#include "KVUtils/Source/printing/AbortDialog.h"
+#include "KVUtils/Source/printing/MyPrinter.h"
 #include "KVUtils/Source/resources/Resources.h"

@@ -47,7 +47,7 @@ endforeach()
 
 file(GLOB_RECURSE library_tests CONFIGURE_DEPENDS KVUtils/Tests/*Test.cpp SV/Tests/*Test.cpp
      Platform/Tests/*Test.cpp Platform/Tests/*TestSystem.cpp)
-list(FILTER library_tests EXCLUDE REGEX "/Tests/qt/")
+list(FILTER library_tests EXCLUDE REGEX "/Tests/qt/|/printing/queue/")
 if(CMAKE_CROSSCOMPILING)
   list(FILTER library_tests EXCLUDE REGEX "LittleCmsTest.cpp$")
 endif()
@@ -95,6 +95,15 @@ if(KVUTILS_BUILD_QT)
     KV_PICTURES="${PROJECT_SOURCE_DIR}/KVUtils/Tests/qt/pictures")
   add_dependencies(KVUtilsQtTests DdePeer)
   gtest_discover_tests(KVUtilsQtTests DISCOVERY_MODE PRE_TEST)
+
+  # A program of its own: which print server is asked is settled once for a process. One test for all that it prints,
+  # since each starts a server.
+  file(GLOB print_tests CONFIGURE_DEPENDS KVUtils/Tests/printing/queue/*.cpp)
+  add_executable(KVUtilsPrintTests SV/Tests/qt/TestMain.cpp ${print_tests})
+  target_link_libraries(KVUtilsPrintTests PRIVATE KVUtils::Qt Qt6::Widgets Qt6::Test GTest::gtest kvutils_options)
+  target_compile_definitions(KVUtilsPrintTests PRIVATE QT_NO_KEYWORDS KV_TEXTS="${PROJECT_SOURCE_DIR}/Apps/LNG")
+  add_test(NAME PrintQueue COMMAND KVUtilsPrintTests)
+  set_tests_properties(PrintQueue PROPERTIES TIMEOUT 60 SKIP_REGULAR_EXPRESSION "no print server here")
 endif()
 
 if(KVUTILS_BUILD_QT AND KVUTILS_BUILD_APPS)

@@ -40,6 +40,9 @@ class Person final : public sv::detail::Backend {
         answers.erase(answers.begin());
         return answer;
     }
+    std::unique_ptr<sv::detail::PrinterPeer> MakePrinter(sv::String const& name) override {
+        return below_.MakePrinter(name);
+    }
     [[nodiscard]] bool HasDisplay() const noexcept override { return true; }
     [[nodiscard]] sv::Size ScreenSize() const override { return below_.ScreenSize(); }
     [[nodiscard]] sv::Point PointerPosition() const override { return below_.PointerPosition(); }

@@ -82,6 +82,10 @@ std::unique_ptr<detail::Canvas> HeadlessBackend::MakeSurface(Size size) {
     return std::make_unique<RecordingCanvas>(size);
 }
 
+std::unique_ptr<detail::PrinterPeer> HeadlessBackend::MakePrinter(String const& name) {
+    return std::make_unique<HeadlessPrinter>(name, printers_);
+}
+
 Bitmap Render(Window& window) {
     Bitmap picture = Peers().at(&window)->Paint().Pixels();
     for (Window* const child : window.GetChildren()) {

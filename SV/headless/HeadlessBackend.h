@@ -2,6 +2,7 @@
 // nobody moves a mouse but by the operations below.
 #pragma once
 
+#include "SV/headless/HeadlessPrinter.h"
 #include "SV/headless/RecordingCanvas.h"
 #include "SV/ui/Backend.h"
 
@@ -16,6 +17,7 @@ class HeadlessBackend final : public detail::Backend {
     [[nodiscard]] std::unique_ptr<detail::WindowPeer> MakeWindow(Window& window, detail::WindowKind kind,
                                                                  detail::WindowPeer* parent) override;
     [[nodiscard]] std::unique_ptr<detail::Canvas> MakeSurface(Size size) override;
+    [[nodiscard]] std::unique_ptr<detail::PrinterPeer> MakePrinter(String const& name) override;
     [[nodiscard]] bool HasDisplay() const noexcept override { return false; }
     [[nodiscard]] Size ScreenSize() const override { return {1280, 1024}; }
     [[nodiscard]] Point PointerPosition() const override { return pointer_; }
@@ -25,9 +27,11 @@ class HeadlessBackend final : public detail::Backend {
         return std::nullopt;
     }
     void MovePointer(Point position) noexcept { pointer_ = position; }
+    void ChangePrinters(PrinterTraits const& traits) noexcept { printers_ = traits; }
 
   private:
     Point pointer_;
+    PrinterTraits printers_;
 };
 
 /// A picture of the window with all visible windows in it, painted anew.

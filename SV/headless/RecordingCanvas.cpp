@@ -62,12 +62,51 @@ bool IsInside(int x, int y, int width, int height, Size rounding) noexcept {
     return cornerX * cornerX + cornerY * cornerY <= 1.0;
 }
 
+/// The pixel nearest to each place.
+Bitmap Stretched(Bitmap const& bitmap, Size size) {
+    Size const from = bitmap.GetSizePixel();
+    if (from == size) return bitmap;
+    Bitmap stretched(size);
+    for (int y = 0; y < size.Height(); ++y) {
+        for (int x = 0; x < size.Width(); ++x)
+            stretched.Set(x, y,
+                          bitmap.At(x * from.Width() / size.Width(), y * from.Height() / size.Height()));
+    }
+    return stretched;
+}
+
 }  // namespace
 
 Size LetterSize(Font const& font) noexcept {
     int const height = font.GetHeight() == 0 ? SystemFontHeight : font.GetHeight();
-    int const width = height * 7 / 16 + (font.GetWeight() == FontWeight::Bold ? 1 : 0);
+    int const width = font.GetWidth() != 0 ? font.GetWidth()
+                                           : height * 7 / 16 + (font.GetWeight() == FontWeight::Bold ? 1 : 0);
     return {width, height};
+}
+
+void Replay(std::span<DrawCall const> calls, detail::Canvas& canvas) {
+    for (DrawCall const& call : calls) {
+        switch (call.kind) {
+            case DrawKind::Line:
+                canvas.Line(call.from, call.to, call.pen);
+                break;
+            case DrawKind::Rect:
+                canvas.Rect({call.from, call.to}, call.rounding, call.pen, call.brush);
+                break;
+            case DrawKind::Text:
+                canvas.Text(call.from, call.text, call.font);
+                break;
+            case DrawKind::Image:
+                canvas.Image({call.from, call.to}, call.image);
+                break;
+            case DrawKind::Pixel:
+                canvas.Pixel(call.from, call.color);
+                break;
+            case DrawKind::Clear:
+                canvas.Clear(call.color);
+                break;
+        }
+    }
 }
 
 void RecordingCanvas::Line(Point from, Point to, Pen const& pen) {
@@ -112,10 +151,10 @@ void RecordingCanvas::Text(Point topLeft, String const& text, Font const& font) 
     }
 }
 
-void RecordingCanvas::Image(Point topLeft, Bitmap const& bitmap) {
-    Rectangle const area = Rectangle::Of(topLeft, bitmap.GetSizePixel());
-    calls_.push_back({.kind = DrawKind::Image, .from = topLeft, .to = area.BottomRight()});
-    pixels_.Paste(topLeft.X(), topLeft.Y(), bitmap);
+void RecordingCanvas::Image(Rectangle const& area, Bitmap const& bitmap) {
+    Point const corner = area.TopLeft();
+    calls_.push_back({.kind = DrawKind::Image, .from = corner, .to = area.BottomRight(), .image = bitmap});
+    pixels_.Paste(corner.X(), corner.Y(), Stretched(bitmap, area.GetSize()));
 }
 
 void RecordingCanvas::Pixel(Point place, Color color) {

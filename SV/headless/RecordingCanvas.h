@@ -4,6 +4,7 @@
 
 #include "SV/ui/Canvas.h"
 
+#include <span>
 #include <vector>
 
 namespace sv::headless {
@@ -21,7 +22,11 @@ struct DrawCall {
     String text{};    // Text
     Font font{};      // Text
     Color color{};    // Pixel, Clear
+    Bitmap image{};   // Image
 };
+
+/// Makes the same calls on another surface.
+void Replay(std::span<DrawCall const> calls, detail::Canvas& canvas);
 
 /// The height of a font's line and the width of each of its letters.
 [[nodiscard]] Size LetterSize(Font const& font) noexcept;
@@ -33,7 +38,7 @@ class RecordingCanvas final : public detail::Canvas {
     void Line(Point from, Point to, Pen const& pen) override;
     void Rect(Rectangle const& area, Size rounding, Pen const& pen, Brush const& brush) override;
     void Text(Point topLeft, String const& text, Font const& font) override;
-    void Image(Point topLeft, Bitmap const& bitmap) override;
+    void Image(Rectangle const& area, Bitmap const& bitmap) override;
     void Pixel(Point place, Color color) override;
     void Clear(Color color) override;
     [[nodiscard]] Bitmap Copy(Rectangle const& area) const override;

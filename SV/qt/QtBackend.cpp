@@ -2,6 +2,7 @@
 
 #include "SV/qt/QtBoxes.h"
 #include "SV/qt/QtFileDialog.h"
+#include "SV/qt/QtPrinter.h"
 #include "SV/qt/QtText.h"
 #include "SV/qt/QtWindow.h"
 
@@ -91,6 +92,9 @@ class QtBackend::Impl final : public detail::Backend {
         QWidget* const below = parent == nullptr ? nullptr : &static_cast<QtWindow*>(parent)->Widget();
         if (auto control = MakeControl(window, kind, below)) return control;
         return MakeArea(window, kind, below);
+    }
+    std::unique_ptr<detail::PrinterPeer> MakePrinter(String const& name) override {
+        return MakeQtPrinter(name);
     }
     std::unique_ptr<detail::Canvas> MakeSurface(Size size) override {
         return std::make_unique<QtSurface>(size);

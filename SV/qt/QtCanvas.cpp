@@ -48,6 +48,13 @@ QFont WithLineHeight(QFont font, int height) {
     return font;
 }
 
+/// With letters as wide on average; 0 leaves them alone.
+QFont WithLetterWidth(QFont font, int width) {
+    double const natural = QFontMetricsF(font).averageCharWidth();
+    if (width != 0 && natural > 0) font.setStretch(static_cast<int>(std::lround(100 * width / natural)));
+    return font;
+}
+
 Bitmap BitmapOf(QImage const& image) {
     QImage const pixels = image.convertToFormat(QImage::Format_RGBA8888);
     Bitmap bitmap(Size(image.width(), image.height()));
@@ -69,9 +76,9 @@ QFont ToQt(Font const& font) {
     // A light face is too pale at the size of help and labels.
     if (font.GetWeight() == FontWeight::Bold) made.setWeight(QFont::Bold);
     if (font.GetHeight() == 0) return made;
-    static std::map<std::pair<QString, int>, QFont> sized;
-    auto const [place, isNew] = sized.try_emplace({made.key(), font.GetHeight()}, made);
-    if (isNew) place->second = WithLineHeight(made, font.GetHeight());
+    static std::map<std::tuple<QString, int, int>, QFont> sized;
+    auto const [place, isNew] = sized.try_emplace({made.key(), font.GetWidth(), font.GetHeight()}, made);
+    if (isNew) place->second = WithLetterWidth(WithLineHeight(made, font.GetHeight()), font.GetWidth());
     return place->second;
 }
 
@@ -144,19 +151,19 @@ void QtCanvas::Rect(Rectangle const& area, Size rounding, Pen const& pen, Brush 
 
 void QtCanvas::Text(Point topLeft, String const& text, Font const& font) {
     if (painter_ == nullptr) return;
-    painter_->setFont(ToQt(font));
+    painter_->setFont(FontOf(font));
     painter_->setPen(ToQt(font.GetColor()));
     painter_->drawText(QPointF(topLeft.X(), topLeft.Y() + QFontMetricsF(painter_->font()).ascent()),
                        ToQt(text));
 }
 
-void QtCanvas::Image(Point topLeft, Bitmap const& bitmap) {
+void QtCanvas::Image(Rectangle const& area, Bitmap const& bitmap) {
     if (painter_ == nullptr) return;
-    bool const isDense = painter_->device()->devicePixelRatioF() > 1;
+    bool const isDense =
+        painter_->device()->devicePixelRatioF() > 1 || area.GetSize() != bitmap.GetSizePixel();
     Bitmap const* const fine = isDense ? bitmap.GetFine() : nullptr;
     painter_->setRenderHint(QPainter::SmoothPixmapTransform, fine != nullptr);
-    painter_->drawImage(AreaOf(Rectangle::Of(topLeft, bitmap.GetSizePixel())),
-                        ToQt(fine != nullptr ? *fine : bitmap));
+    painter_->drawImage(AreaOf(area), ToQt(fine != nullptr ? *fine : bitmap));
 }
 
 void QtCanvas::Pixel(Point place, Color color) {
@@ -169,8 +176,10 @@ void QtCanvas::Clear(Color color) {
 
 Bitmap QtCanvas::Copy(Rectangle const& area) const { return Bitmap(area.GetSize(), BitmapPixel(0, 0, 0, 0)); }
 
+QFont QtCanvas::FontOf(Font const& font) const { return ToQt(font); }
+
 Size QtCanvas::TextSize(String const& text, Font const& font) const {
-    QFontMetricsF const metrics(ToQt(font));
+    QFontMetricsF const metrics(FontOf(font));
     return {static_cast<int>(std::ceil(metrics.horizontalAdvance(ToQt(text)))),
             static_cast<int>(std::ceil(metrics.height()))};
 }

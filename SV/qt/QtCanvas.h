@@ -35,11 +35,15 @@ class QtCanvas : public detail::Canvas {
     void Line(Point from, Point to, Pen const& pen) override;
     void Rect(Rectangle const& area, Size rounding, Pen const& pen, Brush const& brush) override;
     void Text(Point topLeft, String const& text, Font const& font) override;
-    void Image(Point topLeft, Bitmap const& bitmap) override;
+    void Image(Rectangle const& area, Bitmap const& bitmap) override;
     void Pixel(Point place, Color color) override;
     void Clear(Color color) override;
     [[nodiscard]] Bitmap Copy(Rectangle const& area) const override;
     [[nodiscard]] Size TextSize(String const& text, Font const& font) const override;
+
+  protected:
+    /// As it is drawn and measured here.
+    [[nodiscard]] virtual QFont FontOf(Font const& font) const;
 
   private:
     QPainter* painter_ = nullptr;

@@ -6,6 +6,7 @@
 #include "SV/core/String.h"
 #include "SV/ui/Canvas.h"
 #include "SV/ui/FileChoice.h"
+#include "SV/ui/PrintJob.h"
 
 #include <memory>
 #include <optional>
@@ -80,6 +81,35 @@ class WindowPeer {
     virtual void CheckMenuItem(int item, bool checked) = 0;
 };
 
+/// The pages of a printer as they are set up, in its pixels.
+struct PageGeometry {
+    Size paper;
+    Point offset;  // from the paper's corner to that of the area that is printed on
+    Size output;   // of that area
+    double pixelsPerTenthMillimetre = 1;
+};
+
+/// The window system's side of one `sv::Printer`, which calls these in their order: a job, its pages one
+/// after the other, and its end.
+class PrinterPeer {
+  public:
+    virtual ~PrinterPeer() = default;
+
+    /// To draw on while a page is open, and to measure on at any time.
+    [[nodiscard]] virtual Canvas& GetCanvas() = 0;
+    [[nodiscard]] virtual PageGeometry Geometry(PageSetup const& setup) const = 0;
+    /// How many colours it tells apart.
+    [[nodiscard]] virtual unsigned long ColorCount() const = 0;
+    /// False when there is no such printer or it takes no job; then the others are not called.
+    [[nodiscard]] virtual bool StartJob(PrintJob const& job) = 0;
+    virtual bool StartPage() = 0;
+    virtual void EndPage() = 0;
+    /// False when the pages did not arrive.
+    [[nodiscard]] virtual bool EndJob() = 0;
+    /// Takes back what was printed, as far as that can be; in the middle of a page too.
+    virtual void AbortJob() = 0;
+};
+
 class Backend {
   public:
     virtual ~Backend() = default;
@@ -89,6 +119,8 @@ class Backend {
                                                                  WindowPeer* parent) = 0;
     /// A surface to draw on and to read back, black at first.
     [[nodiscard]] virtual std::unique_ptr<Canvas> MakeSurface(Size size) = 0;
+    /// `name` is what the program calls the printer, see `sv::Printer`.
+    [[nodiscard]] virtual std::unique_ptr<PrinterPeer> MakePrinter(String const& name) = 0;
     /// Whether there is somebody to see the windows; without, nothing waits for a person.
     [[nodiscard]] virtual bool HasDisplay() const noexcept = 0;
     [[nodiscard]] virtual Size ScreenSize() const = 0;

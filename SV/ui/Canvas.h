@@ -18,7 +18,8 @@ class Canvas {
     virtual void Rect(Rectangle const& area, Size rounding, Pen const& pen, Brush const& brush) = 0;
     /// `topLeft` is that of the box which `TextSize` measures.
     virtual void Text(Point topLeft, String const& text, Font const& font) = 0;
-    virtual void Image(Point topLeft, Bitmap const& bitmap) = 0;
+    /// The picture fills the area, stretched where it has another size.
+    virtual void Image(Rectangle const& area, Bitmap const& bitmap) = 0;
     virtual void Pixel(Point place, Color color) = 0;
     /// The whole surface in one colour.
     virtual void Clear(Color color) = 0;

@@ -36,13 +36,13 @@ enum class PenStyle : int { None = 0, Solid = 1, Dash = 2 };
 
 class Pen {
   public:
-    /// Black, one pixel, solid.
+    /// Black, one unit wide, solid.
     constexpr Pen() noexcept = default;
     constexpr explicit Pen(Color color, std::uint16_t width = 1, PenStyle style = PenStyle::Solid) noexcept
         : color_(color), width_(width), style_(style) {}
 
     [[nodiscard]] constexpr Color GetColor() const noexcept { return color_; }
-    /// In pixels; 0 counts as 1.
+    /// In units of the map mode; 0 counts as 1.
     [[nodiscard]] constexpr std::uint16_t GetWidth() const noexcept { return width_; }
     [[nodiscard]] constexpr PenStyle GetStyle() const noexcept { return style_; }
     constexpr void ChangeColor(Color color) noexcept { color_ = color; }
@@ -85,27 +85,36 @@ class Brush {
 };
 
 enum class FontPitch : int { Variable = 0, Fixed = 1 };
-enum class FontWeight : int { Normal = 0, Light = 1, Bold = 2 };
+enum class FontWeight : int { Normal = 0, Light = 1, Bold = 3 };
 
 class Font {
   public:
     /// The system's own, for text on controls.
     constexpr Font() noexcept = default;
-    /// `height` in pixels; 0 is the system's own.
+    /// `height` of a line in units of the map mode; 0 is the system's own.
     constexpr explicit Font(std::uint16_t height, FontPitch pitch = FontPitch::Variable,
                             FontWeight weight = FontWeight::Normal) noexcept
         : height_(height), pitch_(pitch), weight_(weight) {}
 
     [[nodiscard]] constexpr std::uint16_t GetHeight() const noexcept { return height_; }
+    /// Of a letter on average; 0 is what suits the height.
+    [[nodiscard]] constexpr std::uint16_t GetWidth() const noexcept { return width_; }
+    [[nodiscard]] constexpr Size GetSize() const noexcept { return {width_, height_}; }
     [[nodiscard]] constexpr FontPitch GetPitch() const noexcept { return pitch_; }
     [[nodiscard]] constexpr FontWeight GetWeight() const noexcept { return weight_; }
     [[nodiscard]] constexpr Color GetColor() const noexcept { return color_; }
+    /// A side below 0 counts as 0.
+    constexpr void ChangeSize(Size size) noexcept {
+        width_ = static_cast<std::uint16_t>(size.Width() > 0 ? size.Width() : 0);
+        height_ = static_cast<std::uint16_t>(size.Height() > 0 ? size.Height() : 0);
+    }
     constexpr void ChangeWeight(FontWeight weight) noexcept { weight_ = weight; }
     constexpr void ChangeColor(Color color) noexcept { color_ = color; }
 
     friend constexpr bool operator==(Font const&, Font const&) noexcept = default;
 
   private:
+    std::uint16_t width_ = 0;
     std::uint16_t height_ = 0;
     FontPitch pitch_ = FontPitch::Variable;
     FontWeight weight_ = FontWeight::Normal;
@@ -122,13 +131,15 @@ class Fraction {
     double value_;
 };
 
-enum class MapUnit : int { Pixel = 10 };
+enum class MapUnit : int { TenthMillimetre = 1, Pixel = 10 };
 
-/// From logical to pixel coordinates: add the origin, then multiply by the scale of each axis.
+/// From logical to pixel coordinates: add the origin, then multiply by the scale of each axis and by the
+/// pixels that the unit has on the device. Pens, letters and pictures follow the unit alone.
 class MapMode {
   public:
     /// Pixels from the top left corner down.
     constexpr MapMode() noexcept = default;
+    constexpr explicit MapMode(MapUnit unit) noexcept : unit_(unit) {}
     constexpr MapMode(MapUnit unit, Point origin, Fraction scaleX, Fraction scaleY) noexcept
         : unit_(unit), origin_(origin), scaleX_(scaleX), scaleY_(scaleY) {}
 

@@ -45,11 +45,14 @@ class OutputDevice {
     /// What was drawn there; black outside.
     [[nodiscard]] Color GetPixel(Point place) const;
     [[nodiscard]] Bitmap GetBitmap(Point topLeft, Size size) const;
-    /// In pixels.
+    /// In units of the map mode, so large that the text fits.
     [[nodiscard]] Size GetTextSize(String const& text) const;
 
     /// The pixel of a point.
     [[nodiscard]] Point LogicToPixel(Point point) const noexcept;
+    /// Back, cut to whole units; 0 where the scale is.
+    [[nodiscard]] Point PixelToLogic(Point pixel) const noexcept;
+    [[nodiscard]] Size PixelToLogic(Size pixels) const noexcept;
 
   protected:
     OutputDevice() = default;
@@ -57,6 +60,11 @@ class OutputDevice {
 
   private:
     [[nodiscard]] virtual detail::Canvas& GetCanvas() const = 0;
+    [[nodiscard]] virtual double PixelsPerTenthMillimetre() const noexcept;
+
+    [[nodiscard]] double PixelsPerUnit() const noexcept;
+    [[nodiscard]] Pen PixelPen() const noexcept;
+    [[nodiscard]] Font PixelFont() const noexcept;
 
     Pen pen_;
     Brush fillIn_;

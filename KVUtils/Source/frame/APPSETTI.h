@@ -148,7 +148,7 @@ class AppName : public KVSingleton {
     static AppName* instance_;
 };
 
-/// The fonts of the suite's windows.
+/// The fonts of the suite's windows and reports.
 class AppFonts {
   public:
     AppFonts() = delete;
@@ -163,6 +163,9 @@ class AppFonts {
     [[nodiscard]] static constexpr sv::Font GetFixedAppFont() noexcept {
         return sv::Font(0, sv::FontPitch::Fixed);
     }
+    /// Of a report's title and its text, in points of a line's height.
+    [[nodiscard]] static constexpr sv::Font GetBigPrinterFont() noexcept { return sv::Font(18); }
+    [[nodiscard]] static constexpr sv::Font GetNormalPrinterFont() noexcept { return sv::Font(10); }
 };
 
 }  // namespace kv

@@ -94,7 +94,7 @@ TEST(QtCanvasTest, CoversThePixelsThatItIsMeantTo) {
          [](Canvas& canvas) {
              Bitmap picture(Size(3, 3), BitmapPixel(0, 0, 255));
              picture.Set(1, 1, BitmapPixel(0, 0, 0, 0));
-             canvas.Image({13, 13}, picture);
+             canvas.Image(Rectangle::Of({13, 13}, {3, 3}), picture);
          }},
     };
     for (Row const& row : rows) {

@@ -1,0 +1,130 @@
+#include "SV/headless/HeadlessBackend.h"
+#include "SV/ui/Printer.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+
+namespace sv {
+
+namespace {
+
+using headless::JobState;
+using headless::LastPrintedJob;
+
+/// Notes what the printer reports.
+struct Watcher {
+    long Started(Printer* printer) {
+        log += "started ";
+        if (abortsAtStart) printer->AbortJob();
+        return 0;
+    }
+    long Ended(Printer* /*sender*/) {
+        log += "ended ";
+        return 0;
+    }
+
+    std::string log;
+    bool abortsAtStart = false;
+};
+
+class PrinterTest : public testing::Test {
+  protected:
+    ~PrinterTest() override { headless::HeadlessBackend::Instance().ChangePrinters({}); }
+
+    Printer printer{"Office"};
+};
+
+TEST_F(PrinterTest, MapsTenthsOfAMillimetre) {
+    printer.ChangeMapMode(MapMode(MapUnit::TenthMillimetre));
+    ASSERT_TRUE(printer.StartJob("job"));
+    ASSERT_TRUE(printer.StartPage());
+    printer.ChangeFont(Font(40));
+    printer.DrawLine({150, 100}, {1900, 100});
+    printer.DrawText({150, 120}, "text");
+    printer.DrawBitmap({10, 20}, Bitmap(Size(2, 2), BitmapPixel(255, 0, 0)));
+    EXPECT_EQ(printer.GetTextSize("text"), Size(68, 40));
+    EXPECT_EQ(printer.PixelToLogic(Point(2100, 2970)), Point(2100, 2970));
+    ASSERT_TRUE(printer.EndJob());
+
+    auto const& job = LastPrintedJob();
+    EXPECT_EQ(job.printer, "Office");
+    EXPECT_EQ(job.job.name, "job");
+    EXPECT_EQ(job.state, JobState::Ended);
+    ASSERT_EQ(job.pages.size(), 1U);
+    auto const& page = job.pages[0];
+    EXPECT_EQ(page.size, Size(2100, 2970));
+    ASSERT_EQ(page.calls.size(), 3U);
+    EXPECT_EQ(page.calls[0].to, Point(1900, 100));
+    EXPECT_EQ(page.calls[1].font.GetHeight(), 40);
+    Bitmap const pixels = page.Pixels();
+    EXPECT_EQ(pixels.At(1000, 100), BitmapPixel(0, 0, 0)) << "the line";
+    EXPECT_EQ(pixels.At(11, 21), BitmapPixel(255, 0, 0)) << "the picture";
+    EXPECT_EQ(pixels.At(50, 50), BitmapPixel(255, 255, 255)) << "paper";
+}
+
+TEST_F(PrinterTest, KnowsItsPage) {
+    headless::HeadlessBackend::Instance().ChangePrinters({.offset = {50, 40}, .takesJobs = true});
+    Printer bordered("Office");
+    EXPECT_EQ(bordered.ChangePaperSize({1480, 2100}), Size(2100, 2970));
+    EXPECT_EQ(bordered.ChangeOrientation(Orientation::Landscape), Orientation::Portrait);
+    EXPECT_EQ(bordered.GetPaperSizePixel(), Size(2100, 1480));
+    EXPECT_EQ(bordered.GetPageOffsetPixel(), Size(50, 40));
+    EXPECT_EQ(bordered.GetOutputSizePixel(), Size(2000, 1400));
+    bordered.ChangePaperSize({0, 2100});
+    ASSERT_TRUE(bordered.StartJob({}));
+    bordered.ChangePaperSize({10, 10});
+    EXPECT_EQ(bordered.GetPageSetup().paper, Size(1480, 2100)) << "neither without a width nor in a job";
+}
+
+TEST_F(PrinterTest, RunsOneJobAfterTheOther) {
+    Watcher watcher;
+    printer.ChangeStartPrintHdl(Link::To<&Watcher::Started>(watcher));
+    printer.ChangeEndPrintHdl(Link::To<&Watcher::Ended>(watcher));
+    EXPECT_FALSE(printer.StartPage());
+    EXPECT_FALSE(printer.EndJob());
+    printer.AbortJob();
+    EXPECT_EQ(watcher.log, "") << "without a job";
+
+    printer.SetDocument({"Report", "Somebody", "en"});
+    ASSERT_TRUE(printer.StartJob({}));
+    EXPECT_TRUE(printer.IsPrinting());
+    EXPECT_FALSE(printer.StartJob({})) << "one at a time";
+    EXPECT_EQ(LastPrintedJob().job.name, "Report");
+    EXPECT_TRUE(printer.StartPage());
+    EXPECT_FALSE(printer.StartPage());
+    EXPECT_TRUE(printer.EndPage());
+    EXPECT_FALSE(printer.EndPage());
+    EXPECT_TRUE(printer.EndJob());
+    EXPECT_FALSE(printer.IsPrinting());
+    EXPECT_EQ(std::exchange(watcher.log, {}), "started ended ");
+
+    // A person may press the button while the job starts; the program that prints need not look.
+    watcher.abortsAtStart = true;
+    EXPECT_TRUE(printer.StartJob({}));
+    EXPECT_FALSE(printer.StartPage());
+    printer.DrawLine({0, 0}, {9, 9});
+    EXPECT_FALSE(printer.EndJob());
+    EXPECT_EQ(std::exchange(watcher.log, {}), "started ended ");
+    EXPECT_TRUE(printer.HasFailed());
+    EXPECT_EQ(LastPrintedJob().state, JobState::Aborted);
+    EXPECT_TRUE(LastPrintedJob().pages.empty());
+
+    headless::HeadlessBackend::Instance().ChangePrinters({.offset = {}, .takesJobs = false});
+    Printer gone("Gone");
+    EXPECT_FALSE(gone.StartJob({}));
+    EXPECT_TRUE(gone.HasFailed());
+}
+
+TEST_F(PrinterTest, AbortsWhatRunsWhenItGoes) {
+    {
+        Printer brief("Brief");
+        ASSERT_TRUE(brief.StartJob({}));
+    }
+    EXPECT_EQ(LastPrintedJob().state, JobState::Aborted);
+}
+
+}  // namespace
+
+}  // namespace sv

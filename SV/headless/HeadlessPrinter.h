@@ -1,0 +1,60 @@
+// HeadlessPrinter: a printer without paper. It keeps what the job that was started last has drawn, a pixel
+// being a tenth of a millimetre.
+#pragma once
+
+#include "SV/headless/RecordingCanvas.h"
+#include "SV/ui/Backend.h"
+
+#include <utility>
+#include <vector>
+
+namespace sv::headless {
+
+/// What printers are like that are made from here on.
+struct PrinterTraits {
+    Point offset;  // of the area that can be printed on, on all four sides
+    bool takesJobs = true;
+};
+
+/// What has become of a job.
+enum class JobState : int { None, Running, Ended, Aborted };
+
+struct PrintedPage {
+    Size size;
+    std::vector<DrawCall> calls;
+
+    /// The page as a picture, on white paper.
+    [[nodiscard]] Bitmap Pixels() const;
+};
+
+struct PrintedJob {
+    String printer;
+    PrintJob job;
+    JobState state = JobState::None;
+    std::vector<PrintedPage> pages;
+};
+
+class HeadlessPrinter final : public detail::PrinterPeer {
+  public:
+    HeadlessPrinter(String name, PrinterTraits const& traits) : name_(std::move(name)), traits_(traits) {}
+
+    [[nodiscard]] detail::Canvas& GetCanvas() override { return canvas_; }
+    [[nodiscard]] detail::PageGeometry Geometry(PageSetup const& setup) const override;
+    [[nodiscard]] unsigned long ColorCount() const override;
+    [[nodiscard]] bool StartJob(PrintJob const& job) override;
+    bool StartPage() override;
+    void EndPage() override;
+    [[nodiscard]] bool EndJob() override;
+    void AbortJob() override;
+
+  private:
+    String name_;
+    PrinterTraits traits_;
+    RecordingCanvas canvas_{Size()};  // without pixels: a page has many, and few are looked at
+    Size page_;
+};
+
+/// The job that was started last.
+[[nodiscard]] PrintedJob const& LastPrintedJob() noexcept;
+
+}  // namespace sv::headless
