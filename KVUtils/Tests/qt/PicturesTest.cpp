@@ -179,6 +179,10 @@ TEST_F(Pictures, TheTextWindow) {
     TextFenster window(nullptr, "Meldungen", 320, 170);
     for (char const* const line : {"12  Farbe 1   45.20", "13  Farbe 2   46.75", "Zeile 14: Zahl erwartet"})
         window.AddLine(line);
+    // Each desktop has a font of fixed width of its own.
+    QFont fixed("DejaVu Sans Mono");
+    fixed.setPixelSize(12);
+    WidgetOf(*window.GetChildren().front()).setFont(fixed);
     ExpectPicture(PictureOf(window), "text.png", OfLetters);
 }
 
