@@ -46,7 +46,8 @@ std::string NameOf(fs::directory_entry const& entry) {
 
 Directory::Directory(sv::String const& path) : DirEntry(path) {}
 
-bool Directory::Create() const {
+// NOLINTNEXTLINE(readability-make-member-function-const): the folder changes
+bool Directory::Create() {
     std::error_code error;
     fs::create_directories(sv::FilePath(GetFull()), error);
     return fs::is_directory(sv::FilePath(GetFull()), error);
@@ -64,7 +65,7 @@ std::vector<sv::String> Directory::GetFileNames(sv::String const& pattern) const
         if (sv::NativePath(name) == native && (pattern.IsEmpty() || detail::MatchesPattern(name, pattern)))
             names.push_back(name);
     }
-    std::ranges::sort(names);
+    std::ranges::sort(names, {}, &sv::String::View);
     return names;
 }
 

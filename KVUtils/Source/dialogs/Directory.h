@@ -12,7 +12,7 @@ class Directory : public sv::DirEntry {
     explicit Directory(sv::String const& path);
 
     /// Makes the folder, with those above it. True when it is there afterwards.
-    bool Create() const;
+    bool Create();
     /// The names of the files that a pattern such as "*.txt *.csv" fits, whatever the case of their letters,
     /// in their order; an empty pattern fits all. A file whose name the suite's code page cannot hold is left
     /// out. None for a folder that cannot be read.

@@ -6,6 +6,7 @@
 #include "SV/ui/Backend.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kv {
 
@@ -57,8 +58,8 @@ unsigned char MyFileDialog::Execute() {
     return 1;
 }
 
-BrowseForFolder::BrowseForFolder(sv::Window* parent, sv::String const& title)
-    : parent_(InFront(parent)), title_(title) {}
+BrowseForFolder::BrowseForFolder(sv::Window* parent, sv::String title)
+    : parent_(InFront(parent)), title_(std::move(title)) {}
 
 unsigned char BrowseForFolder::Execute(sv::String& folder) {
     sv::FileQuestion const question{.purpose = sv::FilePurpose::Folder, .title = title_, .start = folder};

@@ -43,7 +43,7 @@ class MyFileDialog {
 class BrowseForFolder {
   public:
     /// Stands over `parent`; null for the window in front.
-    BrowseForFolder(sv::Window* parent, sv::String const& title);
+    BrowseForFolder(sv::Window* parent, sv::String title);
 
     /// Asks, beginning in `folder`. 1 when one was chosen, which then stands in `folder`; else 0, and
     /// `folder` stays.

@@ -41,7 +41,7 @@ TEST(Directory, PatternsAsPeopleWriteThem) {
 TEST(Directory, HasItsFiles) {
     fs::path const root = fs::path(testing::TempDir()) / "kv_directory_test";
     fs::remove_all(root);
-    Directory const folder(sv::FromNativePath((root / "a" / "b").string()));
+    Directory folder(sv::FromNativePath((root / "a" / "b").string()));
     EXPECT_TRUE(folder.GetFileNames().empty());
     EXPECT_TRUE(folder.Create());
     EXPECT_TRUE(folder.Create()) << "there already";
@@ -50,7 +50,7 @@ TEST(Directory, HasItsFiles) {
     fs::create_directory(root / "a" / "b" / "folder.csv");
     EXPECT_EQ(folder.GetFileNames("*.csv"), (std::vector<sv::String>{"blau.csv", "gr\xFCn.csv"}));
     EXPECT_EQ(folder.GetFileNames().size(), 3U);
-    Directory const below(folder.GetFull() + "/notes.txt");
+    Directory below(folder.GetFull() + "/notes.txt");
     EXPECT_FALSE(below.Create()) << "a file is in the way";
     fs::remove_all(root);
 }

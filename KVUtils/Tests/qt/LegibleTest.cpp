@@ -1,4 +1,4 @@
-// Texts of windows can be read: on a dark desktop, and long ones, too.
+// Texts of windows can be read: on a dark desktop, long ones, and by those who do not see them.
 #include "KVUtils/Source/controls/KOBitmapButton.h"
 #include "KVUtils/Source/controls/NumEditor.h"
 #include "KVUtils/Source/dialogs/MyFixedText.h"
@@ -7,6 +7,7 @@
 #include "SV/Tests/qt/QtFixture.h"
 #include "SV/core/Mnemonic.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
@@ -91,6 +92,22 @@ TEST_F(Legible, OnALightAndOnADarkDesktop) {
         }
         EXPECT_GE(Contrast(picture, {132, 7, 35, 110}), AsText) << "numbers on " << ground;
     }
+}
+
+TEST_F(Legible, ForAScreenReaderToo) {
+    KOBitmapButton labelled(&frame, sv::Bitmap(), "~Drucken", {}, {}, 0, 0, 0x10);
+    KOBitmapButton picture(&frame, sv::Bitmap(), {}, {}, 0, 0, 0x10);
+    labelled.SetBalloonText("Druckt alles");
+    picture.SetBalloonText("Schlie\xDFt ~alles");
+    MyFixedText text(&frame, {}, "~Papierwei\xDF");
+    NumEditor const number(&frame, {}, 5);
+    text.Show();
+    auto const name = [](sv::Window const& window) {
+        return QAccessible::queryAccessibleInterface(&WidgetOf(window))->text(QAccessible::Name);
+    };
+    EXPECT_EQ(name(labelled), "Drucken");
+    EXPECT_EQ(name(picture), QStringView(u"Schließt alles"));
+    EXPECT_EQ(name(number), QStringView(u"Papierweiß"));
 }
 
 TEST_F(Legible, ATextIsShownWhole) {
