@@ -9,7 +9,7 @@
 namespace kv::detail {
 
 /// The ids that the library's own windows use.
-enum StandardButtonId : long { CloseButton = 0x1, CancelButton = 0x4, OkButton = 0x800 };
+enum StandardButtonId : long { CloseButton = 0x1, CancelButton = 0x4, PrintButton = 0x20, OkButton = 0x800 };
 
 /// Null when no button has this id; two bits at once are none.
 [[nodiscard]] StandardButton const* FindStandardButton(long id) noexcept;

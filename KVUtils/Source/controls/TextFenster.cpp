@@ -4,6 +4,7 @@
 #include "KVUtils/Source/controls/WINDOWPL.h"
 #include "KVUtils/Source/controls/WindowPlacement.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
+#include "KVUtils/Source/printing/MyPrinter.h"
 #include "SV/core/Application.h"
 #include "SV/core/Boxes.h"
 #include "SV/core/NativePath.h"
@@ -19,6 +20,10 @@ namespace kv {
 namespace {
 
 constexpr std::size_t LongestLine = 1000;
+
+// What programs know the buttons by.
+constexpr long CloseFlag = 1;
+constexpr long PrintFlag = 32;
 
 // Pixels.
 constexpr sv::Size ButtonExtent(120, 30);
@@ -40,7 +45,7 @@ TextFenster::TextFenster(sv::Window* parent, sv::String const& title, int width,
     : ModelessDialog(parent, sv::StyleOfTextWindow),
       list_(this, sv::StyleOfLines),
       buttonBar_(this, {}, ButtonExtent, 1, ButtonGap) {
-    buttonBar_.AddButton(sv::Link::To<&TextFenster::SchliessenHdl>(*this), detail::CloseButton, 0);
+    buttonBar_.AddButton(sv::Link::To<&TextFenster::SchliessenHdl>(*this), detail::CloseButton, CloseFlag);
     SetText(title);
     ChangeSizePixel({width, height});
     TextFenster::Resize();
@@ -48,6 +53,11 @@ TextFenster::TextFenster(sv::Window* parent, sv::String const& title, int width,
     list_.ChangeFont(AppFonts::GetFixedAppFont());
     list_.Show();
     list_.GrabFocus();
+}
+
+void TextFenster::EnablePrinting() {
+    buttonBar_.AddButton(sv::Link::To<&TextFenster::PrinterHdl>(*this), detail::PrintButton, PrintFlag);
+    Resize();
 }
 
 void TextFenster::Resize() {
@@ -134,6 +144,20 @@ void TextFenster::WasClosed() {
 
 long TextFenster::SchliessenHdl(KOBitmapButton* /*sender*/) {
     isClosed_ = 1;
+    return 0;
+}
+
+long TextFenster::PrinterHdl(KOBitmapButton* /*sender*/) {
+    MyPrinter* const printer = MyPrinter::Instance();
+    if (printer == nullptr) return 0;
+    printer->DefHeadLine(1);
+    printer->DefFootNote(1);
+    if (printer->Start(1) == 0) return 0;
+    for (unsigned short i = 0; i < list_.GetEntryCount(); ++i) {
+        printer->WriteString(list_.GetEntry(i), 0);
+        printer->WriteLn(1);
+    }
+    printer->End();
     return 0;
 }
 

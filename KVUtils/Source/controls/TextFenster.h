@@ -16,6 +16,10 @@ class TextFenster : public sv::ModelessDialog {
     /// Of so many pixels; right of and below the parent, which may be null.
     TextFenster(sv::Window* parent, sv::String const& title, int width, int height);
 
+    /// Adds a button that prints the lines, with a head line and a foot note, on the printer that
+    /// `MyPrinter::CreateMyPrinter` has made; without one it does nothing.
+    void EnablePrinting();
+
     /// Adds a line at the end and scrolls it into view.
     void AddLine(sv::String const& line);
     [[nodiscard]] unsigned char IsEmpty() const;
@@ -44,6 +48,7 @@ class TextFenster : public sv::ModelessDialog {
 
   private:
     long SchliessenHdl(KOBitmapButton* sender);
+    long PrinterHdl(KOBitmapButton* sender);
 
     sv::ListBoxControl list_;
     KOBitmapButtonBar buttonBar_;

@@ -1,7 +1,5 @@
 #include "KVUtils/Source/printing/AbortDialog.h"
 
-#include "KVUtils/Source/controls/WINDOWPL.h"
-#include "KVUtils/Source/controls/WindowPlacement.h"
 #include "KVUtils/Source/printing/MyPrinter.h"
 #include "SV/ui/Styles.h"
 
@@ -36,7 +34,6 @@ ModelessDialogABORTPRINT::ModelessDialogABORTPRINT(sv::Window* parent, DialogRes
     Place(aButton, ButtonPlace, ButtonExtent);
     for (sv::FixedText* const text : {&aText1, &aText2}) text->ChangeBackgroundBrush(GetBackgroundBrush());
     aButton.ChangeClickHdl(sv::Link::To<&ModelessDialogABORTPRINT::ButtonHdl>(*this));
-    WindowPlacer(parent, this, detail::CentreOnReference);
 }
 
 void ModelessDialogABORTPRINT::WasClosed() { aButton.Click(); }

@@ -21,7 +21,7 @@ inline constexpr DialogResource ABORTPRINT{3301, 256};
 /// the other, and a button.
 class ModelessDialogABORTPRINT : public sv::ModelessDialog {
   public:
-    /// Stands over `parent`, or in the middle of the screen without one. The only resource that it knows is
+    /// Stands where the desktop puts it, as a rule over `parent`. The only resource that it knows is
     /// `ABORTPRINT`.
     ModelessDialogABORTPRINT(sv::Window* parent, DialogResource const& resource);
 

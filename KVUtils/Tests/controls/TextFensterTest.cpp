@@ -1,7 +1,10 @@
 #include "KVUtils/Source/controls/TextFenster.h"
+#include "KVUtils/Source/frame/KVSetting.h"
+#include "KVUtils/Source/printing/MyPrinter.h"
 #include "KVUtils/Tests/DisplaySupport.h"
 #include "KVUtils/Tests/TestSupport.h"
 #include "KVUtils/Tests/data/TestFile.h"
+#include "KVUtils/Tests/frame/FrameSupport.h"
 
 #include <sstream>
 
@@ -40,6 +43,39 @@ TEST_F(TextFensterTest, StandsAsLaidOut) {
     EXPECT_EQ(Part(window, 0).GetSizePixel(), sv::Size(300, 150));
     EXPECT_EQ(Part(window, 1).GetPosPixel(), sv::Point(90, 159));
     EXPECT_FALSE(window.IsVisible());
+}
+
+TEST_F(TextFensterTest, PrintsItsLinesOnPages) {
+    using sv::headless::DrawKind;
+    TextFenster window(&parent_, "Messages", 600, 440);
+    window.EnablePrinting();
+    ASSERT_EQ(window.GetChildren().size(), 3U);
+    auto& button = dynamic_cast<KOBitmapButton&>(*window.GetChildren()[2]);
+    EXPECT_EQ(button.GetFlags(), 32);
+    EXPECT_EQ(button.GetPosPixel().X() + button.GetSizePixel().Width() + 155, 600) << "the bar is centred";
+    button.Click();  // without a printer
+
+    AppConfig::CreateAppConfig(PathOf("app.ini"));
+    AppName::CreateAppName("Bench", "1.0");
+    MyPrinter::CreateMyPrinter("Office");
+    for (int i = 0; i < 100; ++i) window.AddLine("line " + std::to_string(i));
+    button.Click();
+    auto const& job = sv::headless::LastPrintedJob();
+    EXPECT_EQ(job.state, sv::headless::JobState::Ended);
+    EXPECT_EQ(job.pages.size(), 2U);
+    int lines = 0;
+    int rules = 0;
+    for (auto const& page : job.pages) {
+        for (auto const& call : page.calls) {
+            if (call.kind == DrawKind::Text && call.text.View().starts_with("line ")) ++lines;
+            if (call.kind == DrawKind::Line) ++rules;
+        }
+    }
+    EXPECT_EQ(lines, 100);
+    EXPECT_EQ(rules, 4) << "of a head line and a foot note on each page";
+    for (KVSingleton* const service : std::initializer_list<KVSingleton*>{
+             MyPrinter::Instance(), KVSetting::Instance(), AppName::Instance(), AppConfig::Instance()})
+        EndService(service);
 }
 
 TEST_F(TextFensterTest, StreamsLines) {

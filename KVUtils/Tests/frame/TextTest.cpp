@@ -156,7 +156,16 @@ TEST_F(TextTest, TheTextsOfTheSuiteAgreeBetweenTheLanguages) {
         std::vector<Group> groups;
     };
     std::vector<Row> const rows = {
-        {"colourdesk", {{"FarbTexte", 16}, {"KOBitmapButtonBar", 24}, {"MyPrinter", 1}, {"AbortDialog", 3}}},
+        {"colourdesk",
+         {{"FarbTexte", 16},
+          {"KOBitmapButtonBar", 24},
+          {"MyPrinter", 1},
+          {"AbortDialog", 3},
+          {"ColourDesk", 27},
+          {"ColourDeskColumns", 9},
+          {"ColourDeskMenu", 15},
+          {"ColourDeskHelp", 12},
+          {"ColourDeskQuestions", 15}}},
         {"hqmserv", {{"HQMServer", 4}}},
     };
     for (auto const& [stem, groups] : rows) {

@@ -29,7 +29,7 @@ TEST(QtCanvasTest, AFineScreenShowsTheFinePicture) {
         QtCanvas canvas;
         {
             QtCanvas::Scope const scope(canvas, painter, {6, 6});
-            canvas.Image({1, 1}, bitmap);
+            canvas.Image(Rectangle::Of({1, 1}, {2, 2}), bitmap);
         }
         painter.end();
         if (ratio == 1.0) {
