@@ -7,7 +7,8 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export XDG_RUNTIME_DIR=$work KORVEL_INI=$work/KORVEL.INI
 
-kvcolor=$(realpath "${1:?usage: demo.sh BUILD_DIR}")/Apps/kvcolor
+build=$(realpath "${1:?usage: demo.sh BUILD_DIR}")
+kvcolor=$build/Apps/kvcolor
 cd "$(dirname "$(realpath "$0")")/data"
 
 # run TITLE SENTENCE ARGUMENT...: one call of kvcolor under what a print engineer reads from it.
@@ -86,3 +87,11 @@ for _ in $(seq 100); do
 done
 [ "$(running)" = 0 ] || fail 'the server runs on without a client'
 printf '\nAll 24 rows agree in every digit, and the server has ended after its last client.\n'
+
+# What was measured, in the workbench.
+pictures=$build/demo
+mkdir -p "$pictures"
+"$build/Apps/ColourDesk" "$work/measured.dat" --language en --standard 'neutral 5 (.70 D)' --cursor 550 \
+    --select 'light skin,blue,red,cyan' --screenshot "$pictures/colourdesk.png" --plot "$pictures/plot.png"
+printf '\n== ColourDesk: the same chart in the workbench, and its plot\n   %s\n   %s\n' \
+    "$pictures/colourdesk.png" "$pictures/plot.png"

@@ -63,7 +63,7 @@ void ConditionsBar::TakeTexts() {
     name(observerCaption_, observer_, Label::Observer);
     name(densityCaption_, density_, Label::Density);
     name(languageCaption_, language_, Label::Language);
-    Resize();
+    ConditionsBar::Resize();
 }
 
 void ConditionsBar::Resize() {

@@ -145,7 +145,7 @@ void DeskWindow::TakeTexts() {
     plot_.TakeTexts();
     plot_.SetAccessibleName(TextOf(Label::Reflectance));
     if (messages_ != nullptr) messages_->SetText(TextOf(Label::Messages));
-    Resize();
+    DeskWindow::Resize();
 }
 
 void DeskWindow::Resize() {
@@ -191,8 +191,8 @@ void DeskWindow::ShowFile(measurements::MeasurementFile file) {
     SelectSamples({0});
 }
 
-void DeskWindow::Recompute(measurements::SheetConditions conditions) {
-    sheet_->Change(std::move(conditions));
+void DeskWindow::Recompute(measurements::SheetConditions const& conditions) {
+    sheet_->Change(conditions);
     samples_.TakeChanges();
     auto const nameOf = [this](std::optional<std::size_t> sample) {
         return sample ? sv::String(measurements::ToSuite(sheet_->File().samples[*sample].name))

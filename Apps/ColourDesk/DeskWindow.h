@@ -68,7 +68,7 @@ class DeskWindow : public sv::Window {
     void MakeButtons();
     void TakeTexts();
     void ShowFile(measurements::MeasurementFile file);
-    void Recompute(measurements::SheetConditions conditions);
+    void Recompute(measurements::SheetConditions const& conditions);
     void ShowSelection();
     void ShowStatus();
     void ShowCommands();

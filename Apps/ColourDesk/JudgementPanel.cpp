@@ -54,7 +54,7 @@ void JudgementPanel::TakeTexts() {
         limitCaptions_[i].SetText(TextOf(LimitLabels[i]));
         limits_[i].SetAccessibleName(TextOf(LimitLabels[i]));
     }
-    Resize();
+    JudgementPanel::Resize();
 }
 
 int JudgementPanel::CaptionWidth() const {

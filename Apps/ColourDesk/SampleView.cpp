@@ -42,6 +42,26 @@ sv::String Shown(float number, int decimals) {
     return std::isnan(number) ? sv::String() : sv::String(kv::GString(number, decimals));
 }
 
+sv::String Number(measurements::SheetRow const& row, int column) {
+    switch (column) {
+        case Lightness:
+        case RedGreen:
+        case YellowBlue:
+            return Shown(row.lab[column - Lightness], 2);
+        case Chroma:
+            return Shown(row.lch[1], 2);
+        case Hue:
+            return Shown(row.lch[2], 1);
+        case Density:
+            return Shown(row.density[row.densityFilter], 2) +
+                   InkOfFilter[static_cast<std::size_t>(row.densityFilter)];
+        case Difference:
+            return row.judgement ? Shown(row.judgement->difference, 2) : sv::String();
+        default:
+            return {};
+    }
+}
+
 }  // namespace
 
 SampleView::SampleView(sv::Window* parent) : Table(parent) { TakeChanges(); }
@@ -86,26 +106,6 @@ sv::TableCell SampleView::GetCell(int row, int column) const {
             return Verdict(values);
         default:
             return {Number(values, column)};
-    }
-}
-
-sv::String SampleView::Number(measurements::SheetRow const& row, int column) const {
-    switch (column) {
-        case Lightness:
-        case RedGreen:
-        case YellowBlue:
-            return Shown(row.lab[column - Lightness], 2);
-        case Chroma:
-            return Shown(row.lch[1], 2);
-        case Hue:
-            return Shown(row.lch[2], 1);
-        case Density:
-            return Shown(row.density[row.densityFilter], 2) +
-                   InkOfFilter[static_cast<std::size_t>(row.densityFilter)];
-        case Difference:
-            return row.judgement ? Shown(row.judgement->difference, 2) : sv::String();
-        default:
-            return {};
     }
 }
 

@@ -22,8 +22,6 @@ class SampleView : public sv::Table {
     [[nodiscard]] sv::TableCell GetCell(int row, int column) const override;
 
   private:
-    /// A row of what is computed anew with each condition.
-    [[nodiscard]] sv::String Number(measurements::SheetRow const& row, int column) const;
     [[nodiscard]] sv::TableCell Verdict(measurements::SheetRow const& row) const;
 
     measurements::ColourSheet const* sheet_ = nullptr;

@@ -3,12 +3,14 @@
 #include "KVUtils/Source/plots/AutoScale.h"
 #include "KVUtils/Source/plots/PlotGeometry.h"
 
+#include <utility>
+
 namespace kv {
 
 PlotWindow::PlotWindow(sv::Window* parent) : PlotWindow(parent, AxisText(), AxisText()) {}
 
-PlotWindow::PlotWindow(sv::Window* parent, AxisText const& x, AxisText const& y)
-    : Window(parent), diagram_(this), xText_(x), yText_(y) {
+PlotWindow::PlotWindow(sv::Window* parent, AxisText x, AxisText y)
+    : Window(parent), diagram_(this), xText_(std::move(x)), yText_(std::move(y)) {
     if (parent != nullptr) ChangeBackgroundBrush(parent->GetBackgroundBrush());
 }
 

@@ -9,7 +9,7 @@ class PlotWindow : public sv::Window {
   public:
     /// On the ground of `parent`. The texts are empty at first.
     explicit PlotWindow(sv::Window* parent);
-    PlotWindow(sv::Window* parent, AxisText const& x, AxisText const& y);
+    PlotWindow(sv::Window* parent, AxisText x, AxisText y);
 
     // No painting is asked for by these.
     void ChangeXAxisText(AxisText const& text) { xText_ = text; }
