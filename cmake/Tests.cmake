@@ -72,7 +72,11 @@ gtest_discover_tests(KVUtilsTests DISCOVERY_MODE PRE_TEST)
 if(KVUTILS_BUILD_APPS)
   file(GLOB_RECURSE app_tests CONFIGURE_DEPENDS Apps/Tests/*Test.cpp)
   list(FILTER app_tests EXCLUDE REGEX "/ColourDesk/qt/")
-  add_executable(AppsTests cmake/tests/TestMain.cpp ${app_tests})
+  set(system posix)
+  if(WIN32)
+    set(system win32)
+  endif()
+  add_executable(AppsTests cmake/tests/TestMain.cpp Platform/Tests/${system}/TestSystem.cpp ${app_tests})
   target_link_libraries(AppsTests PRIVATE colour_desk measuring_server kvcolor_commands GTest::gtest kvutils_options)
   target_compile_definitions(AppsTests PRIVATE
     KV_APPS_DATA="${PROJECT_SOURCE_DIR}/Apps/data"

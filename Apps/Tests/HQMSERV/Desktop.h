@@ -3,7 +3,7 @@
 
 #include "Apps/measurements/ServerPayloads.h"
 #include "Apps/measurements/ServerProbe.h"
-#include "Platform/Process.h"
+#include "Platform/Tests/PeerProcess.h"
 #include "Platform/Tests/RuntimeDirectory.h"
 #include "Platform/Tests/TemporaryDirectory.h"
 
@@ -12,7 +12,6 @@
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
-#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
@@ -62,16 +61,9 @@ class Desktop {
 class Program {
   public:
     Program(std::string const& file, std::vector<std::string> const& arguments)
-        : process_(platform::Process::Start(file, arguments)) {}
-    Program(Program const&) = delete;
-    Program& operator=(Program const&) = delete;
-    ~Program() {
-        if (process_ != nullptr && process_->IsRunning()) Kill();
-    }
-    void Kill() {
-        process_->Kill();
-        process_->Wait();
-    }
+        : process_(tests::StartPeer(file, arguments)) {}
+
+    void Kill() { process_.reset(); }
     /// Whether it ends by itself, with success, in some time.
     [[nodiscard]] bool Ends() {
         for (int i = 0; i < 3000 && process_->IsRunning(); ++i) {
@@ -81,7 +73,7 @@ class Program {
     }
 
   private:
-    std::unique_ptr<platform::Process> process_;
+    tests::PeerProcess process_;
 };
 
 /// The measuring server, which takes messages from here on.
