@@ -143,8 +143,9 @@ std::string DecodeText(std::string_view bytes, std::string const& encoding, std:
     PartDecoder decoder(encoding);
     std::string text = decoder.Step(bytes);
     text += decoder.Finish();
-    std::erase(text, '\0');
-    return Utf8From(text, charset);
+    std::string utf8 = Utf8From(text, charset);
+    std::erase_if(utf8, [](char c) { return c == '\0' || c == '\r'; });
+    return utf8;
 }
 
 MailHead ParseHead(std::string_view header) {

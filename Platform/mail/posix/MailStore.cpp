@@ -76,6 +76,7 @@ std::optional<MessageNumber> MailStore::FindNext(std::optional<MessageNumber> co
         RequireValid(*seed);
     } else {
         uids_.clear();
+        static_cast<void>(Command("NOOP"));  // after which a search sees what has come in
         for (ImapValue const& answer : Command("UID SEARCH UNDELETED")) {
             if (!answer[0].Is("SEARCH")) continue;
             for (std::size_t i = 1; i < answer.items.size(); ++i) uids_.push_back(NumberOf(answer[i].text));
