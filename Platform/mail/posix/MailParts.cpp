@@ -67,6 +67,7 @@ class Leaf {
 /// Numbers the parts of a multipart message and calls `visit` with each leaf, in their order.
 template <class Visit>
 void ForEachLeaf(ImapValue const& part, std::string const& section, Visit const& visit) {
+    if (part.items.empty()) return;
     if (!part[0].IsList()) return visit(Leaf(part, section.empty() ? "1" : section));
     for (std::size_t i = 0; i < part.items.size() && part.items[i].IsList(); ++i) {
         std::string const number = std::to_string(i + 1);
