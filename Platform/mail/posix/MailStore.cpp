@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 namespace platform::detail {
 
@@ -33,9 +34,10 @@ std::string Range(MailPart const& part, std::uint64_t begin, std::size_t count) 
 
 }  // namespace
 
-MailStore::MailStore(MailAccount const& account) : account_(account) { Connect(); }
+MailStore::MailStore(std::string accountFile) : accountFile_(std::move(accountFile)) { Connect(); }
 
 void MailStore::Connect() {
+    account_ = LoadAccount(accountFile_);
     connection_ = std::make_unique<ImapConnection>(account_);
     Select();
 }
