@@ -69,6 +69,17 @@ target_compile_definitions(KVUtilsTests PRIVATE
 add_dependencies(KVUtilsTests ConfigWriter DdePeer PostOfficePeer ${mail_clients})
 gtest_discover_tests(KVUtilsTests DISCOVERY_MODE PRE_TEST)
 
+if(KVUTILS_BUILD_MAIL)
+  file(GLOB kvmail_tests CONFIGURE_DEPENDS Platform/mail/Tests/*Test.cpp)
+  add_executable(KvmailTests cmake/tests/TestMain.cpp Platform/Tests/posix/TestSystem.cpp ${kvmail_tests})
+  target_link_libraries(KvmailTests PRIVATE kvmail_core KVUtils::KVUtils GTest::gtest kvutils_options)
+  target_compile_definitions(KvmailTests PRIVATE
+    KV_MAIL_LIBRARY="$<TARGET_FILE:kvmail>"
+    KV_MAIL_SERVERS="${PROJECT_SOURCE_DIR}/Platform/mail/Tests/MailServers.py")
+  add_dependencies(KvmailTests kvmail)
+  gtest_discover_tests(KvmailTests DISCOVERY_MODE PRE_TEST)
+endif()
+
 if(KVUTILS_BUILD_APPS)
   file(GLOB_RECURSE app_tests CONFIGURE_DEPENDS Apps/Tests/*Test.cpp)
   list(FILTER app_tests EXCLUDE REGEX "/ColourDesk/qt/")

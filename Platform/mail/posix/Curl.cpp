@@ -72,7 +72,12 @@ void CurlHandle::Perform(std::string const& what) {
     CURLcode const code = curl_easy_perform(Get());
     if (code == CURLE_OK) return;
     std::string const words = words_->front() != '\0' ? words_->data() : curl_easy_strerror(code);
-    throw MailError(FaultOf(code), what + ": " + words);
+    long answer = 0;
+    curl_easy_getinfo(Get(), CURLINFO_RESPONSE_CODE, &answer);
+    MailFault const fault = FaultOf(code);
+    // A server of outgoing mail that says no has not gone away, whatever libcurl calls it.
+    throw MailError(fault == MailFault::Network && answer >= 400 ? MailFault::Server : fault,
+                    what + ": " + words);
 }
 
 void CurlHandle::Require(CURLcode code) {

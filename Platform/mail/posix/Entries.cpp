@@ -101,7 +101,7 @@ KV_MAIL_ENTRY cmc_send_documents(char const* recipients, char const* subject, ch
 KV_MAIL_ENTRY MAPILogon(ULONG_PTR /*window*/, char const* /*profile*/, char const* /*password*/,
                         ULONG /*flags*/, ULONG /*reserved*/, LHANDLE* session) {
     return AnswerMapi([&] {
-        auto store = std::make_unique<MailStore>(LoadAccount(AccountFile()));
+        auto store = std::make_unique<MailStore>(AccountFile());
         State& state = TheState();
         state.sessions.emplace(++state.lastSession, std::move(store));
         *session = state.lastSession;

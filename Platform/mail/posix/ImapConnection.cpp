@@ -13,6 +13,8 @@ namespace {
 
 // An answer that trickles in may take this many times the time of silence that is allowed.
 constexpr int SlowAnswer = 4;
+// All responses to one command together.
+constexpr std::size_t LargestAnswer = 4 * ImapCutter::LargestResponse;
 
 [[noreturn]] void FailNetwork(std::string const& words) {
     throw MailError(MailFault::Network, "IMAP: " + words);
@@ -33,6 +35,7 @@ ImapConnection::ImapConnection(MailAccount const& account) : timeout_(account.ti
 std::vector<ImapValue> ImapConnection::Command(std::string const& command) {
     auto const deadline = Clock::now() + SlowAnswer * timeout_;
     std::string const tag = "K" + std::to_string(++commands_);
+    received_ = 0;
     Send(tag + ' ' + command + "\r\n", deadline);
     std::vector<ImapValue> answers;
     while (true) {
@@ -68,7 +71,8 @@ ImapValue ImapConnection::Receive(Clock::time_point deadline) {
             if (!value) FailNetwork("the server's answer makes no sense");
             return std::move(*value);
         }
-        if (cutter_.IsOverfull()) FailNetwork("the server's answer is too large");
+        if (cutter_.IsOverfull() || received_ > LargestAnswer)
+            FailNetwork("the server's answer is too large");
         std::array<char, 16384> chunk;
         std::size_t count = 0;
         CURLcode const code = curl_easy_recv(curl_.Get(), chunk.data(), chunk.size(), &count);
@@ -77,6 +81,7 @@ ImapValue ImapConnection::Receive(Clock::time_point deadline) {
         } else if (code != CURLE_OK || count == 0) {
             FailNetwork("the connection is cut");
         }
+        received_ += count;
         cutter_.Add({chunk.data(), count});
     }
 }

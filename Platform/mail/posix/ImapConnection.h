@@ -8,6 +8,7 @@
 #include "Platform/mail/posix/MailAccount.h"
 
 #include <chrono>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,7 @@ class ImapConnection {
     int socket_ = -1;
     ImapCutter cutter_;
     unsigned commands_ = 0;
+    std::size_t received_ = 0;  // bytes since the last command
 };
 
 }  // namespace platform::detail

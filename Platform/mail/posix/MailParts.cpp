@@ -67,6 +67,7 @@ class Leaf {
 /// Numbers the parts of a multipart message and calls `visit` with each leaf, in their order.
 template <class Visit>
 void ForEachLeaf(ImapValue const& part, std::string const& section, Visit const& visit) {
+    if (part.items.empty()) return;
     if (!part[0].IsList()) return visit(Leaf(part, section.empty() ? "1" : section));
     for (std::size_t i = 0; i < part.items.size() && part.items[i].IsList(); ++i) {
         std::string const number = std::to_string(i + 1);
@@ -143,8 +144,9 @@ std::string DecodeText(std::string_view bytes, std::string const& encoding, std:
     PartDecoder decoder(encoding);
     std::string text = decoder.Step(bytes);
     text += decoder.Finish();
-    std::erase(text, '\0');
-    return Utf8From(text, charset);
+    std::string utf8 = Utf8From(text, charset);
+    std::erase_if(utf8, [](char c) { return c == '\0' || c == '\r'; });
+    return utf8;
 }
 
 MailHead ParseHead(std::string_view header) {

@@ -48,7 +48,9 @@ class PartDecoder {
     std::unique_ptr<State> state_;
 };
 
-/// A text, decoded, in UTF-8; what its character set does not have becomes "?".
+/// A text, decoded, in UTF-8 and with LF at the end of its lines; what its character set does not have
+/// becomes
+/// "?".
 [[nodiscard]] std::string DecodeText(std::string_view bytes, std::string const& encoding,
                                      std::string const& charset);
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 namespace platform::detail {
 
@@ -33,9 +34,10 @@ std::string Range(MailPart const& part, std::uint64_t begin, std::size_t count) 
 
 }  // namespace
 
-MailStore::MailStore(MailAccount const& account) : account_(account) { Connect(); }
+MailStore::MailStore(std::string accountFile) : accountFile_(std::move(accountFile)) { Connect(); }
 
 void MailStore::Connect() {
+    account_ = LoadAccount(accountFile_);
     connection_ = std::make_unique<ImapConnection>(account_);
     Select();
 }
@@ -76,6 +78,7 @@ std::optional<MessageNumber> MailStore::FindNext(std::optional<MessageNumber> co
         RequireValid(*seed);
     } else {
         uids_.clear();
+        static_cast<void>(Command("NOOP"));  // after which a search sees what has come in
         for (ImapValue const& answer : Command("UID SEARCH UNDELETED")) {
             if (!answer[0].Is("SEARCH")) continue;
             for (std::size_t i = 1; i < answer.items.size(); ++i) uids_.push_back(NumberOf(answer[i].text));

@@ -38,7 +38,8 @@ class MailStore {
     /// The most of a text that is fetched, in bytes as they are sent.
     static constexpr std::size_t LongestText = 1U << 20;
 
-    explicit MailStore(MailAccount const& account);
+    /// Logs on by the account in this file, which is read anew for each connection: a token in it may be.
+    explicit MailStore(std::string accountFile);
 
     /// The message that came in next after `seed`. The messages are counted anew where there is no seed.
     [[nodiscard]] std::optional<MessageNumber> FindNext(std::optional<MessageNumber> const& seed);
@@ -62,6 +63,7 @@ class MailStore {
                                                      std::vector<MailPart> const& parts);
     void FetchFile(std::uint32_t uid, MailPart const& part, NewFile& file, std::uint64_t& room);
 
+    std::string accountFile_;
     MailAccount account_;
     std::unique_ptr<ImapConnection> connection_;
     std::uint32_t validity_ = 0;
