@@ -19,6 +19,28 @@ std::uint16_t ScaledWidth(std::uint16_t width, double scale) noexcept {
     return static_cast<std::uint16_t>(std::max(1, Scaled(std::max<int>(width, 1), scale)));
 }
 
+/// A line from its start, 0, to its end, 1, as far as it lies on a surface.
+class Extent {
+  public:
+    /// Cuts it where `distance`, from the start to an edge, is used up at `speed` towards that edge.
+    void Cut(double speed, double distance) noexcept {
+        if (speed > 0) {
+            end_ = std::min(end_, distance / speed);
+        } else if (speed < 0) {
+            start_ = std::max(start_, distance / speed);
+        } else if (distance < 0) {
+            end_ = -1;
+        }
+    }
+    [[nodiscard]] bool IsEmpty() const noexcept { return end_ < start_; }
+    [[nodiscard]] double Start() const noexcept { return start_; }
+    [[nodiscard]] double End() const noexcept { return end_; }
+
+  private:
+    double start_ = 0;
+    double end_ = 1;
+};
+
 }  // namespace
 
 ScaledCanvas::ScaledCanvas(Canvas& target, Rectangle const& area, Size size) noexcept
@@ -59,11 +81,27 @@ Font ScaledCanvas::ToTarget(Font font) const noexcept {
 }
 
 void ScaledCanvas::Line(Point from, Point to, Pen const& pen) {
-    target_->Line(ToTarget(from), ToTarget(to), ToTarget(pen));
+    int const dx = to.X() - from.X();
+    int const dy = to.Y() - from.Y();
+    Extent extent;
+    extent.Cut(-dx, from.X());
+    extent.Cut(dx, size_.Width() - 1 - from.X());
+    extent.Cut(-dy, from.Y());
+    extent.Cut(dy, size_.Height() - 1 - from.Y());
+    if (extent.IsEmpty()) return;
+    auto const along = [&](double part) { return from + Point(Scaled(dx, part), Scaled(dy, part)); };
+    target_->Line(ToTarget(along(extent.Start())), ToTarget(along(extent.End())), ToTarget(pen));
 }
 
 void ScaledCanvas::Rect(Rectangle const& area, Size rounding, Pen const& pen, Brush const& brush) {
-    target_->Rect(ToTarget(area), ToTarget(rounding), ToTarget(pen), brush);
+    Point const a = area.TopLeft();
+    Point const b = area.BottomRight();
+    Rectangle const inside(
+        {std::max<int>(a.X(), 0), std::max<int>(a.Y(), 0)},
+        {std::min<int>(b.X(), size_.Width() - 1), std::min<int>(b.Y(), size_.Height() - 1)});
+    if (inside.BottomRight().X() < inside.TopLeft().X() || inside.BottomRight().Y() < inside.TopLeft().Y())
+        return;
+    target_->Rect(ToTarget(inside), ToTarget(rounding), ToTarget(pen), brush);
 }
 
 void ScaledCanvas::Text(Point topLeft, String const& text, Font const& font) {

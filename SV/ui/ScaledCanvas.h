@@ -7,8 +7,8 @@ namespace sv::detail {
 
 class ScaledCanvas final : public Canvas {
   public:
-    /// `size` pixels of this surface fill `area` of the target, which has to live as long. Nothing is cut off
-    /// at its edges.
+    /// `size` pixels of this surface fill `area` of the target, which has to live as long. Lines and areas
+    /// end at its edges; letters and pictures that begin inside may reach beyond.
     ScaledCanvas(Canvas& target, Rectangle const& area, Size size) noexcept;
     /// The part of this surface with these pixels, in the same scale.
     [[nodiscard]] ScaledCanvas Within(Point position, Size size) const noexcept;

@@ -82,8 +82,8 @@ class Window : public OutputDevice {
     void ToTop();
 
     /// Draws the window with all visible windows in it on another device, a printer's page for example,
-    /// stretched into the area, which is in the device's own units. Nothing is cut off at its edges. What the
-    /// window system draws itself, controls and titles, is left out.
+    /// stretched into the area, which is in the device's own units. What the window system draws itself,
+    /// controls and titles, is left out.
     void PrintOn(OutputDevice& device, Rectangle const& area);
 
     /// What a screen reader says in place of the text; empty for the text.
