@@ -31,8 +31,8 @@ enum class Label : unsigned long {
     Pointer,     // %1 nm: %2 of the sample %3
     NotPlotted,  // %1 that show of %2
     Messages,
-    Within,
-    Beyond,
+    Passed,
+    Failed,
     Wavelength,
     Reflectance,
     UseAsStandard,
@@ -49,7 +49,7 @@ enum class ColumnTitle : unsigned long {
     Chroma,
     Hue,
     Density,
-    Judgement
+    Verdict
 };
 
 /// Group "ColourDeskQuestions".

@@ -35,7 +35,7 @@ constexpr std::array<char const*, 4> InkOfFilter = {" K", " C", " M", " Y"};
 constexpr std::array<int, ColumnCount> WidthInLetters = {22, 13, 8, 8, 8, 8, 7, 9, 10, 10};
 
 ColumnTitle TitleOf(int column) noexcept {
-    return column == Judged ? ColumnTitle::Judgement : static_cast<ColumnTitle>(column);
+    return column == Judged ? ColumnTitle::Verdict : static_cast<ColumnTitle>(column);
 }
 
 sv::String Shown(float number, int decimals) {
@@ -76,7 +76,7 @@ void SampleView::TakeChanges() {
     kv::TextSegment const names("FarbTexte");
     colourNames_.clear();
     for (unsigned long i = 0; i < ColourNameCount; ++i) colourNames_.push_back(names[i]);
-    verdicts_ = {TextOf(Label::Beyond), TextOf(Label::Within)};
+    verdicts_ = {TextOf(Label::Failed), TextOf(Label::Passed)};
 
     int const letter = GetTextSize("0").Width();
     std::vector<sv::TableColumn> columns;

@@ -26,7 +26,7 @@ class SampleView : public sv::Table {
 
     measurements::ColourSheet const* sheet_ = nullptr;
     std::vector<sv::String> colourNames_;
-    std::array<sv::String, 2> verdicts_;  // beyond, within
+    std::array<sv::String, 2> verdicts_;  // failed, passed
 };
 
 }  // namespace colourdesk

@@ -24,6 +24,8 @@ void AddStrength(CLI::App& program, Session& session);
 void AddExport(CLI::App& program, Session& session);
 /// A chart, patch by patch through the measuring server.
 void AddMeasure(CLI::App& program, Session& session);
+/// The samples as a report on paper.
+void AddChartReport(CLI::App& program, Session& session);
 /// The illuminants on offer with their white points.
 void AddIlluminants(CLI::App& program, Session& session);
 

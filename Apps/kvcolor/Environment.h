@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <ostream>
 #include <string>
 
@@ -20,6 +21,8 @@ struct Environment {
     std::function<Clock::time_point()> now = &Clock::now;
     /// Whether the person has had enough (Ctrl-C).
     std::function<bool()> isInterrupted = [] { return false; };
+    /// Brings up what prints, for as long as the answer lives; null where there is nothing.
+    std::function<std::shared_ptr<void>()> beginPrinting = [] { return std::shared_ptr<void>(); };
 };
 
 }  // namespace kvcolor

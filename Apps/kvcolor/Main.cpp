@@ -1,6 +1,7 @@
 // The program kvcolor: connects Run with the standard streams.
 #include "Apps/kvcolor/Messages.h"
 #include "Apps/kvcolor/Run.h"
+#include "Apps/kvcolor/printing/Printing.h"
 #include "Platform/CommandLine.h"
 #include "Platform/Terminal.h"
 
@@ -27,15 +28,17 @@ int main(int argc, char** argv) {
                                            .outIsTerminal = platform::IsTerminal(stdout),
                                            .errIsTerminal = platform::IsTerminal(stderr),
                                            .variable = variable,
-                                           .isInterrupted = [] {
-                                               // Asked for by whoever has to put things in order first; all
-                                               // else just ends.
-                                               static bool const isWatched = [] {
-                                                   std::signal(SIGINT, [](int) { isInterrupted = 1; });
-                                                   return true;
-                                               }();
-                                               return isWatched && isInterrupted != 0;
-                                           }};
+                                           .isInterrupted =
+                                               [] {
+                                                   // Asked for by whoever has to put things in order first;
+                                                   // all else just ends.
+                                                   static bool const isWatched = [] {
+                                                       std::signal(SIGINT, [](int) { isInterrupted = 1; });
+                                                       return true;
+                                                   }();
+                                                   return isWatched && isInterrupted != 0;
+                                               },
+                                           .beginPrinting = &kvcolor::BeginPrinting};
 
     // A write fails while the report is delivered or at the end; nothing in between sets errno.
     errno = 0;

@@ -27,6 +27,7 @@ void Describe(CLI::App& program, Session& session) {
     AddStrength(program, session);
     AddExport(program, session);
     AddMeasure(program, session);
+    AddChartReport(program, session);
     AddIlluminants(program, session);
 }
 

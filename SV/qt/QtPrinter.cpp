@@ -6,6 +6,7 @@
 #include "SV/qt/QtText.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QPageSize>
 #include <QPdfWriter>
 #include <optional>
@@ -107,6 +108,7 @@ bool QtPrinter::Open() {
     writer_ = std::make_unique<QPdfWriter>(&pages_);
     writer_->setPdfVersion(QPagedPaintDevice::PdfVersion_A1b);
     writer_->setResolution(Resolution);
+    writer_->setCreator(QCoreApplication::applicationName());
     writer_->setTitle(ToQt(job_.document.title));
     writer_->setPageMargins({});
     writer_->setPageSize(PageSizeOf(job_.setup.paper));

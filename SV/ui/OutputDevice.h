@@ -57,6 +57,8 @@ class OutputDevice {
   protected:
     OutputDevice() = default;
     ~OutputDevice() = default;
+    /// For a device that is drawn on another one.
+    [[nodiscard]] static detail::Canvas& CanvasOf(OutputDevice const& device) { return device.GetCanvas(); }
 
   private:
     [[nodiscard]] virtual detail::Canvas& GetCanvas() const = 0;

@@ -1,6 +1,7 @@
 #include "SV/ui/Window.h"
 
 #include "SV/ui/Backend.h"
+#include "SV/ui/ScaledCanvas.h"
 
 #include <algorithm>
 #include <utility>
@@ -106,6 +107,22 @@ void Window::FocusHasGone() {
     LoseFocus();
 }
 
-detail::Canvas& Window::GetCanvas() const { return peer_->GetCanvas(); }
+detail::Canvas& Window::GetCanvas() const { return elsewhere_ != nullptr ? *elsewhere_ : peer_->GetCanvas(); }
+
+void Window::PrintOn(OutputDevice& device, Rectangle const& area) {
+    Rectangle const pixels(device.LogicToPixel(area.TopLeft()),
+                           device.LogicToPixel(area.BottomRight() + Point(1, 1)) - Point(1, 1));
+    PaintOn(detail::ScaledCanvas(CanvasOf(device), pixels, size_));
+}
+
+void Window::PaintOn(detail::ScaledCanvas canvas) {
+    detail::Canvas* const before = std::exchange(elsewhere_, &canvas);
+    Erase();
+    Paint(GetArea());
+    elsewhere_ = before;
+    for (Window* const child : children_) {
+        if (child->isVisible_) child->PaintOn(canvas.Within(child->position_, child->size_));
+    }
+}
 
 }  // namespace sv

@@ -15,6 +15,7 @@
 namespace sv {
 
 namespace detail {
+class ScaledCanvas;
 class WindowPeer;
 enum class WindowKind : int;
 }  // namespace detail
@@ -80,6 +81,11 @@ class Window : public OutputDevice {
     [[nodiscard]] bool HasCapture() const noexcept { return captor_ == this; }
     void ToTop();
 
+    /// Draws the window with all visible windows in it on another device, a printer's page for example,
+    /// stretched into the area, which is in the device's own units. What the window system draws itself,
+    /// controls and titles, is left out.
+    void PrintOn(OutputDevice& device, Rectangle const& area);
+
     /// What a screen reader says in place of the text; empty for the text.
     void SetAccessibleName(String const& name);
 
@@ -109,6 +115,7 @@ class Window : public OutputDevice {
 
   private:
     [[nodiscard]] detail::Canvas& GetCanvas() const override;
+    void PaintOn(detail::ScaledCanvas canvas);
 
     Window* parent_;
     std::vector<Window*> children_;
@@ -119,6 +126,7 @@ class Window : public OutputDevice {
     bool isEnabled_ = true;
     String text_;
     std::unique_ptr<detail::WindowPeer> peer_;
+    detail::Canvas* elsewhere_ = nullptr;  // while it is drawn on another device
 
     static Window* focus_;
     static Window* captor_;

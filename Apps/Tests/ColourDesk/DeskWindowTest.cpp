@@ -66,8 +66,8 @@ TEST_F(DeskTest, JudgesAgainstAStandardThatIsTakenAndWithdrawn) {
     desk.SelectSamples({14});
     desk.Execute(Command::UseAsStandard);
     EXPECT_EQ(Cell(14, Judged), "");
-    EXPECT_EQ(Cell(13, Judged), "within");
-    EXPECT_EQ(Cell(12, Judged), "beyond");
+    EXPECT_EQ(Cell(13, Judged), "passed");
+    EXPECT_EQ(Cell(12, Judged), "failed");
     EXPECT_NE(Status().find("1 of 14 within the limits"), std::string::npos) << Status();
     desk.Execute(Command::UseAsStandard);
     EXPECT_EQ(Cell(13, Judged), "");

@@ -1,5 +1,6 @@
 #include "SV/headless/HeadlessBackend.h"
 #include "SV/ui/Printer.h"
+#include "SV/ui/Window.h"
 
 #include <gtest/gtest.h>
 
@@ -115,6 +116,48 @@ TEST_F(PrinterTest, RunsOneJobAfterTheOther) {
     Printer gone("Gone");
     EXPECT_FALSE(gone.StartJob({}));
     EXPECT_TRUE(gone.HasFailed());
+}
+
+// A window with a line, a text, and another window.
+class Panel final : public Window {
+  public:
+    Panel() : Window(nullptr) {
+        SetPosSizePixel({7, 7}, {100, 50});
+        inner.SetPosSizePixel({50, 20}, {40, 20});
+        inner.ChangeBackgroundBrush(Brush(Color(0xFFFF, 0, 0)));
+        inner.Show();
+    }
+    void Paint(Rectangle const& /*area*/) override {
+        DrawLine({10, 10}, {90, 10});
+        DrawLine({80, 30}, {120, 40});
+        DrawLine({-9, 30}, {-1, 30});
+        // Measured by the letters of the page.
+        DrawText({90 - GetTextSize("ab").Width(), 20}, "ab");
+    }
+
+    Window inner{this};
+};
+
+TEST_F(PrinterTest, WindowsAreDrawnOnPages) {
+    printer.ChangeMapMode(MapMode(MapUnit::TenthMillimetre));
+    ASSERT_TRUE(printer.StartJob("job") && printer.StartPage());
+    Panel panel;
+    panel.PrintOn(printer, Rectangle::Of({200, 300}, {400, 200}));
+    ASSERT_TRUE(printer.EndJob());
+
+    auto const& calls = LastPrintedJob().pages.at(0).calls;
+    ASSERT_EQ(calls.size(), 5U) << "and nothing that lies outside";
+    EXPECT_EQ(calls[0].to, Point(599, 499)) << "its ground";
+    EXPECT_EQ(calls[1].from, Point(240, 340));
+    EXPECT_EQ(calls[1].to, Point(560, 340));
+    EXPECT_EQ(calls[1].pen.GetWidth(), 4);
+    EXPECT_EQ(calls[2].from, Point(520, 420));
+    EXPECT_EQ(calls[2].to, Point(596, 440)) << "cut at the edge";
+    EXPECT_EQ(calls[3].from, Point(560 - 2 * 28, 380));
+    EXPECT_EQ(calls[3].font.GetHeight(), 64);
+    EXPECT_EQ(calls[4].from, Point(400, 380)) << "the window in it";
+    EXPECT_EQ(calls[4].to, Point(559, 459));
+    EXPECT_TRUE(headless::Record(panel).size() == 5) << "and on the screen again";
 }
 
 TEST_F(PrinterTest, AbortsWhatRunsWhenItGoes) {

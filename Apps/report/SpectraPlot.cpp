@@ -1,0 +1,71 @@
+#include "Apps/report/SpectraPlot.h"
+
+#include "KVUtils/Source/metrics/ColorConverter.h"
+#include "KVUtils/Source/plots/PlotWindow.h"
+
+#include <algorithm>
+
+namespace report {
+
+namespace {
+
+/// Of the diagram's window, in tenths of a millimetre: letters and ticks are as large as in the table.
+constexpr int PixelSize = 2;
+/// The lightest that a channel of a curve may be: yellow and white have to show on paper.
+constexpr unsigned Lightest = 0xC000;
+
+std::uint16_t Darkened(unsigned channel, unsigned brightest) noexcept {
+    if (brightest <= Lightest) return static_cast<std::uint16_t>(channel);
+    return static_cast<std::uint16_t>(channel * Lightest / brightest);
+}
+
+}  // namespace
+
+sv::Color CurveColor(kv::Spectrum const& spectrum) noexcept {
+    sv::Color const color = kv::ColorConverter::SpectrumToColor(spectrum);
+    unsigned const brightest = std::max({color.GetRed(), color.GetGreen(), color.GetBlue()});
+    return {Darkened(color.GetRed(), brightest), Darkened(color.GetGreen(), brightest),
+            Darkened(color.GetBlue(), brightest)};
+}
+
+namespace {
+
+kv::Curve CurveOf(kv::Spectrum const& spectrum) {
+    constexpr float First = 380;
+    constexpr float Last = 730;
+    return {First, Last, spectrum, kv::SpectralPoints, CurveColor(spectrum), kv::DIAGRAM_LINE};
+}
+
+/// 0 to 1, or to 1.5 and so on for what shines by itself.
+kv::AxisData ReflectanceAxis(float highest) {
+    constexpr float Step = 0.2F;
+    float top = 1;
+    while (top < highest) top += Step;
+    return {0, top, Step, 1};
+}
+
+/// With a line where the other axis begins.
+kv::AxisData WithLine(kv::AxisData axis) {
+    axis.SetPixelOffset(1);
+    return axis;
+}
+
+}  // namespace
+
+void DrawSpectra(sv::OutputDevice& device, sv::Rectangle const& area,
+                 measurements::MeasurementFile const& file, std::span<std::size_t const> samples,
+                 PlotTitles const& titles) {
+    kv::PlotWindow plot(nullptr, kv::AxisText(titles.wavelength, 0), kv::AxisText(titles.reflectance, 1));
+    plot.ChangeSizePixel({area.GetSize().Width() / PixelSize, area.GetSize().Height() / PixelSize});
+    float highest = 0;
+    for (std::size_t const index : samples) {
+        if (index >= file.samples.size()) continue;
+        plot.AddCurve(CurveOf(file.samples[index].spectrum));
+        highest = std::max(highest, file.samples[index].spectrum.Maximum());
+    }
+    plot.ChangeXAxisData(WithLine(kv::AxisData(380, 730, 50, 4)));
+    plot.ChangeYAxisData(WithLine(ReflectanceAxis(highest)));
+    plot.PrintOn(device, area);
+}
+
+}  // namespace report

@@ -1,0 +1,27 @@
+// SpectraPlot: the spectra of some samples, in a labelled diagram on a page.
+#pragma once
+
+#include "Apps/measurements/MeasurementFile.h"
+#include "SV/ui/OutputDevice.h"
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace report {
+
+/// What stands at the axes.
+struct PlotTitles {
+    sv::String wavelength;
+    sv::String reflectance;
+};
+
+/// That of the sample, a pale one darkened so that it shows on paper.
+[[nodiscard]] sv::Color CurveColor(kv::Spectrum const& spectrum) noexcept;
+
+/// `area` is in tenths of a millimetre, the device's own unit. Indices that the file lacks are left out.
+void DrawSpectra(sv::OutputDevice& device, sv::Rectangle const& area,
+                 measurements::MeasurementFile const& file, std::span<std::size_t const> samples,
+                 PlotTitles const& titles);
+
+}  // namespace report
