@@ -3,12 +3,14 @@
 
 #include "SV/core/String.h"
 
+#include <utility>
+
 namespace kv {
 
 class Attachment {
   public:
-    Attachment(sv::String const& fileName, sv::String const& pathName)
-        : fileName_(fileName), pathName_(pathName) {}
+    Attachment(sv::String fileName, sv::String pathName)
+        : fileName_(std::move(fileName)), pathName_(std::move(pathName)) {}
 
     /// The name that the sender gave.
     [[nodiscard]] sv::String const& GetFileName() const noexcept { return fileName_; }

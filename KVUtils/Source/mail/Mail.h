@@ -9,14 +9,15 @@
 
 #include <array>
 #include <deque>
+#include <utility>
 
 namespace kv {
 
 class Mail {
   public:
     /// Without a date and with no attachments.
-    Mail(sv::String const& subject, sv::String const& sender, sv::String const& body)
-        : subject_(subject), sender_(sender), body_(body) {}
+    Mail(sv::String subject, sv::String sender, sv::String body)
+        : subject_(std::move(subject)), sender_(std::move(sender)), body_(std::move(body)) {}
 
     [[nodiscard]] sv::String const& GetSubject() const noexcept { return subject_; }
     /// The originator's name as the mail system gives it, "name/address".

@@ -57,7 +57,7 @@ class ServersTest : public testing::Test {
                            (account.smtp.empty() ? std::to_string(servers_->smtps) : account.smtp) +
                            "\n[tls]\n" +
                            (account.tls.empty() ? "ca_file=" + *servers_ / "ca.pem" : account.tls) +
-                           "\n[limits]\ntimeout=5\n" + account.limits + '\n');
+                           "\n[limits]\ntimeout=20\n" + account.limits + '\n');
         ::chmod(path.c_str(), 0600);
     }
 

@@ -9,7 +9,6 @@
 #include "Platform/mail/posix/MailStore.h"
 
 #include <algorithm>
-#include <cstring>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -115,7 +114,8 @@ KV_MAIL_ENTRY MAPIFindNext(LHANDLE session, ULONG_PTR /*window*/, char const* /*
         bool const isFirst = ViewOf(seed).empty();
         auto const next = store.FindNext(isFirst ? std::nullopt : std::optional(NumberOf(seed)));
         if (!next) return MAPI_E_NO_MESSAGES;
-        std::strcpy(id, MessageId(*next).c_str());
+        std::string const text = MessageId(*next);
+        std::copy_n(text.c_str(), text.size() + 1, id);
         return SUCCESS_SUCCESS;
     });
 }

@@ -6,12 +6,12 @@
 #include "Platform/posix/Descriptor.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cstdlib>
 #include <fcntl.h>
 #include <string_view>
 #include <sys/stat.h>
+#include <vector>
 
 namespace platform::detail {
 
@@ -27,7 +27,8 @@ class Settings {
     Settings(std::string const& text, std::string const& fileName)
         : file_(g_key_file_new(), &g_key_file_free), fileName_(fileName) {
         GError* error = nullptr;
-        if (g_key_file_load_from_data(file_.get(), text.data(), text.size(), G_KEY_FILE_NONE, &error)) return;
+        if (g_key_file_load_from_data(file_.get(), text.data(), text.size(), G_KEY_FILE_NONE, &error) == TRUE)
+            return;
         std::string const words = error->message;
         g_error_free(error);
         Refuse(fileName + ": " + words);
@@ -57,12 +58,9 @@ class Settings {
     }
 
     void RefuseTheRest() {
-        std::unique_ptr<char*, decltype(&g_strfreev)> const groups(
-            g_key_file_get_groups(file_.get(), nullptr), &g_strfreev);
-        for (char** group = groups.get(); *group != nullptr; ++group) {
-            std::unique_ptr<char*, decltype(&g_strfreev)> const keys(
-                g_key_file_get_keys(file_.get(), *group, nullptr, nullptr), &g_strfreev);
-            if (keys != nullptr && *keys.get() != nullptr) Fail(*group, *keys.get(), "is not known");
+        for (std::string const& group : Taken(g_key_file_get_groups(file_.get(), nullptr))) {
+            auto const keys = Taken(g_key_file_get_keys(file_.get(), group.c_str(), nullptr, nullptr));
+            if (!keys.empty()) Fail(group, keys.front(), "is not known");
         }
     }
 
@@ -71,6 +69,13 @@ class Settings {
     }
 
   private:
+    static std::vector<std::string> Taken(char** texts) {
+        std::vector<std::string> taken;
+        for (char** text = texts; text != nullptr && *text != nullptr; ++text) taken.emplace_back(*text);
+        g_strfreev(texts);
+        return taken;
+    }
+
     std::unique_ptr<GKeyFile, decltype(&g_key_file_free)> file_;
     std::string fileName_;
 };
