@@ -15,7 +15,7 @@ TEST(RunTest, UnusableArgumentsAreNamedWithWhatThereIs) {
     std::string const illuminants =
         "A, C, D50, D65, F1 to F12, or D40 to D150 for daylight of 4000 K to 15000 K";
     std::string const commands =
-        "convert, density, difference, metamerism, strength, export, measure, illuminants";
+        "convert, density, difference, metamerism, strength, export, measure, report, illuminants";
     std::vector<Failure> const failures = {
         {{"bogus", ChartA}, "no command \"bogus\": there are " + commands + " (see kvcolor --help)"},
         {{"convert"}, "FILE is required (see kvcolor convert --help)"},
