@@ -28,9 +28,6 @@ enum Column : int {
 
 constexpr unsigned long ColourNameCount = 16;
 
-/// The ink that is measured through each filter: visual, red, green, blue.
-constexpr std::array<char const*, 4> InkOfFilter = {" K", " C", " M", " Y"};
-
 /// Titles and what stands below, in letters.
 constexpr std::array<int, ColumnCount> WidthInLetters = {22, 13, 8, 8, 8, 8, 7, 9, 10, 10};
 
@@ -54,7 +51,7 @@ sv::String Number(measurements::SheetRow const& row, int column) {
             return Shown(row.lch[2], 1);
         case Density:
             return Shown(row.density[row.densityFilter], 2) +
-                   InkOfFilter[static_cast<std::size_t>(row.densityFilter)];
+                   (std::string(" ") + measurements::InkOfFilter(row.densityFilter));
         case Difference:
             return row.judgement ? Shown(row.judgement->difference, 2) : sv::String();
         default:
@@ -85,8 +82,10 @@ void SampleView::TakeChanges() {
         columns.push_back({column == Difference ? sv::String() : TextOf(TitleOf(column)),
                            WidthInLetters[static_cast<std::size_t>(column)] * letter, !isText});
     }
-    if (sheet_ != nullptr)
-        columns[Difference].title = measurements::NameOf(sheet_->Conditions().tolerances.measure);
+    if (sheet_ != nullptr) {
+        measurements::Tolerances const& tolerances = sheet_->Conditions().tolerances;
+        columns[Difference].title = measurements::TitleOf(tolerances.measure, tolerances.weights);
+    }
     // A person's own widths stay where they can.
     if (!std::ranges::equal(columns, GetColumns())) SetColumns(std::move(columns));
     Invalidate();

@@ -1,7 +1,7 @@
 #include "Apps/ColourDesk/SpectrumPlot.h"
 
 #include "Apps/ColourDesk/DeskTexts.h"
-#include "KVUtils/Source/metrics/ColorConverter.h"
+#include "Apps/measurements/CurveColor.h"
 
 #include <algorithm>
 #include <array>
@@ -17,31 +17,7 @@ constexpr float LastWavelength = 730;
 constexpr float WavelengthStep = 10;
 constexpr float LabelStep = 50;
 
-/// Relative luminance of an sRGB colour (IEC 61966-2-1), 0 to 1.
-double LuminanceOf(sv::Color color) noexcept {
-    auto const linear = [](std::uint16_t channel) {
-        double const v = channel / 65535.0;
-        return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.GetRed()) + 0.7152 * linear(color.GetGreen()) +
-           0.0722 * linear(color.GetBlue());
-}
-
-/// Of two colours of which the lighter is white.
-double ContrastToWhite(sv::Color color) noexcept { return 1.05 / (LuminanceOf(color) + 0.05); }
-
-sv::Color Darkened(sv::Color color) noexcept {
-    auto const darker = [](std::uint16_t channel) { return static_cast<std::uint16_t>(channel * 9 / 10); };
-    return {darker(color.GetRed()), darker(color.GetGreen()), darker(color.GetBlue())};
-}
-
 }  // namespace
-
-sv::Color Legible(sv::Color color) noexcept {
-    constexpr double LeastContrast = 3;  // what a line takes to be seen (WCAG 2.1, non-text contrast)
-    while (ContrastToWhite(color) < LeastContrast) color = Darkened(color);
-    return color;
-}
 
 SpectrumPlot::SpectrumPlot(sv::Window* parent) : PlotWindow(parent) {
     ChangeXAxisData(kv::AxisData(FirstWavelength, LastWavelength, LabelStep, 4));
@@ -64,7 +40,7 @@ void SpectrumPlot::ShowSamples(measurements::MeasurementFile const& file, std::s
         std::array<float, kv::SpectralPoints> values{};
         for (int i = 0; i < kv::SpectralPoints; ++i) values[static_cast<std::size_t>(i)] = spectrum[i];
         AddCurve(kv::Curve(FirstWavelength, LastWavelength, values.data(), kv::SpectralPoints,
-                           Legible(kv::ColorConverter::SpectrumToColor(spectrum)), kv::DIAGRAM_LINE));
+                           measurements::CurveColor(spectrum), kv::DIAGRAM_LINE));
     }
     Scale();
     if (cursor_) PutCursor(*cursor_);

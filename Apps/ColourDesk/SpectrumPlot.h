@@ -11,9 +11,6 @@
 
 namespace colourdesk {
 
-/// A colour in which a line on white can be seen: darkened, if need be, until its contrast is 3.
-[[nodiscard]] sv::Color Legible(sv::Color color) noexcept;
-
 class SpectrumPlot : public kv::PlotWindow {
   public:
     /// More lines tell nobody anything.

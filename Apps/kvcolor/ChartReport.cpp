@@ -78,37 +78,42 @@ class Services {
     }
 };
 
-report::ReportMeasure MeasureOf(ChartReportOptions const& options) {
+Measure MeasureOf(ChartReportOptions const& options) {
     auto const measures = ParseMeasures(options.measure);
-    if (options.measure.empty() || measures.size() != 1)
-        throw Unusable("--measure " + options.measure + ": a report judges by one measure");
-    MeasureWeights const weights = ParseMeasureWeights(options.cmc, options.k94);
-    Measure const measure = measures.front();
-    return {ColumnOf(measure, weights).header,
-            [measure, weights](kv::Spectrum const& sample, kv::Spectrum const& standard) {
-                return Pair(sample, standard).Rate(measure, weights);
-            }};
+    if (!options.measure.empty() && measures.size() == 1) return measures.front();
+    throw Unusable("--measure " + options.measure + ": a report judges by one measure");
 }
 
-std::optional<float> ToleranceOf(ChartReportOptions const& options) {
-    if (options.tolerance.empty()) return std::nullopt;
+/// 0 for none.
+double ToleranceOf(ChartReportOptions const& options) {
+    if (options.tolerance.empty()) return 0;
     auto const tolerance = ParseNumber(options.tolerance);
-    if (tolerance && *tolerance >= 0) return tolerance;
-    throw Unusable("--tolerance: found \"" + options.tolerance + "\", expected a number of 0 or above");
+    if (tolerance && *tolerance > 0) return *tolerance;
+    throw Unusable("--tolerance: found \"" + options.tolerance + "\", expected a number above 0");
 }
 
-report::ReportOptions ContentOf(Session& session, ChartReportOptions const& options,
-                                MeasurementFile const& file) {
+measurements::SheetConditions ConditionsOf(Session& session, ChartReportOptions const& options,
+                                           MeasurementFile const& file) {
     auto const find = [&](std::string const& name) -> std::optional<std::size_t> {
         if (name.empty()) return std::nullopt;
         return FindSample(file, name, session.GetMessages());
     };
+    measurements::SheetConditions conditions;
+    conditions.illuminant = ParseIlluminant(options.illuminant);
+    conditions.observer = ParseObserver(options.observer);
+    conditions.densityStandard = ParseDensityStandard(options.density);
+    conditions.standard = find(options.standard);
+    conditions.paper = find(options.paper);
+    conditions.tolerances.measure = MeasureOf(options);
+    conditions.tolerances.weights = ParseMeasureWeights(options.cmc, options.k94);
+    conditions.tolerances.difference = ToleranceOf(options);
+    return conditions;
+}
+
+report::ReportOptions ContentOf(Session& session, ChartReportOptions const& options,
+                                MeasurementFile const& file) {
     report::ReportOptions content;
     content.samples = session.Chosen(file);
-    content.standard = find(options.standard);
-    content.measure = MeasureOf(options);
-    content.tolerance = ToleranceOf(options);
-    content.paper = find(options.paper);
     content.language = options.language;
     content.curves = options.curves.empty() ? content.samples : ChooseSamples(file, options.curves);
     if (options.curves.empty() && content.curves.size() > MostCurves) content.curves.resize(MostCurves);
@@ -126,15 +131,14 @@ void RunChartReport(Session& session, ChartReportOptions const& options) {
     if (!options.isForced) CheckIsNew(options.out);
     kv::IllumClass const illuminant = ParseIlluminant(options.illuminant);
     kv::ObserverClass const observer = ParseObserver(options.observer);
-    kv::DStdClass const density = ParseDensityStandard(options.density);
-    MeasurementFile const file = session.Load({{illuminant}, observer, "", ""});
-    PutInForce(illuminant, observer, density);
-    report::ReportOptions const content = ContentOf(session, options, file);
+    measurements::ColourSheet sheet(session.Load({{illuminant}, observer, "", ""}));
+    sheet.Change(ConditionsOf(session, options, sheet.File()));
+    report::ReportOptions const content = ContentOf(session, options, sheet.File());
 
     auto const printing = session.GetEnvironment().beginPrinting();
     if (printing == nullptr) throw Unusable("this build of kvcolor has no printing");
     Services const services(options);
-    if (!report::PrintChartReport(PrinterFor(options), file, content))
+    if (!report::PrintChartReport(PrinterFor(options), sheet, content))
         throw measurements::WriteError(options.out + ": cannot be written");
     session.GetMessages().Note(options.out + ": " + std::to_string(content.samples.size()) + " samples");
 }

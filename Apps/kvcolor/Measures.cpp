@@ -42,9 +42,7 @@ std::string NamesOfMeasures() {
 
 Column ColumnOf(Measure measure, MeasureWeights const& weights) {
     MeasureText const& text = *std::ranges::find(Texts, measure, &MeasureText::measure);
-    std::string header(measurements::NameOf(measure));
-    if (measure == Measure::Cmc) header += '(' + Shortest(weights.cmcL) + ':' + Shortest(weights.cmcC) + ')';
-    return NumberColumn(text.key, header);
+    return NumberColumn(text.key, measurements::TitleOf(measure, weights));
 }
 
 std::vector<Measure> ParseMeasures(std::string_view text) {

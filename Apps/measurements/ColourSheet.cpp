@@ -3,7 +3,10 @@
 #include "Apps/measurements/Conditions.h"
 #include "KVUtils/Source/colorimetry/CMetry.h"
 
+#include <algorithm>
 #include <cmath>
+#include <numeric>
+#include <string_view>
 #include <utility>
 
 namespace measurements {
@@ -33,6 +36,15 @@ Judgement Judge(kv::Spectrum const& sample, kv::Spectrum const& standard,
     return judgement;
 }
 
+bool Tolerances::HasLimits() const noexcept {
+    return difference != 0 || std::ranges::any_of(components, [](double limit) { return limit != 0; });
+}
+
+char InkOfFilter(int filter) noexcept {
+    constexpr std::string_view Inks = "VCMY";
+    return Inks[static_cast<std::size_t>(filter)];
+}
+
 ColourSheet::ColourSheet(MeasurementFile file) : file_(std::move(file)) {
     SheetConditions conditions;
     if (file_.stated.illuminant) conditions.illuminant = *file_.stated.illuminant;
@@ -50,7 +62,7 @@ void ColourSheet::Change(SheetConditions conditions) {
     rows_.clear();
     rows_.reserve(count);
     for (std::size_t i = 0; i < count; ++i) rows_.push_back(RowOf(i));
-    Count();
+    verdict_ = VerdictOn(AllSamples());
 }
 
 SheetRow ColourSheet::RowOf(std::size_t index) const {
@@ -71,19 +83,31 @@ SheetRow ColourSheet::RowOf(std::size_t index) const {
     return row;
 }
 
-void ColourSheet::Count() {
-    verdict_ = {};
-    for (std::size_t i = 0; i < rows_.size(); ++i) {
-        if (!rows_[i].judgement) continue;
-        Judgement const& judgement = *rows_[i].judgement;
-        ++verdict_.judged;
-        verdict_.within += judgement.isWithin ? 1 : 0;
+SheetVerdict ColourSheet::VerdictOn(std::span<std::size_t const> samples) const noexcept {
+    SheetVerdict verdict;
+    double sum = 0;
+    std::size_t count = 0;
+    for (std::size_t const sample : samples) {
+        if (!rows_[sample].judgement) continue;
+        Judgement const& judgement = *rows_[sample].judgement;
+        ++verdict.judged;
+        verdict.within += judgement.isWithin ? 1U : 0U;
         float const size = std::fabs(judgement.difference);
-        if (size >= verdict_.largest) {
-            verdict_.largest = size;
-            verdict_.whereLargest = i;
+        if (std::isnan(size)) continue;
+        if (count++ == 0 || size > verdict.largest) {
+            verdict.largest = size;
+            verdict.whereLargest = sample;
         }
+        sum += size;
     }
+    if (count > 0) verdict.mean = static_cast<float>(sum / static_cast<double>(count));
+    return verdict;
+}
+
+std::vector<std::size_t> ColourSheet::AllSamples() const {
+    std::vector<std::size_t> samples(rows_.size());
+    std::iota(samples.begin(), samples.end(), 0U);
+    return samples;
 }
 
 }  // namespace measurements

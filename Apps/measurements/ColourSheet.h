@@ -24,6 +24,9 @@ struct Tolerances {
     MeasureWeights weights;
     double difference = 2;                         // by the measure, without its sign
     std::array<double, 3> components = {0, 0, 0};  // of dL*, dC*, dH*, without their signs
+
+    /// Whether anything can be out of them.
+    [[nodiscard]] bool HasLimits() const noexcept;
 };
 
 /// A sample held against its standard.
@@ -57,11 +60,16 @@ struct SheetRow {
     std::optional<Judgement> judgement;  // none without a standard, and for the standard itself
 };
 
+/// What the density filters measure: 'C', 'M', 'Y' the inks, 'V' the visual one.
+[[nodiscard]] char InkOfFilter(int filter) noexcept;
+
 /// How many are judged, and how many of these are within the tolerances.
 struct SheetVerdict {
     std::size_t judged = 0;
     std::size_t within = 0;
-    float largest = 0;  // of the differences that have a value
+    // Of the differences that have a value, without their signs.
+    float mean = 0;
+    float largest = 0;
     std::optional<std::size_t> whereLargest;
 };
 
@@ -75,6 +83,10 @@ class ColourSheet {
     /// One for each sample, in their order.
     [[nodiscard]] std::span<SheetRow const> Rows() const noexcept { return rows_; }
     [[nodiscard]] SheetVerdict const& Verdict() const noexcept { return verdict_; }
+    /// On these samples alone.
+    [[nodiscard]] SheetVerdict VerdictOn(std::span<std::size_t const> samples) const noexcept;
+    /// All samples, by their indices.
+    [[nodiscard]] std::vector<std::size_t> AllSamples() const;
 
     /// Computes all anew, with these in force in the library's context from then on. An index past the last
     /// sample is none.
@@ -82,7 +94,6 @@ class ColourSheet {
 
   private:
     [[nodiscard]] SheetRow RowOf(std::size_t index) const;
-    void Count();
 
     MeasurementFile file_;
     SheetConditions conditions_;

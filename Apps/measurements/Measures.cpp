@@ -1,6 +1,7 @@
 #include "Apps/measurements/Measures.h"
 
 #include "KVUtils/Source/colorimetry/dLCHVector.h"
+#include "KVUtils/Source/data/GString.h"
 #include "KVUtils/Source/metrics/DeltaE.h"
 
 #include <limits>
@@ -20,6 +21,16 @@ bool IsSigned(Measure measure) noexcept {
 }
 
 std::string_view NameOf(Measure measure) noexcept { return Names[static_cast<std::size_t>(measure)]; }
+
+std::string TitleOf(Measure measure, MeasureWeights const& weights) {
+    std::string title(NameOf(measure));
+    if (measure != Measure::Cmc) return title;
+    auto const number = [](float weight) {
+        constexpr int Decimals = 6;
+        return std::string(kv::fString(weight, Decimals, 1, 0).View());
+    };
+    return title + '(' + number(weights.cmcL) + ':' + number(weights.cmcC) + ')';
+}
 
 Pair::Pair(kv::Spectrum const& sample, kv::Spectrum const& standard) noexcept
     : sampleLab_(sample), standardLab_(standard), sampleXyz_(sample), standardXyz_(standard) {}

@@ -5,6 +5,7 @@
 #include "KVUtils/Source/colorimetry/XYZVector.h"
 
 #include <array>
+#include <string>
 #include <string_view>
 
 namespace measurements {
@@ -23,6 +24,9 @@ inline constexpr int MeasureCount = 10;
 [[nodiscard]] bool IsSigned(Measure measure) noexcept;
 /// "dE*ab", "CMC", ... without weights; the same in every language.
 [[nodiscard]] std::string_view NameOf(Measure measure) noexcept;
+
+/// The same with the weights that a reader has to know: "CMC(2:1)".
+[[nodiscard]] std::string TitleOf(Measure measure, MeasureWeights const& weights);
 
 /// Sample and standard in the forms that measures take, with the conditions in force.
 class Pair {

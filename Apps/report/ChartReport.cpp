@@ -1,15 +1,17 @@
 #include "Apps/report/ChartReport.h"
 
+#include "Apps/measurements/CurveColor.h"
 #include "Apps/measurements/SuiteText.h"
 #include "Apps/report/ReportPage.h"
 #include "Apps/report/SpectraPlot.h"
-#include "KVUtils/Source/colorimetry/CMetry.h"
 #include "KVUtils/Source/data/GString.h"
 #include "KVUtils/Source/frame/KVSetting.h"
 #include "KVUtils/Source/frame/TextSegment.h"
 #include "SV/core/Application.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <filesystem>
 
 namespace report {
@@ -17,7 +19,9 @@ namespace report {
 namespace {
 
 using kv::GString;
+using measurements::ColourSheet;
 using measurements::MeasurementFile;
+using measurements::SheetRow;
 using End = ReportColumn::End;
 
 /// The texts by their places in the group.
@@ -96,13 +100,14 @@ std::string const& NameOf(MeasurementFile const& file) {
 
 class ChartReport {
   public:
-    ChartReport(kv::MyPrinter& printer, MeasurementFile const& file, ReportOptions const& options)
+    ChartReport(kv::MyPrinter& printer, ColourSheet const& sheet, ReportOptions const& options)
         : printer_(printer),
           page_(printer),
-          file_(file),
-          options_(options),
-          rows_(RowsOf(file, options)),
-          summary_(SummaryOf(rows_)) {}
+          sheet_(sheet),
+          conditions_(sheet.Conditions()),
+          samples_(Present(options.samples)),
+          curves_(Present(options.curves)),
+          verdict_(sheet.VerdictOn(samples_)) {}
 
     void Write() {
         WriteTitle();
@@ -121,27 +126,39 @@ class ChartReport {
     void WriteTable();
     void BeginFurtherPage();
     void WriteTableHead();
-    void WriteRow(ReportRow const& row);
-    void WriteVerdict(ReportRow const& row);
+    void WriteRow(std::size_t sample);
+    void WriteVerdict(std::size_t sample);
     void WritePair(std::size_t side, sv::String const& label, sv::String const& value);
-    [[nodiscard]] sv::String SampleName(std::optional<std::size_t> sample) const;
+    [[nodiscard]] std::vector<std::size_t> Present(std::vector<std::size_t> samples) const;
+    [[nodiscard]] sv::String SampleName(std::size_t sample) const;
     [[nodiscard]] sv::String MeasurementOf() const;
     [[nodiscard]] sv::String MeasureOf() const {
-        return options_.measure ? sv::String(measurements::ToSuite(options_.measure->name)) : sv::String();
+        return measurements::TitleOf(conditions_.tolerances.measure, conditions_.tolerances.weights);
+    }
+    [[nodiscard]] sv::String LimitsOf() const;
+    [[nodiscard]] bool HasDifferences() const noexcept { return verdict_.judged > 0; }
+    [[nodiscard]] bool IsJudging() const noexcept {
+        return HasDifferences() && conditions_.tolerances.HasLimits();
     }
 
     kv::MyPrinter& printer_;
     ReportPage page_;
-    MeasurementFile const& file_;
-    ReportOptions const& options_;
-    std::vector<ReportRow> rows_;
-    std::optional<ReportSummary> summary_;
+    ColourSheet const& sheet_;
+    measurements::SheetConditions const& conditions_;
+    std::vector<std::size_t> samples_;
+    std::vector<std::size_t> curves_;
+    measurements::SheetVerdict verdict_;
     kv::TextSegment texts_{"ChartReport"};
+    kv::TextSegment colourNames_{"FarbTexte"};
 };
 
-sv::String ChartReport::SampleName(std::optional<std::size_t> sample) const {
-    if (!sample || *sample >= file_.samples.size()) return {};
-    return measurements::ToSuite(file_.samples[*sample].name);
+std::vector<std::size_t> ChartReport::Present(std::vector<std::size_t> samples) const {
+    std::erase_if(samples, [this](std::size_t sample) { return sample >= sheet_.Rows().size(); });
+    return samples;
+}
+
+sv::String ChartReport::SampleName(std::size_t sample) const {
+    return measurements::ToSuite(sheet_.File().samples[sample].name);
 }
 
 sv::String FileNameOf(std::string const& path) {
@@ -151,9 +168,26 @@ sv::String FileNameOf(std::string const& path) {
 }
 
 sv::String ChartReport::MeasurementOf() const {
-    sv::String text = measurements::ToSuite(file_.stated.measurementMode);
-    if (text.IsEmpty()) return measurements::ToSuite(file_.stated.filter);
-    if (!file_.stated.filter.empty()) text += ", " + sv::String(measurements::ToSuite(file_.stated.filter));
+    measurements::StatedConditions const& stated = sheet_.File().stated;
+    bool const hasBoth = !stated.measurementMode.empty() && !stated.filter.empty();
+    return measurements::ToSuite(stated.measurementMode + (hasBoth ? ", " : "") + stated.filter);
+}
+
+/// "dE*ab 2.00, dL* 1.00".
+sv::String ChartReport::LimitsOf() const {
+    using measurements::Measure;
+    measurements::Tolerances const& tolerances = conditions_.tolerances;
+    std::array<std::pair<sv::String, double>, 4> const limits = {
+        {{MeasureOf(), tolerances.difference},
+         {std::string(NameOf(Measure::DeltaL)), tolerances.components[0]},
+         {std::string(NameOf(Measure::DeltaC)), tolerances.components[1]},
+         {std::string(NameOf(Measure::DeltaH)), tolerances.components[2]}}};
+    sv::String text;
+    for (auto const& [name, limit] : limits) {
+        if (limit == 0) continue;
+        if (!text.IsEmpty()) text += ", ";
+        text += name + " " + GString(limit, 2);
+    }
     return text;
 }
 
@@ -162,7 +196,7 @@ void ChartReport::WriteTitle() {
     printer_.WriteString(texts_[Title], 0);
     page_.Skip(page_.LineHeight());
     printer_.SubTitel();
-    printer_.WriteString(FileNameOf(NameOf(file_)), 0);
+    printer_.WriteString(FileNameOf(NameOf(sheet_.File())), 0);
     page_.Skip(page_.LineHeight() + Gap);
 }
 
@@ -176,48 +210,51 @@ void ChartReport::WritePair(std::size_t side, sv::String const& label, sv::Strin
 }
 
 void ChartReport::WriteConditions() {
-    kv::MeasuringCondition condition;
-    kv::CMetry::GetMeasuringConditions(condition);
-    sv::String const paper = SampleName(options_.paper);
     sv::String const measurement = MeasurementOf();
     auto const line = [this] { page_.Skip(page_.LineHeight() + 4); };
-    WritePair(0, texts_[Samples], sv::String(rows_.size()));
-    WritePair(1, texts_[Illuminant], sv::String(condition.GetIllum()));
+    WritePair(0, texts_[Samples], sv::String(samples_.size()));
+    WritePair(1, texts_[Illuminant], sv::String(conditions_.illuminant));
     line();
-    WritePair(0, texts_[PaperWhite], paper.IsEmpty() ? texts_[Absolute] : paper);
-    WritePair(1, texts_[Observer], sv::String(condition.GetObserver()));
+    WritePair(0, texts_[PaperWhite], conditions_.paper ? SampleName(*conditions_.paper) : texts_[Absolute]);
+    WritePair(1, texts_[Observer], sv::String(conditions_.observer));
     line();
     if (!measurement.IsEmpty()) WritePair(0, texts_[Measurement], measurement);
-    WritePair(1, texts_[DensityStandard], sv::String(condition.GetDStd()));
+    WritePair(1, texts_[DensityStandard], sv::String(conditions_.densityStandard));
     line();
     page_.Skip(Gap / 2);
 }
 
 void ChartReport::WriteSummary() {
-    if (!summary_) return;
+    if (!HasDifferences()) return;
     auto const line = [this] { page_.Skip(page_.LineHeight() + 4); };
-    WritePair(0, texts_[Standard], SampleName(options_.standard));
-    WritePair(1, texts_[Mean], GString(summary_->mean, 2) + " " + MeasureOf());
+    WritePair(0, texts_[Standard], SampleName(*conditions_.standard));
+    WritePair(1, texts_[Mean], GString(verdict_.mean, 2) + " " + MeasureOf());
     line();
-    if (options_.tolerance) {
+    if (IsJudging()) {
         WritePair(0, texts_[WithinTolerance],
-                  sv::String(summary_->within) + " " + texts_[Of] + " " + sv::String(summary_->count) + " (" +
-                      texts_[Tolerance] + " " + GString(*options_.tolerance, 2) + ")");
+                  sv::String(verdict_.within) + " " + texts_[Of] + " " + sv::String(verdict_.judged));
     }
-    WritePair(1, texts_[Maximum], GString(summary_->maximum, 2) + " (" + summary_->whereMaximum + ")");
+    if (verdict_.whereLargest) {
+        WritePair(1, texts_[Maximum],
+                  GString(verdict_.largest, 2) + " (" + SampleName(*verdict_.whereLargest) + ")");
+    }
     line();
+    if (IsJudging()) {
+        WritePair(0, texts_[Tolerance], LimitsOf());
+        line();
+    }
     page_.Skip(Gap / 2);
 }
 
 void ChartReport::WritePlot() {
-    if (options_.curves.empty()) return;
-    int const legendLines = static_cast<int>(options_.curves.size()) / CurvesInLine + 1;
+    if (curves_.empty()) return;
+    int const legendLines = static_cast<int>(curves_.size()) / CurvesInLine + 1;
     page_.Ensure(PlotHeight + Gap + (legendLines + 1) * page_.LineHeight());
     printer_.SubTitel();
     printer_.WriteString(texts_[Spectra], 0);
     page_.Skip(page_.LineHeight());
     sv::Size const size(page_.Width(), PlotHeight);
-    DrawSpectra(printer_, sv::Rectangle::Of(printer_.curPos(), size), file_, options_.curves,
+    DrawSpectra(printer_, sv::Rectangle::Of(printer_.curPos(), size), sheet_.File(), curves_,
                 {texts_[Wavelength], texts_[Reflectance]});
     page_.Skip(PlotHeight + Gap / 4);
     WriteLegend();
@@ -228,14 +265,14 @@ void ChartReport::WriteLegend() {
     printer_.Normal();
     int const width = page_.Width() / CurvesInLine;
     int place = 0;
-    for (std::size_t const curve : options_.curves) {
-        if (curve >= file_.samples.size()) continue;
+    for (std::size_t const curve : curves_) {
         if (place == CurvesInLine) {
             page_.Skip(page_.LineHeight());
             place = 0;
         }
         sv::Point const start = printer_.curPos() + sv::Point(place * width, page_.LineHeight() / 2);
-        sv::Pen const pen = printer_.ChangePen(sv::Pen(CurveColor(file_.samples[curve].spectrum), 5));
+        sv::Pen const pen =
+            printer_.ChangePen(sv::Pen(measurements::CurveColor(sheet_.File().samples[curve].spectrum), 5));
         printer_.DrawLine(start, start + sv::Point(LegendLine, 0));
         printer_.ChangePen(pen);
         int const text = place * width + LegendLine + 15;
@@ -248,9 +285,9 @@ void ChartReport::WriteLegend() {
 void ChartReport::WriteTable() {
     page_.Ensure(6 * page_.LineHeight());
     WriteTableHead();
-    for (std::size_t i = 0; i < rows_.size(); ++i) {
+    for (std::size_t i = 0; i < samples_.size(); ++i) {
         if (i > 0) page_.NextLine([this] { BeginFurtherPage(); });
-        WriteRow(rows_[i]);
+        WriteRow(samples_[i]);
     }
 }
 
@@ -266,66 +303,62 @@ void ChartReport::WriteTableHead() {
     page_.Write(ColourColumn, texts_[HeadColour]);
     for (std::size_t i = 0; i < NumberColumns.size(); ++i) page_.Write(NumberColumns[i], NumberHeads[i]);
     page_.Write(DensityColumn, "D");
-    if (summary_) page_.Write(DifferenceColumn, MeasureOf());
-    if (summary_ && options_.tolerance) page_.Write(VerdictColumn, texts_[HeadVerdict]);
+    if (HasDifferences()) page_.Write(DifferenceColumn, MeasureOf());
+    if (IsJudging()) page_.Write(VerdictColumn, texts_[HeadVerdict]);
     page_.Skip(page_.LineHeight() + 4);
     page_.Rule();
     page_.Skip(6);
     printer_.Normal();
 }
 
-void ChartReport::WriteRow(ReportRow const& row) {
+void ChartReport::WriteRow(std::size_t sample) {
+    SheetRow const& row = sheet_.Rows()[sample];
     printer_.Normal();
     sv::Pen const pen = printer_.ChangePen(sv::Pen(sv::Color(0xB000, 0xB000, 0xB000)));
-    sv::Brush const brush = printer_.ChangeFillInBrush(sv::Brush(row.color));
+    sv::Brush const brush = printer_.ChangeFillInBrush(sv::Brush(row.swatch));
     printer_.DrawRect(
         sv::Rectangle::Of(printer_.curPos() + sv::Point(0, 2), {SwatchWidth, page_.LineHeight() - 4}));
     printer_.ChangeFillInBrush(brush);
     printer_.ChangePen(pen);
 
-    page_.Write(NameColumn, row.name);
-    page_.Write(ColourColumn, row.colorName);
+    page_.Write(NameColumn, SampleName(sample));
+    page_.Write(ColourColumn, colourNames_[static_cast<unsigned long>(row.name)]);
     std::array<float, 5> const numbers = {row.lab[0], row.lab[1], row.lab[2], row.lch[1], row.lch[2]};
     for (std::size_t i = 0; i < numbers.size(); ++i)
         page_.Write(NumberColumns[i], GString(numbers[i], i == 4 ? 1 : 2));
-    page_.Write(DensityColumn, GString(row.density, 2));
+    page_.Write(DensityColumn, GString(row.density[row.densityFilter], 2));
     {
         FontColor const quiet(printer_, Quiet);
-        page_.Write(InkColumn, sv::String(row.densityChannel));
+        page_.Write(InkColumn, std::string(1, measurements::InkOfFilter(row.densityFilter)));
     }
-    WriteVerdict(row);
+    WriteVerdict(sample);
 }
 
-void ChartReport::WriteVerdict(ReportRow const& row) {
-    if (row.difference) page_.Write(DifferenceColumn, GString(*row.difference, 2));
-    switch (row.verdict) {
-        case Verdict::None:
-            return;
-        case Verdict::Standard: {
-            FontColor const quiet(printer_, Quiet);
-            page_.Write(VerdictColumn, texts_[IsStandard]);
-            return;
-        }
-        case Verdict::Within:
-            page_.Write(VerdictColumn, texts_[Pass]);
-            return;
-        case Verdict::Beyond: {
-            FontColor const warning(printer_, Warning);
-            page_.Write(VerdictColumn, texts_[Fail]);
-            return;
-        }
+void ChartReport::WriteVerdict(std::size_t sample) {
+    if (!HasDifferences()) return;
+    auto const write = [this](sv::Color color, sv::String const& text) {
+        FontColor const letters(printer_, color);
+        page_.Write(VerdictColumn, text);
+    };
+    auto const& judgement = sheet_.Rows()[sample].judgement;
+    if (!judgement) {
+        if (conditions_.standard == sample) write(Quiet, texts_[IsStandard]);
+        return;
     }
+    if (!std::isnan(judgement->difference)) page_.Write(DifferenceColumn, GString(judgement->difference, 2));
+    if (!IsJudging()) return;
+    write(judgement->isWithin ? sv::Color() : Warning, texts_[judgement->isWithin ? Pass : Fail]);
 }
 
 }  // namespace
 
-bool PrintChartReport(kv::MyPrinter& printer, MeasurementFile const& file, ReportOptions const& options) {
-    printer.SetDocument({kv::TextSegment("ChartReport")[Title] + ": " + FileNameOf(NameOf(file)),
+bool PrintChartReport(kv::MyPrinter& printer, ColourSheet const& sheet, ReportOptions const& options) {
+    printer.SetDocument({kv::TextSegment("ChartReport")[Title] + ": " + FileNameOf(NameOf(sheet.File())),
                          kv::KVSetting::Instance()->GetBenutzername(), options.language});
     printer.DefHeadLine(1);
     printer.DefFootNote(1);
     if (printer.Start(1) == 0) return false;
-    ChartReport(printer, file, options).Write();
+    ChartReport(printer, sheet, options).Write();
     printer.End();
     return !printer.HasFailed();
 }

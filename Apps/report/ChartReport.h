@@ -2,16 +2,26 @@
 // conditions, the spectra of some samples, and a table of all of them with their difference to a standard.
 #pragma once
 
-#include "Apps/report/ReportData.h"
+#include "Apps/measurements/ColourSheet.h"
 #include "KVUtils/Source/printing/MyPrinter.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
 
 namespace report {
 
-/// Writes the report through the printer, as one job. The conditions are those in force in `CMetry`; the
-/// texts those of the group "ChartReport" and, for names of colours, "FarbTexte". The head line's user and
-/// the foot note's program are the printer's matter. False when the printer refused the job, the person has
-/// aborted it, or it did not arrive.
-bool PrintChartReport(kv::MyPrinter& printer, measurements::MeasurementFile const& file,
+/// Which part of a sheet is reported. Indices are those of its samples; one that it lacks is left out.
+struct ReportOptions {
+    std::vector<std::size_t> samples;  // in their order
+    std::vector<std::size_t> curves;   // whose spectra are drawn; none for no plot
+    std::string language;              // of the texts, for the document: "en", "de"
+};
+
+/// Writes the report through the printer, as one job. The texts are those of the group "ChartReport" and, for
+/// names of colours, "FarbTexte". The head line's user and the foot note's program are the printer's matter.
+/// False when the printer refused the job, the person has aborted it, or it did not arrive.
+bool PrintChartReport(kv::MyPrinter& printer, measurements::ColourSheet const& sheet,
                       ReportOptions const& options);
 
 }  // namespace report

@@ -1,6 +1,6 @@
 #include "Apps/report/SpectraPlot.h"
 
-#include "KVUtils/Source/metrics/ColorConverter.h"
+#include "Apps/measurements/CurveColor.h"
 #include "KVUtils/Source/plots/PlotWindow.h"
 
 #include <algorithm>
@@ -11,29 +11,11 @@ namespace {
 
 /// Of the diagram's window, in tenths of a millimetre: letters and ticks are as large as in the table.
 constexpr int PixelSize = 2;
-/// The lightest that a channel of a curve may be: yellow and white have to show on paper.
-constexpr unsigned Lightest = 0xC000;
-
-std::uint16_t Darkened(unsigned channel, unsigned brightest) noexcept {
-    if (brightest <= Lightest) return static_cast<std::uint16_t>(channel);
-    return static_cast<std::uint16_t>(channel * Lightest / brightest);
-}
-
-}  // namespace
-
-sv::Color CurveColor(kv::Spectrum const& spectrum) noexcept {
-    sv::Color const color = kv::ColorConverter::SpectrumToColor(spectrum);
-    unsigned const brightest = std::max({color.GetRed(), color.GetGreen(), color.GetBlue()});
-    return {Darkened(color.GetRed(), brightest), Darkened(color.GetGreen(), brightest),
-            Darkened(color.GetBlue(), brightest)};
-}
-
-namespace {
 
 kv::Curve CurveOf(kv::Spectrum const& spectrum) {
     constexpr float First = 380;
     constexpr float Last = 730;
-    return {First, Last, spectrum, kv::SpectralPoints, CurveColor(spectrum), kv::DIAGRAM_LINE};
+    return {First, Last, spectrum, kv::SpectralPoints, measurements::CurveColor(spectrum), kv::DIAGRAM_LINE};
 }
 
 /// 0 to 1, or to 1.5 and so on for what shines by itself.

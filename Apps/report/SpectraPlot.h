@@ -16,9 +16,6 @@ struct PlotTitles {
     sv::String reflectance;
 };
 
-/// That of the sample, a pale one darkened so that it shows on paper.
-[[nodiscard]] sv::Color CurveColor(kv::Spectrum const& spectrum) noexcept;
-
 /// `area` is in tenths of a millimetre, the device's own unit. Indices that the file lacks are left out.
 void DrawSpectra(sv::OutputDevice& device, sv::Rectangle const& area,
                  measurements::MeasurementFile const& file, std::span<std::size_t const> samples,

@@ -1,6 +1,5 @@
 #include "Apps/ColourDesk/DeskLayout.h"
 #include "Apps/ColourDesk/DeskTexts.h"
-#include "Apps/ColourDesk/SpectrumPlot.h"
 
 #include <gtest/gtest.h>
 
@@ -46,15 +45,6 @@ TEST(DeskLayoutTest, AWindowWithoutRoomHasEmptyParts) {
 TEST(DeskTextsTest, ArgumentsTakeTheirPlaces) {
     EXPECT_EQ(Filled("%2 of %1: %3 %", {"a%2", "b"}), "b of a%2: %3 %");
     EXPECT_EQ(Filled("%%1", {"a"}), "%a");
-}
-
-TEST(SpectrumPlotTest, LightColoursAreDarkenedUntilALineShows) {
-    constexpr sv::Color yellow(0xFFFF, 0xE000, 0x2000);
-    sv::Color const shown = Legible(yellow);
-    EXPECT_LT(shown.GetRed(), yellow.GetRed());
-    EXPECT_GT(shown.GetRed(), shown.GetBlue()) << "still a yellow";
-    constexpr sv::Color blue(0x1000, 0x1000, 0x8000);
-    EXPECT_EQ(Legible(blue), blue);
 }
 
 }  // namespace colourdesk::test

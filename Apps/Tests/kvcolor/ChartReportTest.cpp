@@ -45,7 +45,7 @@ TEST(ChartReportCommandTest, SaysWhyThereIsNone) {
         {{"--out", "chart.txt"}, "--out chart.txt: a report is a .pdf file"},
         {{"--out", out, "--measure", "cielab,cmc"}, "--measure cielab,cmc: a report judges by one measure"},
         {{"--out", out, "--standard", "#20", "--tolerance", "-1"},
-         "--tolerance: found \"-1\", expected a number of 0 or above"},
+         "--tolerance: found \"-1\", expected a number above 0"},
     };
     for (Case const& c : cases) {
         Arguments arguments = {"report", ChartA};

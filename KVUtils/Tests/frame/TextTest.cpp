@@ -165,7 +165,8 @@ TEST_F(TextTest, TheTextsOfTheSuiteAgreeBetweenTheLanguages) {
           {"ColourDeskColumns", 9},
           {"ColourDeskMenu", 15},
           {"ColourDeskHelp", 12},
-          {"ColourDeskQuestions", 15}}},
+          {"ColourDeskQuestions", 15},
+          {"ChartReport", 24}}},
         {"hqmserv", {{"HQMServer", 4}}},
     };
     for (auto const& [stem, groups] : rows) {
