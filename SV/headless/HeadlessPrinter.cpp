@@ -6,7 +6,7 @@ namespace {
 
 constexpr unsigned long TrueColors = 1UL << 24U;
 
-PrintedJob& LastJob() noexcept {
+PrintedJob& LastJob() {
     static PrintedJob& job = *new PrintedJob;
     return job;
 }
@@ -49,6 +49,6 @@ bool HeadlessPrinter::EndJob() {
 
 void HeadlessPrinter::AbortJob() { LastJob().state = JobState::Aborted; }
 
-PrintedJob const& LastPrintedJob() noexcept { return LastJob(); }
+PrintedJob const& LastPrintedJob() { return LastJob(); }
 
 }  // namespace sv::headless

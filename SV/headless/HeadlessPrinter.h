@@ -55,6 +55,6 @@ class HeadlessPrinter final : public detail::PrinterPeer {
 };
 
 /// The job that was started last.
-[[nodiscard]] PrintedJob const& LastPrintedJob() noexcept;
+[[nodiscard]] PrintedJob const& LastPrintedJob();
 
 }  // namespace sv::headless

@@ -20,9 +20,9 @@ class FileTarget final : public PrintTarget {
   public:
     explicit FileTarget(String const& path) : path_(NativePath(path)) {}
 
-    Border BorderOf(PageSetup const& /*setup*/) const override { return {}; }
-    unsigned long ColorCount() const override { return TrueColors; }
-    bool TakesJobs() const override {
+    [[nodiscard]] Border BorderOf(PageSetup const& /*setup*/) const override { return {}; }
+    [[nodiscard]] unsigned long ColorCount() const override { return TrueColors; }
+    [[nodiscard]] bool TakesJobs() const override {
         QFileInfo const file(QString::fromStdString(path_));
         if (file.exists()) return file.isFile() && file.isWritable();
         return QFileInfo(file.absolutePath()).isWritable();
@@ -39,7 +39,7 @@ class QueueTarget final : public PrintTarget {
   public:
     explicit QueueTarget(String const& name) : name_(ToQt(name).toStdString()) {}
 
-    Border BorderOf(PageSetup const& setup) const override {
+    [[nodiscard]] Border BorderOf(PageSetup const& setup) const override {
         auto const upright = platform::MarginsOf(name_, MediaOf(setup));
         auto const tenths = [](int hundredths) {
             return (hundredths + HundredthsPerTenth - 1) / HundredthsPerTenth;
@@ -50,11 +50,11 @@ class QueueTarget final : public PrintTarget {
         // Turned to the left: the upright page's right edge is on top.
         return {border.top, border.right, border.bottom, border.left};
     }
-    unsigned long ColorCount() const override {
+    [[nodiscard]] unsigned long ColorCount() const override {
         auto const queue = platform::FindPrintQueue(name_);
         return queue && queue->hasColours ? TrueColors : 2;
     }
-    bool TakesJobs() const override {
+    [[nodiscard]] bool TakesJobs() const override {
         auto const queue = platform::FindPrintQueue(name_);
         return queue && queue->acceptsJobs;
     }

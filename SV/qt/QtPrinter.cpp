@@ -31,7 +31,7 @@ constexpr double LetterSpacing = 1.0 / 64.0;
 /// Letters keep the widths that their designer gave them: paper has no pixels to fit them to.
 class PageCanvas final : public QtCanvas {
   protected:
-    QFont FontOf(Font const& font) const override {
+    [[nodiscard]] QFont FontOf(Font const& font) const override {
         Font sized = font;
         if (font.GetHeight() == 0) sized.ChangeSize({font.GetWidth(), SystemLineHeight * PixelsPerTenth});
         QFont made = ToQt(sized);
@@ -59,8 +59,8 @@ class QtPrinter final : public detail::PrinterPeer {
     ~QtPrinter() override { Drop(); }
 
     detail::Canvas& GetCanvas() override { return canvas_; }
-    detail::PageGeometry Geometry(PageSetup const& setup) const override;
-    unsigned long ColorCount() const override { return target_->ColorCount(); }
+    [[nodiscard]] detail::PageGeometry Geometry(PageSetup const& setup) const override;
+    [[nodiscard]] unsigned long ColorCount() const override { return target_->ColorCount(); }
     bool StartJob(PrintJob const& job) override;
     bool StartPage() override;
     void EndPage() override { scope_.reset(); }
