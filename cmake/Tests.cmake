@@ -92,10 +92,11 @@ if(KVUTILS_BUILD_APPS)
   target_compile_definitions(AppsTests PRIVATE
     KV_APPS_DATA="${PROJECT_SOURCE_DIR}/Apps/data"
     KV_TEXTS="${PROJECT_SOURCE_DIR}/Apps/LNG"
+    KV_MAIL_CLIENT="$<TARGET_FILE:MailClient>"
     KV_PRINTS=$<IF:$<TARGET_EXISTS:kvcolor_printing>,true,false>
     KV_COLOR="$<TARGET_FILE:kvcolor>"
     KV_HQMSERV="$<TARGET_FILE:MeasuringServer>")
-  add_dependencies(AppsTests kvcolor MeasuringServer)
+  add_dependencies(AppsTests kvcolor MailClient MeasuringServer)
   gtest_discover_tests(AppsTests DISCOVERY_MODE PRE_TEST)
 endif()
 

@@ -20,10 +20,6 @@ namespace {
 constexpr char const* DataFilePattern = "*.dat";
 constexpr char const* MeasurementPattern = "*.dat *.csv *.txt *.cgats *.it8";
 
-void ShowError(sv::String const& text) {
-    sv::ErrorBox(sv::Application::GetAppWindow(), sv::WB_OK, text).Execute();
-}
-
 }  // namespace
 
 bool DeskWindow::Save(std::string const& path) {

@@ -1,6 +1,8 @@
 #include "Apps/ColourDesk/DeskTexts.h"
 
 #include "KVUtils/Source/frame/TextSegment.h"
+#include "SV/core/Application.h"
+#include "SV/core/Boxes.h"
 
 #include <string>
 #include <string_view>
@@ -19,6 +21,10 @@ sv::String TextOf(char const* group, Number number) {
 sv::String TextOf(Label label) { return TextOf("ColourDesk", label); }
 sv::String TextOf(ColumnTitle title) { return TextOf("ColourDeskColumns", title); }
 sv::String TextOf(Question question) { return TextOf("ColourDeskQuestions", question); }
+
+void ShowError(sv::String const& text) {
+    sv::ErrorBox(sv::Application::GetAppWindow(), sv::WB_OK, text).Execute();
+}
 
 sv::String Filled(sv::String const& text, std::initializer_list<sv::String> arguments) {
     std::string filled;

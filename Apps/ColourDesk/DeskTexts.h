@@ -68,7 +68,18 @@ enum class Question : unsigned long {
     Pictures,
     Drawings,
     PlotNotSaved,  // %1 the file
-    WrongNames     // %1 samples that will be read by other names
+    WrongNames,    // %1 samples that will be read by other names
+    ReportTitle,
+    Reports,
+    ReportNotWritten,  // %1 the file
+    NoMail,
+    MailTitle,
+    Recipients,
+    MailSubject,  // %1 the chart
+    MailText,     // %1 the chart
+    Sending,
+    NotSent,
+    Sent  // %1 the recipients
 };
 
 [[nodiscard]] sv::String TextOf(Label label);
@@ -77,5 +88,8 @@ enum class Question : unsigned long {
 
 /// The text with these in place of "%1", "%2", ...; an argument's own "%" stays.
 [[nodiscard]] sv::String Filled(sv::String const& text, std::initializer_list<sv::String> arguments);
+
+/// In a box over the window.
+void ShowError(sv::String const& text);
 
 }  // namespace colourdesk

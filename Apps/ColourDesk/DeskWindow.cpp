@@ -7,6 +7,7 @@
 #include "KVUtils/Source/data/GString.h"
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Source/frame/TextSegment.h"
+#include "KVUtils/Source/printing/MyPrinter.h"
 #include "SV/core/Application.h"
 #include "SV/core/Boxes.h"
 
@@ -35,10 +36,12 @@ struct DeskButton {
     unsigned short bitmap;
 };
 
-constexpr std::array<DeskButton, 6> Buttons = {{{Command::Open, 0x2, 0},
+constexpr std::array<DeskButton, 8> Buttons = {{{Command::Open, 0x2, 0},
                                                 {Command::Measure, 0x4000, 0},
                                                 {Command::Save, 0, 2223},
                                                 {Command::SelectAll, 0x20000, 0},
+                                                {Command::Print, 0x20, 0},
+                                                {Command::SendReport, 0x1000000, 0},
                                                 {Command::Messages, 0, 2241},
                                                 {Command::Close, 0x1, 0}}};
 constexpr unsigned short PlainButton = 0x10;
@@ -49,10 +52,13 @@ struct MenuEntry {
     bool endsGroup;
 };
 
-constexpr std::array<MenuEntry, 5> FileMenu = {{{Command::Open, "Ctrl+O", false},
+constexpr std::array<MenuEntry, 8> FileMenu = {{{Command::Open, "Ctrl+O", false},
                                                 {Command::Measure, "Ctrl+M", true},
                                                 {Command::Save, "Ctrl+S", false},
-                                                {Command::SavePlot, "Ctrl+E", true},
+                                                {Command::SavePlot, "Ctrl+E", false},
+                                                {Command::SaveReport, "Ctrl+R", true},
+                                                {Command::Print, "Ctrl+P", false},
+                                                {Command::SendReport, "Ctrl+L", true},
                                                 {Command::Close, "Ctrl+Q", false}}};
 constexpr std::array<MenuEntry, 3> SamplesMenu = {{{Command::UseAsStandard, "Ctrl+T", false},
                                                    {Command::UseAsPaper, "Ctrl+W", true},
@@ -64,10 +70,6 @@ constexpr std::array<MenuEntry, 4> ViewMenu = {{{Command::AutoScale, "Ctrl+Y", t
 
 /// The menus' titles are the first texts of their group.
 constexpr unsigned long MenuCount = 3;
-
-void ShowError(std::string const& utf8) {
-    sv::ErrorBox(sv::Application::GetAppWindow(), sv::WB_OK, measurements::ToSuite(utf8)).Execute();
-}
 
 sv::String Count(std::size_t count) { return std::to_string(count); }
 
@@ -99,7 +101,14 @@ DeskWindow::DeskWindow(sv::String textStem, Draw draw)
     samples_.GrabFocus();
 }
 
-DeskWindow::~DeskWindow() { sv::Application::SetAppWindow(nullptr); }
+DeskWindow::~DeskWindow() {
+    // The printer's window stands over this one.
+    if (kv::MyPrinter* const printer = kv::MyPrinter::Instance()) {
+        kv::KVSingleton::Remove(printer);
+        delete printer;
+    }
+    sv::Application::SetAppWindow(nullptr);
+}
 
 void DeskWindow::MakeMenu() {
     menu_.reset();
@@ -172,7 +181,7 @@ bool DeskWindow::Open(std::string const& path) {
         isUnsaved_ = false;
         return true;
     } catch (measurements::ReadError const& error) {
-        ShowError(error.what());
+        ShowError(measurements::ToSuite(error.what()));
         return false;
     }
 }
@@ -252,6 +261,9 @@ bool DeskWindow::CanDo(Command command) const {
     if (isBusy_) return false;
     switch (command) {
         case Command::Save:
+        case Command::SaveReport:
+        case Command::Print:
+        case Command::SendReport:
         case Command::SelectAll:
             return sheet_.has_value();
         case Command::UseAsStandard:
@@ -291,6 +303,13 @@ void DeskWindow::Execute(Command command) {
             return;
         case Command::SavePlot:
             return AskAndSavePlot();
+        case Command::SaveReport:
+            return AskAndSaveReport();
+        case Command::Print:
+            PrintReport({});
+            return;
+        case Command::SendReport:
+            return AskAndSendReport();
         case Command::Close:
             return WasClosed();
         case Command::UseAsStandard:
@@ -355,6 +374,8 @@ void DeskWindow::ShowMessages() {
     messages_ = std::make_unique<kv::TextFenster>(this, TextOf(Label::Messages), MessagesSize.Width(),
                                                   MessagesSize.Height());
     for (sv::String const& line : log_) messages_->AddLine(line);
+    if (!kv::MyPrinter::IsInstantiated()) kv::MyPrinter::CreateMyPrinter({});
+    messages_->EnablePrinting();
     messages_->AnzeigenUndWarten(1);
     messages_->Hide();
 }

@@ -37,6 +37,11 @@ class DeskWindow : public sv::Window {
     bool Save(std::string const& path);
     /// The path is in the suite's code page.
     bool SavePlot(sv::String const& path);
+    /// The report of all samples, with the spectra of the selected ones, by the queue of this name, the
+    /// default one for an empty name, or into a PDF file. False, after a box, when it did not arrive.
+    bool PrintReport(sv::String const& printer);
+    /// The same as a mail to these recipients.
+    bool SendReport(sv::String const& recipients);
     /// Measures a chart through the measuring server, in place of what is open.
     void Measure();
 
@@ -79,6 +84,10 @@ class DeskWindow : public sv::Window {
     void AskAndOpen();
     bool AskAndSave();
     void AskAndSavePlot();
+    void AskAndSaveReport();
+    void AskAndSendReport();
+    [[nodiscard]] bool WriteReport(sv::String const& printer) const;
+    [[nodiscard]] sv::String ChartName() const;
     void MeasureInto(measurements::MeasurementFile& file);
     [[nodiscard]] sv::String PointedValue() const;
 

@@ -4,6 +4,7 @@
 #include "Apps/measurements/SuiteText.h"
 #include "KVUtils/KVUtils.h"
 #include "Platform/CommandLine.h"
+#include "Platform/UserFolders.h"
 #include "SV/core/Application.h"
 #include "SV/core/Boxes.h"
 #include "SV/core/NativePath.h"
@@ -92,6 +93,12 @@ void Draw(sv::Window& window, std::string const& path) {
         throw std::runtime_error(path + " cannot be written");
 }
 
+/// What belongs to this program alone, as the name of its user.
+sv::String SettingsFile() {
+    std::u8string const path = (platform::SettingsFolder() / "ColourDesk.ini").u8string();
+    return sv::FromNativePath(std::string(path.begin(), path.end()));
+}
+
 void Run(Options const& options) {
     bool const isDrawing = !options.screenshot.empty() || !options.plot.empty();
     std::string name = "ColourDesk";
@@ -101,6 +108,7 @@ void Run(Options const& options) {
                                     isDrawing ? sv::qt::Screen::None : sv::qt::Screen::Desktop);
     // Nobody is there to answer a box.
     if (isDrawing) sv::SetBoxHandler({});
+    kv::AppConfig::CreateAppConfig(SettingsFile());
     measurements::SuiteServices const services("ColourDesk", Version, options.language);
     sv::String const stem = (kv::AppDir::Instance()->LngDirEntry() + sv::String("colourdesk")).GetFull();
     kv::Text::LoadText(stem, kv::Language::GetCountryCode());

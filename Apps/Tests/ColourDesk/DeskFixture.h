@@ -3,6 +3,7 @@
 
 #include "Apps/ColourDesk/DeskWindow.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
+#include "KVUtils/Source/frame/KVSetting.h"
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Source/frame/Text.h"
 #include "Platform/Tests/TemporaryDirectory.h"
@@ -23,6 +24,7 @@ inline std::string const InkSeries = KV_APPS_DATA "/ink-series.txt";
 class Texts {
   public:
     Texts() {
+        kv::AppConfig::CreateAppConfig(testing::TempDir() + "no such.ini");
         kv::AppName::CreateAppName("ColourDesk", "1.0");
         kv::Language::CreateLanguage(nullptr, KV_TEXTS "/colourdesk1.lng");
         kv::Language::SetLanguageByCountryCode(1);
@@ -33,7 +35,8 @@ class Texts {
     ~Texts() {
         kv::Text::FreeResources();
         for (kv::KVSingleton* const service :
-             std::initializer_list<kv::KVSingleton*>{kv::Language::Instance(), kv::AppName::Instance()}) {
+             std::initializer_list<kv::KVSingleton*>{kv::KVSetting::Instance(), kv::Language::Instance(),
+                                                     kv::AppName::Instance(), kv::AppConfig::Instance()}) {
             kv::KVSingleton::Remove(service);
             delete service;
         }

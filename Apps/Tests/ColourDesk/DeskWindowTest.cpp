@@ -1,8 +1,14 @@
 #include "Apps/Tests/ColourDesk/DeskFixture.h"
 #include "KVUtils/Source/frame/TextSegment.h"
+#include "KVUtils/Source/mail/Mailer.h"
+#include "KVUtils/Tests/frame/FrameSupport.h"
+#include "KVUtils/Tests/mail/MailClient.h"
+#include "Platform/Library.h"
 #include "SV/core/Mnemonic.h"
+#include "SV/headless/HeadlessBackend.h"
 #include "SV/ui/Controls.h"
 
+#include <algorithm>
 #include <cctype>
 #include <fstream>
 #include <map>
@@ -119,9 +125,9 @@ TEST_F(DeskTest, NoLetterChoosesTwoThings) {
         kv::TextSegment const menu("ColourDeskMenu");
         for (unsigned long i = 0; i < 3; ++i) shown.push_back(menu[i]);
         ExpectDistinct(shown);
-        ExpectDistinct({menu[3], menu[4], menu[5], menu[6], menu[7]});
-        ExpectDistinct({menu[8], menu[9], menu[10]});
-        ExpectDistinct({menu[11], menu[12], menu[13], menu[14]});
+        ExpectDistinct({menu[3], menu[4], menu[5], menu[6], menu[7], menu[8], menu[9], menu[10]});
+        ExpectDistinct({menu[11], menu[12], menu[13]});
+        ExpectDistinct({menu[14], menu[15], menu[16], menu[17]});
     }
 }
 
@@ -145,6 +151,54 @@ TEST_F(DeskTest, PlotsNoMoreThanCanBeTold) {
     desk.SelectSamples({});
     EXPECT_EQ(desk.GetPlot().GetCurve(0), nullptr);
     EXPECT_FALSE(desk.CanDo(Command::UseAsStandard));
+}
+
+TEST_F(DeskTest, PrintsAReportOfAllSamples) {
+    using sv::headless::DrawKind;
+    ASSERT_TRUE(desk.Open(Chart));
+    desk.SelectSamples({0, 2});
+    desk.UseAsStandard(21);
+    EXPECT_TRUE(desk.PrintReport("Office"));
+    auto const& job = sv::headless::LastPrintedJob();
+    EXPECT_EQ(job.printer, "Office");
+    EXPECT_EQ(job.state, sv::headless::JobState::Ended);
+    ASSERT_EQ(job.pages.size(), 1U);
+    auto const count = [&](std::string_view text) {
+        return std::ranges::count_if(job.pages[0].calls, [&](sv::headless::DrawCall const& call) {
+            return call.kind == DrawKind::Text && call.text.View() == text;
+        });
+    };
+    EXPECT_EQ(count("dark skin"), 2) << "in the legend and in the table";
+    EXPECT_EQ(count("white"), 1 + 1) << "the name of the sample and of its colour";
+    EXPECT_EQ(count("failed"), 23);
+
+    sv::headless::HeadlessBackend::Instance().ChangePrinters({.offset = {}, .takesJobs = false});
+    EXPECT_FALSE(desk.PrintReport("Office"));
+    sv::headless::HeadlessBackend::Instance().ChangePrinters({});
+    EXPECT_EQ(boxes.seen.size(), 1U);
+}
+
+TEST_F(DeskTest, MailsItsReport) {
+    std::ofstream(File("win.ini")) << "[Mail]\nCMC=1\nCMCDLLNAME32=" << KV_MAIL_CLIENT << '\n';
+    kv::test::Windir const windir(File("."));
+    ASSERT_TRUE(desk.Open(Chart));
+    EXPECT_TRUE(desk.SendReport("ada@example.org;bob@example.org"));
+
+    unsigned long error = 0;
+    void* const library = platform::LoadLibraryFile(KV_MAIL_CLIENT, error);
+    auto const state = reinterpret_cast<tests::TheMailClientEntry>(
+        platform::FunctionAddress(library, "TheMailClient", error));
+    ASSERT_EQ(state()->calls.size(), 2U) << "log on and send";
+    std::string const& call = state()->calls[1];
+    EXPECT_TRUE(call.starts_with("send|ada@example.org;bob@example.org|Measurement report: chart24-lab-a|"))
+        << call;
+    EXPECT_NE(call.find("chart24-lab-a.pdf"), std::string::npos) << call;
+    state()->answer = 1;
+    EXPECT_FALSE(desk.SendReport("ada@example.org"));
+    ASSERT_EQ(boxes.seen.size(), 1U);
+    EXPECT_EQ(boxes.seen[0], "The mail program did not take the report.");
+    kv::test::EndService(kv::Mailer::Instance());
+    platform::FreeLibraryFile(library);
 }
 
 }  // namespace colourdesk::test

@@ -163,9 +163,9 @@ TEST_F(TextTest, TheTextsOfTheSuiteAgreeBetweenTheLanguages) {
           {"AbortDialog", 3},
           {"ColourDesk", 27},
           {"ColourDeskColumns", 9},
-          {"ColourDeskMenu", 15},
-          {"ColourDeskHelp", 12},
-          {"ColourDeskQuestions", 15},
+          {"ColourDeskMenu", 18},
+          {"ColourDeskHelp", 15},
+          {"ColourDeskQuestions", 26},
           {"ChartReport", 24}}},
         {"hqmserv", {{"HQMServer", 4}}},
     };

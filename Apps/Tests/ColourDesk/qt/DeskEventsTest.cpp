@@ -54,8 +54,8 @@ TEST_F(DeskEventsTest, TabGoesToEveryControlAndBack) {
         return path;
     };
     std::vector<QWidget*> const forwards = walk(Qt::Key_Tab, {});
-    // The table, 4 conditions, 2 buttons of the panel, the measure, 4 limits, 6 buttons at the right.
-    EXPECT_EQ(forwards.size(), 18U);
+    // The table, 4 conditions, 2 buttons of the panel, the measure, 4 limits, 8 buttons at the right.
+    EXPECT_EQ(forwards.size(), 20U);
     EXPECT_EQ(std::set<QWidget*>(forwards.begin(), forwards.end()).size(), forwards.size());
     std::vector<QWidget*> backwards = walk(Qt::Key_Backtab, Qt::ShiftModifier);
     std::reverse(backwards.begin() + 1, backwards.end());
