@@ -157,7 +157,7 @@ TEST_F(ChartReportTest, OnePageTellsEverything) {
          {"Ada", "Measurement report", "greys.txt", "M1", "D50", "2\xB0", "ANSI T",
           "none, absolute densities", "Spectra", "Reflectance", "nm", "passed", "standard", "Bench"})
         EXPECT_GE(Count(texts, text), 1) << text;
-    std::string const tolerance(kv::GString(6, 2).View());  // as the locale writes it
+    std::string const tolerance(kv::GString(6.0, 2).View());  // as the locale writes it
     EXPECT_EQ(Count(texts, "2 of 2 (tolerance " + tolerance + ")"), 1);
 
     ASSERT_TRUE(Print(file, options, 49));
