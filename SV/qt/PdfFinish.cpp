@@ -11,6 +11,7 @@ namespace sv::qt {
 
 namespace {
 
+constexpr char const* Meta = "adobe:ns:meta/";
 constexpr char const* XmlSpace = "http://www.w3.org/XML/1998/namespace";
 constexpr char const* Rdf = "http://www.w3.org/1999/02/22-rdf-syntax-ns#";
 constexpr char const* DublinCore = "http://purl.org/dc/elements/1.1/";
@@ -60,10 +61,10 @@ QByteArray Metadata(QPDFObjectHandle const& info, QString const& language) {
     xml.setAutoFormatting(true);
     xml.writeProcessingInstruction("xpacket", "begin=\"\xEF\xBB\xBF\" id=\"W5M0MpCehiHzreSzNTczkc9d\"");
     for (auto const& [space, prefix] :
-         {std::pair(Rdf, "rdf"), std::pair(DublinCore, "dc"), std::pair(Xmp, "xmp"), std::pair(Pdf, "pdf"),
-          std::pair(PdfA, "pdfaid")})
+         {std::pair(Meta, "x"), std::pair(Rdf, "rdf"), std::pair(DublinCore, "dc"), std::pair(Xmp, "xmp"),
+          std::pair(Pdf, "pdf"), std::pair(PdfA, "pdfaid")})
         xml.writeNamespace(space, prefix);
-    xml.writeStartElement("adobe:ns:meta/", "xmpmeta");
+    xml.writeStartElement(Meta, "xmpmeta");
     xml.writeStartElement(Rdf, "RDF");
     xml.writeStartElement(Rdf, "Description");
     xml.writeAttribute(Rdf, "about", {});

@@ -1,5 +1,6 @@
 #include "Apps/report/ChartReport.h"
 #include "KVUtils/Source/colorimetry/CMetry.h"
+#include "KVUtils/Source/data/GString.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "KVUtils/Source/frame/KVSetting.h"
 #include "KVUtils/Source/frame/Text.h"
