@@ -1,6 +1,7 @@
 #include "Apps/Tests/ColourDesk/DeskFixture.h"
 #include "KVUtils/Source/frame/TextSegment.h"
 #include "KVUtils/Source/mail/Mailer.h"
+#include "KVUtils/Tests/TestSupport.h"
 #include "KVUtils/Tests/frame/FrameSupport.h"
 #include "KVUtils/Tests/mail/MailClient.h"
 #include "Platform/Library.h"
@@ -16,6 +17,8 @@
 namespace colourdesk::test {
 
 namespace {
+
+using kv::test::Localised;
 
 // Columns of the table.
 enum : int { Name, Colour, Lightness, RedGreen, YellowBlue, Chroma, Hue, Density, Difference, Judged };
@@ -47,10 +50,10 @@ TEST_F(DeskTest, ShowsTheColoursOfAFile) {
     // As kvcolor convert prints them.
     EXPECT_EQ(Cell(0, Name), "dark skin");
     EXPECT_EQ(Cell(0, Colour), "brown");
-    EXPECT_EQ(Cell(0, Lightness), "38.42");
-    EXPECT_EQ(Cell(0, RedGreen), "13.69");
-    EXPECT_EQ(Cell(0, YellowBlue), "14.42");
-    EXPECT_EQ(Cell(0, Hue), "46.5");
+    EXPECT_EQ(Cell(0, Lightness), Localised("38.42"));
+    EXPECT_EQ(Cell(0, RedGreen), Localised("13.69"));
+    EXPECT_EQ(Cell(0, YellowBlue), Localised("14.42"));
+    EXPECT_EQ(Cell(0, Hue), Localised("46.5"));
     EXPECT_EQ(Cell(0, Difference), "");
     EXPECT_EQ(Status(), "24 samples, 1 selected   \xB7   no standard");
     EXPECT_TRUE(desk.CanDo(Command::Save));
@@ -80,7 +83,7 @@ TEST_F(DeskTest, JudgesAgainstAStandardThatIsTakenAndWithdrawn) {
 
     std::string const absolute = Cell(14, Density);
     desk.UseAsPaper(0);
-    EXPECT_EQ(Cell(0, Density).substr(0, 4), "0.00");
+    EXPECT_EQ(Cell(0, Density).substr(0, 4), Localised("0.00"));
     EXPECT_NE(Cell(14, Density), absolute);
     desk.UseAsPaper(0);
     EXPECT_EQ(Cell(14, Density), absolute);
@@ -135,7 +138,7 @@ TEST_F(DeskTest, TheCursorReadsTheFirstSelectedSample) {
     ASSERT_TRUE(desk.Open(Chart));
     desk.SelectSamples({3, 7});
     desk.PutCursor(17);
-    EXPECT_NE(Status().find("550 nm: 0.1700 (foliage)"), std::string::npos) << Status();
+    EXPECT_NE(Status().find("550 nm: " + Localised("0.1700") + " (foliage)"), std::string::npos) << Status();
     desk.Execute(Command::CursorRight);
     EXPECT_NE(Status().find("560 nm"), std::string::npos) << Status();
     desk.PutCursor(99);

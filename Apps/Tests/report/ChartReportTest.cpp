@@ -4,8 +4,8 @@
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "KVUtils/Source/frame/KVSetting.h"
 #include "KVUtils/Source/frame/Text.h"
+#include "KVUtils/Tests/TestSupport.h"
 #include "SV/core/Boxes.h"
-#include "SV/core/International.h"
 #include "SV/headless/HeadlessBackend.h"
 
 #include <gtest/gtest.h>
@@ -35,12 +35,6 @@ ColourSheet Greys(std::vector<float> const& reflectances, std::string const& mod
         file.samples.push_back({name, kv::Spectrum(reflectance, {}), {}});
     }
     return ColourSheet(std::move(file));
-}
-
-/// With the decimal separator of the locale.
-std::string Localised(std::string text) {
-    std::ranges::replace(text, '.', sv::International::GetNumDecimalSep());
-    return text;
 }
 
 class ChartReportTest : public testing::Test {
@@ -106,7 +100,7 @@ TEST_F(ChartReportTest, OnePageTellsEverything) {
           "none, absolute densities", "Spectra", "Reflectance", "nm", "passed", "standard", "Bench"})
         EXPECT_GE(Count(texts, text), 1) << text;
     EXPECT_EQ(Count(texts, "1 of 3"), 1);
-    EXPECT_EQ(Count(texts, Localised("dE*ab 6.00, dL* 3.00")), 1);
+    EXPECT_EQ(Count(texts, kv::test::Localised("dE*ab 6.00, dL* 3.00")), 1);
     EXPECT_EQ(Count(texts, "failed"), 2);
 
     ASSERT_TRUE(Print(sheet, options, 49));
