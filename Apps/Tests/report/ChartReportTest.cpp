@@ -194,22 +194,6 @@ TEST_F(ChartReportTest, TellsWhenThereIsNoPrinter) {
     EXPECT_FALSE(Print(file, AllOf(file)));
 }
 
-TEST_F(ChartReportTest, BothLanguagesHaveAllTexts) {
-    struct Language {
-        int code;
-        std::vector<unsigned long> counts;
-    };
-    Language languages[] = {{1, {}}, {49, {}}};
-    for (Language& language : languages) {
-        kv::Text::FreeResources();
-        kv::Text::LoadText(KV_TEXTS "/colourdesk", language.code);
-        for (char const* const group : {"MyPrinter", "AbortDialog", "ChartReport"})
-            language.counts.push_back(kv::Text::GetEntryCount(kv::Text::GetGroupNr(group)));
-    }
-    EXPECT_EQ(languages[0].counts, (std::vector<unsigned long>{1, 3, 24}));
-    EXPECT_EQ(languages[1].counts, languages[0].counts);
-}
-
 }  // namespace
 
 }  // namespace report::test

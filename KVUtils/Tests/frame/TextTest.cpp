@@ -136,7 +136,12 @@ TEST_F(TextTest, TheTextsOfTheSuiteAgreeBetweenTheLanguages) {
         std::vector<Group> groups;
     };
     std::vector<Row> const rows = {
-        {"colourdesk", {{"FarbTexte", 16}, {"KOBitmapButtonBar", 24}, {"MyPrinter", 1}, {"AbortDialog", 3}}},
+        {"colourdesk",
+         {{"FarbTexte", 16},
+          {"KOBitmapButtonBar", 24},
+          {"MyPrinter", 1},
+          {"AbortDialog", 3},
+          {"ChartReport", 24}}},
         {"hqmserv", {{"HQMServer", 4}}},
     };
     for (auto const& [stem, groups] : rows) {
