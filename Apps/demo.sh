@@ -93,5 +93,7 @@ pictures=$build/demo
 mkdir -p "$pictures"
 "$build/Apps/ColourDesk" "$work/measured.dat" --language en --standard 'neutral 5 (.70 D)' --cursor 550 \
     --select 'light skin,blue,red,cyan' --screenshot "$pictures/colourdesk.png" --plot "$pictures/plot.png"
-printf '\n== ColourDesk: the same chart in the workbench, and its plot\n   %s\n   %s\n' \
-    "$pictures/colourdesk.png" "$pictures/plot.png"
+"$kvcolor" report "$work/measured.dat" --out "$pictures/report.pdf" --force --standard 'neutral 5 (.70 D)' --quiet \
+    --curves 'light skin' --curves blue --curves red --curves cyan --tolerance 40
+printf '\n== ColourDesk: the same chart in the workbench, its plot, and a report on it\n   %s\n   %s\n   %s\n' \
+    "$pictures/colourdesk.png" "$pictures/plot.png" "$pictures/report.pdf"

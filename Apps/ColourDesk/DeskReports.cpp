@@ -9,7 +9,7 @@
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Source/mail/Mailer.h"
 #include "KVUtils/Source/printing/MyPrinter.h"
-#include "Platform/Process.h"
+#include "Platform/UserFolders.h"
 #include "SV/core/Application.h"
 #include "SV/core/Boxes.h"
 #include "SV/core/NativePath.h"
@@ -27,17 +27,10 @@ namespace fs = std::filesystem;
 constexpr std::size_t MostCurves = 12;
 constexpr int German = 49;
 
-/// A folder that nobody else looks into, as long as the object lives; without one, where none can be made.
+/// A folder that nobody else looks into, as long as the object lives.
 class PrivateFolder {
   public:
-    PrivateFolder() {
-        std::error_code error;
-        fs::path const path =
-            fs::temp_directory_path(error) / ("ColourDesk-" + std::to_string(platform::ProcessNumber()));
-        if (error || !fs::create_directory(path, error)) return;
-        path_ = path;
-        fs::permissions(path_, fs::perms::owner_all, error);
-    }
+    PrivateFolder() : path_(platform::MakePrivateFolder("ColourDesk")) {}
     PrivateFolder(PrivateFolder const&) = delete;
     PrivateFolder& operator=(PrivateFolder const&) = delete;
     ~PrivateFolder() {
@@ -45,6 +38,7 @@ class PrivateFolder {
         if (Exists()) fs::remove_all(path_, ignored);
     }
 
+    /// Whether one could be made.
     [[nodiscard]] bool Exists() const noexcept { return !path_.empty(); }
     [[nodiscard]] sv::String File(std::string const& name) const {
         std::u8string const path = (path_ / std::u8string(name.begin(), name.end())).u8string();

@@ -1,6 +1,7 @@
 #include "Platform/UserFolders.h"
 
 #include <cstdlib>
+#include <system_error>
 
 namespace platform {
 
@@ -16,6 +17,12 @@ std::filesystem::path FromVariable(char const* name) {
 std::filesystem::path SettingsFolder() {
     std::filesystem::path folder = FromVariable("XDG_CONFIG_HOME");
     return folder.empty() ? FromVariable("HOME") / ".config" : folder;
+}
+
+std::filesystem::path MakePrivateFolder(std::string const& prefix) {
+    std::error_code error;
+    std::string name = (std::filesystem::temp_directory_path(error) / (prefix + "-XXXXXX")).string();
+    return error || ::mkdtemp(name.data()) == nullptr ? "" : name;
 }
 
 }  // namespace platform

@@ -1,9 +1,9 @@
 #include "Platform/mail/posix/PrivateFolder.h"
 
+#include "Platform/UserFolders.h"
 #include "Platform/mail/posix/MailError.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <utility>
@@ -18,11 +18,8 @@ namespace {
 
 }  // namespace
 
-PrivateFolder::PrivateFolder() {
-    std::error_code error;
-    std::string name = (std::filesystem::temp_directory_path(error) / "kvmail-XXXXXX").string();
-    if (error || ::mkdtemp(name.data()) == nullptr) FailWriting(name);
-    path_ = name;
+PrivateFolder::PrivateFolder() : path_(MakePrivateFolder("kvmail")) {
+    if (path_.empty()) FailWriting("a folder for temporary files");
 }
 
 PrivateFolder::~PrivateFolder() {
