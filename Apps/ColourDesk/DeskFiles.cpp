@@ -84,22 +84,18 @@ void DeskWindow::Measure() {
     if (isBusy_ || !MayGiveUp()) return;
     measurements::MeasurementFile file;
     sv::String fault;
-    isBusy_ = true;
-    Disable();
     try {
+        Busy const busy(*this);
         MeasureInto(file);
     } catch (measurements::ServerError const& error) {
         fault = measurements::ToSuite(error.what());
     }
-    Enable();
-    isBusy_ = false;
     // What was measured is not lost.
     std::size_t const measured = file.samples.size();
     if (measured > 0) {
         ShowFile(std::move(file));
         isUnsaved_ = true;
     }
-    ShowCommands();
     if (!fault.IsEmpty())
         ShowError(Filled(TextOf(Question::MeasurementStopped), {std::to_string(measured), fault}));
 }

@@ -71,6 +71,7 @@ bool DeskWindow::WriteReport(sv::String const& printer) const {
 }
 
 bool DeskWindow::PrintReport(sv::String const& printer) {
+    Busy const busy(*this);
     // The printer itself tells of a job that it does not take.
     return WriteReport(printer);
 }
@@ -82,6 +83,7 @@ void DeskWindow::AskAndSaveReport() {
 }
 
 bool DeskWindow::SendReport(sv::String const& recipients) {
+    Busy const busy(*this);
     kv::WaitVisualizer const waiting(this, TextOf(Question::MailTitle), TextOf(Question::Sending));
     PrivateFolder const folder;
     sv::String const file = folder.File(StemOf(sheet_->File().path) + ".pdf");

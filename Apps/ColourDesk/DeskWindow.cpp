@@ -333,6 +333,13 @@ void DeskWindow::Execute(Command command) {
     }
 }
 
+void DeskWindow::SetBusy(bool isBusy) {
+    isBusy_ = isBusy;
+    Enable(!isBusy);
+    if (messages_ != nullptr) messages_->Enable(!isBusy);
+    ShowCommands();
+}
+
 void DeskWindow::ToggleUse(std::optional<std::size_t> measurements::SheetConditions::*role,
                            std::size_t sample) {
     if (!sheet_) return;

@@ -69,6 +69,19 @@ class DeskWindow : public sv::Window {
     void WasClosed() override;
 
   private:
+    /// Work that turns the loop, during which nothing else may be begun.
+    class Busy {
+      public:
+        explicit Busy(DeskWindow& desk) : desk_(desk) { desk_.SetBusy(true); }
+        Busy(Busy const&) = delete;
+        Busy& operator=(Busy const&) = delete;
+        ~Busy() { desk_.SetBusy(false); }
+
+      private:
+        DeskWindow& desk_;
+    };
+
+    void SetBusy(bool isBusy);
     void MakeMenu();
     void MakeButtons();
     void TakeTexts();
