@@ -30,6 +30,7 @@ long Begin(ServerClient& server, ChartRequest const& request) {
     asked.measurementMode = request.measurementMode;
     server.Require(asked);
     long const chart = server.BeginChart();
+    if (chart < 1) throw ServerError("the chart has no patches");
     if (request.patches > chart) {
         throw ServerError("the chart has " + std::to_string(chart) + " patches, asked for were " +
                           std::to_string(request.patches));
