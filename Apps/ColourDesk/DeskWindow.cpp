@@ -186,16 +186,18 @@ bool DeskWindow::Open(std::string const& path) {
     }
 }
 
+// What was chosen before stays, but for what the file states.
 void DeskWindow::ShowFile(measurements::MeasurementFile file) {
-    measurements::Tolerances const tolerances =
-        sheet_ ? sheet_->Conditions().tolerances : measurements::Tolerances();
+    measurements::SheetConditions conditions;
+    conditions_.Read(conditions);
+    judgement_.Read(conditions.tolerances);
+    if (file.stated.illuminant) conditions.illuminant = *file.stated.illuminant;
+    if (file.stated.observer) conditions.observer = *file.stated.observer;
     samples_.ShowSheet(nullptr);
     plot_.ShowNothing();
     sheet_.emplace(std::move(file));
     samples_.ShowSheet(&*sheet_);
     SetText(sv::String(measurements::ToSuite(sheet_->File().path)) + " - " + ProgramName);
-    measurements::SheetConditions conditions = sheet_->Conditions();
-    conditions.tolerances = tolerances;
     Recompute(conditions);
     SelectSamples({0});
 }

@@ -1,4 +1,5 @@
 #include "Apps/Tests/ColourDesk/DeskFixture.h"
+#include "Apps/Tests/measurements/TestFiles.h"
 #include "KVUtils/Source/frame/TextSegment.h"
 #include "KVUtils/Source/mail/Mailer.h"
 #include "KVUtils/Tests/TestSupport.h"
@@ -68,6 +69,29 @@ TEST_F(DeskTest, AFileThatCannotBeReadLeavesWhatIsOpen) {
     ASSERT_EQ(boxes.seen.size(), 1U);
     EXPECT_NE(boxes.seen[0].find("broken.csv"), std::string::npos) << boxes.seen[0];
     EXPECT_EQ(Cell(0, Name), "dark skin");
+}
+
+TEST_F(DeskTest, WhatWasChosenStaysForTheNextFileUnlessThatStatesOtherwise) {
+    // A person selects the entry, in whatever list of the window it is.
+    auto const choose = [&](char const* entry) {
+        for (sv::Window* const bar : desk.GetChildren()) {
+            for (sv::Window* const part : bar->GetChildren()) {
+                auto* const list = dynamic_cast<sv::DropDownListBox*>(part);
+                for (unsigned short i = 0; list != nullptr && i < list->GetEntryCount(); ++i) {
+                    if (list->GetEntry(i) == entry) return list->EntryWasSelected(i);
+                }
+            }
+        }
+    };
+    ASSERT_TRUE(desk.Open(InkSeries));
+    choose("F11");
+    EXPECT_TRUE(desk.GetSheet()->Conditions().illuminant == kv::IllumType::F11);
+    ASSERT_TRUE(desk.Open(Chart));
+    EXPECT_TRUE(desk.GetSheet()->Conditions().illuminant == kv::IllumType::F11);
+    std::string const stated = File("stated.txt");
+    std::ofstream(stated) << measurements::test::CgatsWithHeader("WEIGHTING_FUNCTION \"ILLUMINANT, D65\"\n");
+    ASSERT_TRUE(desk.Open(stated));
+    EXPECT_TRUE(desk.GetSheet()->Conditions().illuminant == kv::IllumType::D65);
 }
 
 TEST_F(DeskTest, JudgesAgainstAStandardThatIsTakenAndWithdrawn) {
