@@ -5,6 +5,12 @@
 
 #include <QByteArray>
 
+#ifdef __SANITIZE_ADDRESS__
+// The fonts that a text has been looked for in stay with fontconfig.
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
+extern "C" char const* __lsan_default_suppressions() { return "leak:libfontconfig\n"; }
+#endif
+
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
