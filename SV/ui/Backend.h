@@ -15,7 +15,7 @@
 namespace sv {
 class Window;
 struct TableColumn;
-}
+}  // namespace sv
 
 namespace sv::detail {
 
