@@ -2,18 +2,14 @@
 
 #include "Apps/ColourDesk/DeskLayout.h"
 #include "Apps/ColourDesk/DeskTexts.h"
-#include "Apps/measurements/DataFile.h"
 #include "Apps/measurements/SuiteText.h"
 #include "KVUtils/Source/data/GString.h"
 #include "KVUtils/Source/frame/Language.h"
-#include "KVUtils/Source/frame/TextSegment.h"
+#include "KVUtils/Source/frame/Text.h"
 #include "KVUtils/Source/printing/MyPrinter.h"
 #include "SV/core/Application.h"
-#include "SV/core/Boxes.h"
 
 #include <algorithm>
-#include <array>
-#include <numeric>
 #include <utility>
 
 namespace colourdesk {
@@ -24,52 +20,9 @@ constexpr char const* ProgramName = "ColourDesk";
 
 // Pixels.
 constexpr sv::Size FirstSize(1180, 760);
-constexpr kv::ButtonSize ButtonWidth{1};
 constexpr sv::Size MessagesSize(640, 360);
 
 constexpr sv::Brush Ground(sv::Color(0xF4F4, 0xF4F4, 0xF2F2));
-
-/// A button at the right: one of the suite's own by its id, or one with this picture and the menu's text.
-struct DeskButton {
-    Command command;
-    long standardId;
-    unsigned short bitmap;
-};
-
-constexpr std::array<DeskButton, 8> Buttons = {{{Command::Open, 0x2, 0},
-                                                {Command::Measure, 0x4000, 0},
-                                                {Command::Save, 0, 2223},
-                                                {Command::SelectAll, 0x20000, 0},
-                                                {Command::Print, 0x20, 0},
-                                                {Command::SendReport, 0x1000000, 0},
-                                                {Command::Messages, 0, 2241},
-                                                {Command::Close, 0x1, 0}}};
-constexpr unsigned short PlainButton = 0x10;
-
-struct MenuEntry {
-    Command command;
-    char const* shortcut;
-    bool endsGroup;
-};
-
-constexpr std::array<MenuEntry, 8> FileMenu = {{{Command::Open, "Ctrl+O", false},
-                                                {Command::Measure, "Ctrl+M", true},
-                                                {Command::Save, "Ctrl+S", false},
-                                                {Command::SavePlot, "Ctrl+E", false},
-                                                {Command::SaveReport, "Ctrl+R", true},
-                                                {Command::Print, "Ctrl+P", false},
-                                                {Command::SendReport, "Ctrl+L", true},
-                                                {Command::Close, "Ctrl+Q", false}}};
-constexpr std::array<MenuEntry, 3> SamplesMenu = {{{Command::UseAsStandard, "Ctrl+T", false},
-                                                   {Command::UseAsPaper, "Ctrl+W", true},
-                                                   {Command::SelectAll, "Ctrl+A", false}}};
-constexpr std::array<MenuEntry, 4> ViewMenu = {{{Command::AutoScale, "Ctrl+Y", true},
-                                                {Command::CursorLeft, "Ctrl+Left", false},
-                                                {Command::CursorRight, "Ctrl+Right", true},
-                                                {Command::Messages, "F8", false}}};
-
-/// The menus' titles are the first texts of their group.
-constexpr unsigned long MenuCount = 3;
 
 sv::String Count(std::size_t count) { return std::to_string(count); }
 
@@ -108,40 +61,6 @@ DeskWindow::~DeskWindow() {
         delete printer;
     }
     sv::Application::SetAppWindow(nullptr);
-}
-
-void DeskWindow::MakeMenu() {
-    menu_.reset();
-    menu_ = std::make_unique<kv::KORVELMenu>(this, "ColourDeskMenu");
-    auto const add = [this](unsigned long title, auto const& entries) {
-        menu_->AddMenu(title);
-        for (MenuEntry const& entry : entries) {
-            auto const number = static_cast<unsigned short>(entry.command);
-            menu_->AddItem(number, MenuCount + number - FirstCommand,
-                           sv::Link::To<&DeskWindow::MenuHdl>(*this), entry.shortcut);
-            if (entry.endsGroup) menu_->InsertSeparator();
-        }
-    };
-    add(0, FileMenu);
-    add(1, SamplesMenu);
-    add(2, ViewMenu);
-}
-
-void DeskWindow::MakeButtons() {
-    buttons_.reset();
-    buttons_ = std::make_unique<kv::KOBitmapButtonBar>(this, ButtonWidth);
-    kv::TextSegment const help("ColourDeskHelp");
-    kv::TextSegment const menu("ColourDeskMenu");
-    sv::Link const link = sv::Link::To<&DeskWindow::ButtonHdl>(*this);
-    for (DeskButton const& button : Buttons) {
-        auto const number = static_cast<unsigned long>(button.command) - FirstCommand;
-        auto const flags = static_cast<long>(button.command);
-        kv::KOBitmapButton* const made =
-            button.standardId != 0
-                ? buttons_->AddButton(link, button.standardId, flags)
-                : buttons_->AddButton(button.bitmap, menu[MenuCount + number], link, 0, flags, PlainButton);
-        made->SetBalloonText(help[number]);
-    }
 }
 
 void DeskWindow::TakeTexts() {
@@ -259,82 +178,6 @@ void DeskWindow::ShowStatus() {
     status_.SetText(text);
 }
 
-bool DeskWindow::CanDo(Command command) const {
-    if (isBusy_) return false;
-    switch (command) {
-        case Command::Save:
-        case Command::SaveReport:
-        case Command::Print:
-        case Command::SendReport:
-        case Command::SelectAll:
-            return sheet_.has_value();
-        case Command::UseAsStandard:
-        case Command::UseAsPaper:
-        case Command::SavePlot:
-        case Command::CursorLeft:
-        case Command::CursorRight:
-            return !samples_.GetSelectedRows().empty();
-        default:
-            return true;
-    }
-}
-
-void DeskWindow::ShowCommands() {
-    for (int number = FirstCommand; number <= LastCommand; ++number) {
-        menu_->EnableItem(static_cast<unsigned short>(number), CanDo(static_cast<Command>(number)));
-    }
-    menu_->CheckItem(static_cast<unsigned short>(Command::AutoScale), plot_.IsAutoScale());
-    for (unsigned long i = 0; i < buttons_->Count(); ++i) {
-        auto* const button = static_cast<kv::KOBitmapButton*>(buttons_->GetObject(i));
-        bool const can = CanDo(static_cast<Command>(button->GetFlags()));
-        if (button->IsEnabled() != can) button->Enable(can);
-    }
-    judgement_.EnableUse(CanDo(Command::UseAsStandard));
-}
-
-void DeskWindow::Execute(Command command) {
-    if (!CanDo(command)) return;
-    auto const selected = samples_.GetSelectedRows();
-    switch (command) {
-        case Command::Open:
-            return AskAndOpen();
-        case Command::Measure:
-            return Measure();
-        case Command::Save:
-            AskAndSave();
-            return;
-        case Command::SavePlot:
-            return AskAndSavePlot();
-        case Command::SaveReport:
-            return AskAndSaveReport();
-        case Command::Print:
-            PrintReport({});
-            return;
-        case Command::SendReport:
-            return AskAndSendReport();
-        case Command::Close:
-            return WasClosed();
-        case Command::UseAsStandard:
-            return UseAsStandard(static_cast<std::size_t>(selected.front()));
-        case Command::UseAsPaper:
-            return UseAsPaper(static_cast<std::size_t>(selected.front()));
-        case Command::SelectAll: {
-            std::vector<int> all(sheet_->Rows().size());
-            std::iota(all.begin(), all.end(), 0);
-            return SelectSamples(std::move(all));
-        }
-        case Command::AutoScale:
-            plot_.SetAutoScale(!plot_.IsAutoScale());
-            return ShowCommands();
-        case Command::CursorLeft:
-            return plot_.MoveCursor(-1);
-        case Command::CursorRight:
-            return plot_.MoveCursor(1);
-        case Command::Messages:
-            return ShowMessages();
-    }
-}
-
 void DeskWindow::SetBusy(bool isBusy) {
     isBusy_ = isBusy;
     Enable(!isBusy);
@@ -395,16 +238,6 @@ void DeskWindow::WasClosed() {
     sv::Application::Quit();
 }
 
-long DeskWindow::MenuHdl(sv::MenuBar* sender) {
-    Execute(static_cast<Command>(sender->GetCurItemId()));
-    return 0;
-}
-
-long DeskWindow::ButtonHdl(kv::KOBitmapButton* sender) {
-    Execute(static_cast<Command>(sender->GetFlags()));
-    return 0;
-}
-
 long DeskWindow::ConditionHdl(void* /*sender*/) {
     if (!sheet_) return 0;
     measurements::SheetConditions conditions = sheet_->Conditions();
@@ -426,16 +259,6 @@ long DeskWindow::SelectHdl(void* /*sender*/) {
 
 long DeskWindow::CursorHdl(void* /*sender*/) {
     ShowStatus();
-    return 0;
-}
-
-long DeskWindow::UseAsStandardHdl(void* /*sender*/) {
-    Execute(Command::UseAsStandard);
-    return 0;
-}
-
-long DeskWindow::UseAsPaperHdl(void* /*sender*/) {
-    Execute(Command::UseAsPaper);
     return 0;
 }
 
