@@ -131,8 +131,9 @@ if(KVUTILS_BUILD_QT AND KVUTILS_BUILD_APPS)
     QT_NO_KEYWORDS
     KV_APPS_DATA="${PROJECT_SOURCE_DIR}/Apps/data"
     KV_TEXTS="${PROJECT_SOURCE_DIR}/Apps/LNG"
+    KV_COLOURDESK="$<TARGET_FILE:ColourDesk>"
     KV_HQMSERV="$<TARGET_FILE:MeasuringServer>")
-  add_dependencies(ColourDeskTests MeasuringServer)
+  add_dependencies(ColourDeskTests ColourDesk MeasuringServer)
   gtest_discover_tests(ColourDeskTests DISCOVERY_MODE PRE_TEST)
 endif()
 

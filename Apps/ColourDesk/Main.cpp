@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -24,19 +25,26 @@ namespace {
 using namespace colourdesk;
 
 constexpr char const* Version = "1.0";
-constexpr int English = 1;
-constexpr int German = 49;
+constexpr int UnusableArguments = 2;
 
 struct Options {
     std::string file;
     std::string standard;
     std::string paper;
     std::vector<std::string> selected;
-    int cursor = 0;    // in nm; 0 for none
-    int language = 0;  // a country code; 0 for the system's
+    int cursor = 0;        // in nm; 0 for none
+    std::string language;  // empty for the system's
     bool isMeasuring = false;
     std::string screenshot;
     std::string plot;
+
+    /// Whether pictures are all that is wanted, and nobody is there to see a window.
+    [[nodiscard]] bool IsDrawing() const noexcept { return !screenshot.empty() || !plot.empty(); }
+    /// The country code of the language; 0 for the system's.
+    [[nodiscard]] int CountryCode() const noexcept {
+        if (language.empty()) return 0;
+        return language == "de" ? 49 : 1;
+    }
 };
 
 void Describe(CLI::App& program, Options& options) {
@@ -48,13 +56,13 @@ void Describe(CLI::App& program, Options& options) {
     program.add_option("--paper", options.paper, "Take this sample for the paper white")->type_name("NAME");
     program.add_option("--select", options.selected, "Samples to show in the plot")
         ->delimiter(',')
+        ->allow_extra_args(false)
         ->type_name("NAME,...");
     program.add_option("--cursor", options.cursor, "Put the plot's cursor at this wavelength")
         ->check(CLI::Range(380, 730))
         ->type_name("NM");
     program.add_option("--language", options.language, "en or de; the system's without it")
-        ->transform(
-            CLI::Transformer(std::vector<std::pair<std::string, int>>{{"en", English}, {"de", German}}))
+        ->check(CLI::IsMember({"en", "de"}))
         ->type_name("LANGUAGE");
     program
         .add_option("--screenshot", options.screenshot,
@@ -74,9 +82,14 @@ std::size_t SampleOf(DeskWindow const& desk, std::string const& name) {
 
 /// What the command line asks for, in front of what a person does.
 void SetUp(DeskWindow& desk, Options const& options) {
-    if (!options.file.empty() && !desk.Open(options.file)) throw std::runtime_error("nothing is open");
+    if (!options.file.empty()) desk.Open(options.file);
     if (options.isMeasuring) desk.Measure();
-    if (desk.GetSheet() == nullptr) return;
+    if (desk.GetSheet() == nullptr) {
+        // What went wrong has been told in a box, and a person goes on from there.
+        bool const wantsSamples = options.isMeasuring || !options.file.empty();
+        if (wantsSamples && options.IsDrawing()) throw std::runtime_error("there is nothing to draw");
+        return;
+    }
     if (!options.paper.empty()) desk.UseAsPaper(SampleOf(desk, options.paper));
     if (!options.standard.empty()) desk.UseAsStandard(SampleOf(desk, options.standard));
     std::vector<int> selected;
@@ -84,7 +97,7 @@ void SetUp(DeskWindow& desk, Options const& options) {
         selected.push_back(static_cast<int>(SampleOf(desk, name)));
     if (!selected.empty()) desk.SelectSamples(std::move(selected));
     if (options.cursor != 0)
-        desk.PutCursor(static_cast<int>(std::lround((options.cursor - kv::Wavelength(0)) / 10)));
+        desk.PutCursor(static_cast<int>(std::lround((options.cursor - kv::Wavelength(0)) / 10.0)));
 }
 
 void Draw(sv::Window& window, std::string const& path) {
@@ -100,7 +113,7 @@ sv::String SettingsFile() {
 }
 
 void Run(Options const& options) {
-    bool const isDrawing = !options.screenshot.empty() || !options.plot.empty();
+    bool const isDrawing = options.IsDrawing();
     std::string name = "ColourDesk";
     std::vector<char*> arguments = {name.data(), nullptr};
     int count = 1;
@@ -109,7 +122,7 @@ void Run(Options const& options) {
     // Nobody is there to answer a box.
     if (isDrawing) sv::SetBoxHandler({});
     kv::AppConfig::CreateAppConfig(SettingsFile());
-    measurements::SuiteServices const services("ColourDesk", Version, options.language);
+    measurements::SuiteServices const services("ColourDesk", Version, options.CountryCode());
     sv::String const stem = (kv::AppDir::Instance()->LngDirEntry() + sv::String("colourdesk")).GetFull();
     kv::Text::LoadText(stem, kv::Language::GetCountryCode());
     DeskWindow desk(stem, &sv::qt::SaveAs);
@@ -136,7 +149,7 @@ int main(int argc, char** argv) {
         Run(options);
         return EXIT_SUCCESS;
     } catch (CLI::ParseError const& error) {
-        return program.exit(error);
+        return program.exit(error) == EXIT_SUCCESS ? EXIT_SUCCESS : UnusableArguments;
     } catch (std::exception const& error) {
         std::cerr << "ColourDesk: " << error.what() << '\n';
         return EXIT_FAILURE;
