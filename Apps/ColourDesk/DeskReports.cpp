@@ -1,6 +1,7 @@
 // DeskWindow: its reports, on paper, as files and by mail.
 #include "Apps/ColourDesk/DeskTexts.h"
 #include "Apps/ColourDesk/DeskWindow.h"
+#include "Apps/measurements/SuiteServices.h"
 #include "Apps/measurements/SuiteText.h"
 #include "Apps/report/ChartReport.h"
 #include "KVUtils/Source/dialogs/MyFileDialog.h"
@@ -10,6 +11,7 @@
 #include "KVUtils/Source/mail/Mailer.h"
 #include "KVUtils/Source/printing/MyPrinter.h"
 #include "Platform/UserFolders.h"
+#include "Platform/Utf8Path.h"
 #include "SV/core/Application.h"
 #include "SV/core/Boxes.h"
 #include "SV/core/NativePath.h"
@@ -25,7 +27,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t MostCurves = 12;
-constexpr int German = 49;
 
 /// A folder that nobody else looks into, as long as the object lives.
 class PrivateFolder {
@@ -41,8 +42,7 @@ class PrivateFolder {
     /// Whether one could be made.
     [[nodiscard]] bool Exists() const noexcept { return !path_.empty(); }
     [[nodiscard]] sv::String File(std::string const& name) const {
-        std::u8string const path = (path_ / std::u8string(name.begin(), name.end())).u8string();
-        return sv::FromNativePath(std::string(path.begin(), path.end()));
+        return sv::FromNativePath(platform::Utf8Of(path_ / platform::PathOf(name)));
     }
 
   private:
@@ -50,10 +50,7 @@ class PrivateFolder {
 };
 
 /// The name of a chart's file without its folder and ending, in UTF-8.
-std::string StemOf(std::string const& path) {
-    std::u8string const stem = fs::path(std::u8string(path.begin(), path.end())).stem().u8string();
-    return {stem.begin(), stem.end()};
-}
+std::string StemOf(std::string const& path) { return platform::Utf8Of(platform::PathOf(path).stem()); }
 
 }  // namespace
 
@@ -66,7 +63,7 @@ bool DeskWindow::WriteReport(sv::String const& printer) const {
     for (int const sample : selected.first(std::min(selected.size(), MostCurves))) {
         options.curves.push_back(static_cast<std::size_t>(sample));
     }
-    options.language = kv::Language::GetCountryCode() == German ? "de" : "en";
+    options.language = measurements::LanguageOf(kv::Language::GetCountryCode());
     return report::PrintChartReport(*kv::MyPrinter::CreateMyPrinter(printer), *sheet_, options);
 }
 

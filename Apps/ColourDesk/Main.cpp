@@ -1,10 +1,8 @@
 // The program ColourDesk: a workbench for measured charts.
 #include "Apps/ColourDesk/DeskWindow.h"
 #include "Apps/measurements/SuiteServices.h"
-#include "Apps/measurements/SuiteText.h"
 #include "KVUtils/KVUtils.h"
 #include "Platform/CommandLine.h"
-#include "Platform/UserFolders.h"
 #include "SV/core/Application.h"
 #include "SV/core/Boxes.h"
 #include "SV/core/NativePath.h"
@@ -42,8 +40,7 @@ struct Options {
     [[nodiscard]] bool IsDrawing() const noexcept { return !screenshot.empty() || !plot.empty(); }
     /// The country code of the language; 0 for the system's.
     [[nodiscard]] int CountryCode() const noexcept {
-        if (language.empty()) return 0;
-        return language == "de" ? 49 : 1;
+        return language.empty() ? 0 : measurements::CountryCodeOf(language);
     }
 };
 
@@ -106,12 +103,6 @@ void Draw(sv::Window& window, std::string const& path) {
         throw std::runtime_error(path + " cannot be written");
 }
 
-/// What belongs to this program alone, as the name of its user.
-sv::String SettingsFile() {
-    std::u8string const path = (platform::SettingsFolder() / "ColourDesk.ini").u8string();
-    return sv::FromNativePath(std::string(path.begin(), path.end()));
-}
-
 void Run(Options const& options) {
     bool const isDrawing = options.IsDrawing();
     std::string name = "ColourDesk";
@@ -121,7 +112,7 @@ void Run(Options const& options) {
                                     isDrawing ? sv::qt::Screen::None : sv::qt::Screen::Desktop);
     // Nobody is there to answer a box.
     if (isDrawing) sv::SetBoxHandler({});
-    kv::AppConfig::CreateAppConfig(SettingsFile());
+    kv::AppConfig::CreateAppConfig(measurements::ProgramIniFile("ColourDesk"));
     measurements::SuiteServices const services("ColourDesk", Version, options.CountryCode());
     sv::String const stem = (kv::AppDir::Instance()->LngDirEntry() + sv::String("colourdesk")).GetFull();
     kv::Text::LoadText(stem, kv::Language::GetCountryCode());

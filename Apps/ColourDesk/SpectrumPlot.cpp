@@ -1,26 +1,16 @@
 #include "Apps/ColourDesk/SpectrumPlot.h"
 
 #include "Apps/ColourDesk/DeskTexts.h"
-#include "Apps/measurements/CurveColor.h"
+#include "Apps/measurements/SpectrumCurve.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <utility>
 
 namespace colourdesk {
 
-namespace {
-
-constexpr float FirstWavelength = 380;
-constexpr float LastWavelength = 730;
-constexpr float WavelengthStep = 10;
-constexpr float LabelStep = 50;
-
-}  // namespace
-
 SpectrumPlot::SpectrumPlot(sv::Window* parent) : PlotWindow(parent) {
-    ChangeXAxisData(kv::AxisData(FirstWavelength, LastWavelength, LabelStep, 4));
+    ChangeXAxisData(measurements::WavelengthAxis());
     ChangePointerHdl(sv::Link::To<&SpectrumPlot::PointerHdl>(*this));
     TakeTexts();
     Scale();
@@ -36,11 +26,7 @@ void SpectrumPlot::ShowSamples(measurements::MeasurementFile const& file, std::s
     DeleteAllCurve();
     curves_ = static_cast<int>(std::min(samples.size(), MostCurves));
     for (int const sample : samples.first(static_cast<std::size_t>(curves_))) {
-        kv::Spectrum const& spectrum = file.samples[static_cast<std::size_t>(sample)].spectrum;
-        std::array<float, kv::SpectralPoints> values{};
-        for (int i = 0; i < kv::SpectralPoints; ++i) values[static_cast<std::size_t>(i)] = spectrum[i];
-        AddCurve(kv::Curve(FirstWavelength, LastWavelength, values.data(), kv::SpectralPoints,
-                           measurements::CurveColor(spectrum), kv::DIAGRAM_LINE));
+        AddCurve(measurements::CurveOf(file.samples[static_cast<std::size_t>(sample)].spectrum));
     }
     Scale();
     if (cursor_) PutCursor(*cursor_);
@@ -65,8 +51,8 @@ void SpectrumPlot::Scale() {
 void SpectrumPlot::PutCursor(int index) {
     cursor_ = std::clamp(index, 0, kv::SpectralPoints - 1);
     // One curve's values can be read at a cross.
-    SetCursor(FirstWavelength + WavelengthStep * static_cast<float>(*cursor_),
-              curves_ == 1 ? kv::CURSOR_CROSS : kv::CURSOR_LINE, 0);
+    SetCursor(static_cast<float>(kv::Wavelength(*cursor_)), curves_ == 1 ? kv::CURSOR_CROSS : kv::CURSOR_LINE,
+              0);
 }
 
 void SpectrumPlot::MoveCursor(int steps) {
@@ -79,7 +65,8 @@ sv::Link SpectrumPlot::ChangeCursorHdl(sv::Link const& link) noexcept {
 }
 
 long SpectrumPlot::PointerHdl(kv::GraficWindow* /*sender*/) {
-    int const index = static_cast<int>(std::lround((GetPointerX() - FirstWavelength) / WavelengthStep));
+    int const index =
+        static_cast<int>(std::lround((GetPointerX() - kv::FirstWavelength) / kv::WavelengthStep));
     if (cursor_ == std::clamp(index, 0, kv::SpectralPoints - 1)) return 0;
     PutCursor(index);
     cursorMoved_.Call(this);

@@ -10,10 +10,10 @@
 #include "Apps/kvcolor/Session.h"
 #include "Apps/kvcolor/Unusable.h"
 #include "Apps/measurements/DataFile.h"
+#include "Apps/measurements/SuiteServices.h"
 #include "Apps/measurements/SuiteText.h"
 #include "KVUtils/KVUtils.h"
 #include "Platform/CommandLine.h"
-#include "Platform/UserFolders.h"
 #include "SV/core/NativePath.h"
 
 #include <CLI/CLI.hpp>
@@ -46,22 +46,18 @@ struct ChartReportOptions {
     bool isLandscape = false;
 };
 
-/// The country codes by which texts are found.
-int CountryCodeOf(std::string const& language) { return language == "de" ? 49 : 1; }
-
 /// What reports stand on: the program's name, its texts and the user's settings, for as long as it lives.
 class Services {
   public:
     explicit Services(ChartReportOptions const& options) {
-        auto const settings = (platform::SettingsFolder() / "kvcolor.ini").u8string();
-        kv::AppConfig::CreateAppConfig(sv::FromNativePath(std::string(settings.begin(), settings.end())));
+        kv::AppConfig::CreateAppConfig(measurements::ProgramIniFile("kvcolor"));
         kv::AppDir::CreateAppDir(sv::FromNativePath(platform::RunningProgram()));
         kv::AppName::CreateAppName("kvcolor", Version);
         if (!options.user.empty())
             kv::KVSetting::Instance()->SetBenutzername(measurements::ToSuite(options.user));
         kv::Text::FreeResources();
         kv::Text::LoadText((kv::AppDir::Instance()->LngDirEntry() + "colourdesk").GetFull(),
-                           CountryCodeOf(options.language));
+                           measurements::CountryCodeOf(options.language));
     }
     Services(Services const&) = delete;
     Services& operator=(Services const&) = delete;

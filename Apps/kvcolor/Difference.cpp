@@ -8,6 +8,7 @@
 #include "Apps/kvcolor/Summary.h"
 #include "Apps/kvcolor/Unusable.h"
 #include "KVUtils/KVUtils.h"
+#include "Platform/Utf8Path.h"
 
 #include <CLI/CLI.hpp>
 
@@ -41,7 +42,7 @@ struct Comparison {
 
 bool IsFile(std::string const& path) {
     std::error_code error;
-    std::filesystem::path const name(std::u8string(path.begin(), path.end()));
+    std::filesystem::path const name = platform::PathOf(path);
     return std::filesystem::exists(name, error) && !std::filesystem::is_directory(name, error);
 }
 

@@ -4,6 +4,7 @@
 #include "Apps/kvcolor/Unusable.h"
 #include "Apps/measurements/DataFile.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
+#include "Platform/Utf8Path.h"
 
 #include <filesystem>
 #include <system_error>
@@ -12,7 +13,7 @@ namespace kvcolor {
 
 void CheckIsNew(std::string const& path) {
     std::error_code ignored;
-    if (std::filesystem::exists(std::u8string(path.begin(), path.end()), ignored)) {
+    if (std::filesystem::exists(platform::PathOf(path), ignored)) {
         throw Unusable(path + " is there already: --force replaces it");
     }
 }

@@ -7,6 +7,7 @@
 #include "Apps/measurements/Text.h"
 #include "KVUtils/Source/data/ASCIIFile.h"
 #include "Platform/Files.h"
+#include "Platform/Utf8Path.h"
 
 #include <array>
 #include <cerrno>
@@ -33,13 +34,8 @@ constexpr short LabDecimals = 4;
 /// with 16 decimals, numbers as text would show their own rounding.
 constexpr short ReflectanceDecimals = 14;
 
-fs::path PathOf(std::string const& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
-
 /// The name of a file without its folders.
-std::string NameOf(std::string const& path) {
-    std::u8string const name = PathOf(path).filename().u8string();
-    return {name.begin(), name.end()};
-}
+std::string NameOf(std::string const& path) { return platform::Utf8Of(platform::PathOf(path).filename()); }
 
 void PutText(kv::ASCIIFile& out, char const* key, std::string_view utf8) {
     out.PutString(key, ToSuite(utf8));
@@ -268,7 +264,7 @@ bool SurvivesDataFile(std::string_view text) {
 void WriteDataFile(MeasurementFile const& file, std::string const& path) {
     std::string const text = TextOf(file);
     CheckLineLengths(text, path);
-    fs::path const target = PathOf(platform::FollowLinks(path));
+    fs::path const target = platform::PathOf(platform::FollowLinks(path));
     std::error_code error;
     fs::file_status const status = fs::status(target, error);
     if (fs::exists(status) && !fs::is_regular_file(status)) FailToWrite(path, "it is no regular file");

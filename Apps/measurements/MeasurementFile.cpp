@@ -4,6 +4,7 @@
 #include "Apps/measurements/CsvReader.h"
 #include "Apps/measurements/DataFile.h"
 #include "Apps/measurements/Text.h"
+#include "Platform/Utf8Path.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -41,7 +42,7 @@ std::string ReadBytes(std::filesystem::path const& path, Place const& place) {
 MeasurementFile ReadMeasurementFile(std::string const& path) {
     namespace fs = std::filesystem;
     Place const place{path};
-    fs::path const file(std::u8string(path.begin(), path.end()));
+    fs::path const file = platform::PathOf(path);
     std::error_code error;
     fs::file_status const status = fs::status(file, error);
     if (status.type() == fs::file_type::not_found) Fail(place, "no file of this name", Wanted);

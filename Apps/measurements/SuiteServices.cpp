@@ -5,6 +5,7 @@
 #include "KVUtils/Source/messaging/PostOffice.h"
 #include "Platform/CommandLine.h"
 #include "Platform/UserFolders.h"
+#include "Platform/Utf8Path.h"
 #include "SV/core/Application.h"
 #include "SV/core/NativePath.h"
 
@@ -13,14 +14,27 @@
 
 namespace measurements {
 
+namespace {
+
+constexpr int English = 1;
+constexpr int German = 49;
+
+}  // namespace
+
 std::string SuiteIniFile() {
     char const* const named = std::getenv("KORVEL_INI");  // NOLINT(concurrency-mt-unsafe): nothing sets it
     std::filesystem::path const file = named != nullptr && *named != '\0'
                                            ? std::filesystem::path(named)
                                            : platform::SettingsFolder() / "KORVEL.INI";
-    std::u8string const path = file.u8string();
-    return {path.begin(), path.end()};
+    return platform::Utf8Of(file);
 }
+
+sv::String ProgramIniFile(std::string const& program) {
+    return sv::FromNativePath(platform::Utf8Of(platform::SettingsFolder() / (program + ".ini")));
+}
+
+int CountryCodeOf(std::string_view language) noexcept { return language == "de" ? German : English; }
+char const* LanguageOf(int countryCode) noexcept { return countryCode == German ? "de" : "en"; }
 
 SuiteServices::SuiteServices(sv::String const& name, sv::String const& version, int language) {
     kv::KORVELConfig::CreateKORVELConfig(sv::FromNativePath(SuiteIniFile()));

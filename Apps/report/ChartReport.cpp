@@ -1,18 +1,18 @@
 #include "Apps/report/ChartReport.h"
 
-#include "Apps/measurements/CurveColor.h"
+#include "Apps/measurements/SpectrumCurve.h"
 #include "Apps/measurements/SuiteText.h"
 #include "Apps/report/ReportPage.h"
 #include "Apps/report/SpectraPlot.h"
 #include "KVUtils/Source/data/GString.h"
 #include "KVUtils/Source/frame/KVSetting.h"
 #include "KVUtils/Source/frame/TextSegment.h"
+#include "Platform/Utf8Path.h"
 #include "SV/core/Application.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <filesystem>
 
 namespace report {
 
@@ -162,9 +162,7 @@ sv::String ChartReport::SampleName(std::size_t sample) const {
 }
 
 sv::String FileNameOf(std::string const& path) {
-    std::u8string const name =
-        std::filesystem::path(std::u8string(path.begin(), path.end())).filename().u8string();
-    return measurements::ToSuite(std::string(name.begin(), name.end()));
+    return measurements::ToSuite(platform::Utf8Of(platform::PathOf(path).filename()));
 }
 
 sv::String ChartReport::MeasurementOf() const {

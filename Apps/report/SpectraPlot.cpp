@@ -1,6 +1,6 @@
 #include "Apps/report/SpectraPlot.h"
 
-#include "Apps/measurements/CurveColor.h"
+#include "Apps/measurements/SpectrumCurve.h"
 #include "KVUtils/Source/plots/PlotWindow.h"
 
 #include <algorithm>
@@ -11,12 +11,6 @@ namespace {
 
 /// Of the diagram's window, in tenths of a millimetre: letters and ticks are as large as in the table.
 constexpr int PixelSize = 2;
-
-kv::Curve CurveOf(kv::Spectrum const& spectrum) {
-    constexpr float First = 380;
-    constexpr float Last = 730;
-    return {First, Last, spectrum, kv::SpectralPoints, measurements::CurveColor(spectrum), kv::DIAGRAM_LINE};
-}
 
 /// 0 to 1, or to 1.5 and so on for what shines by itself.
 kv::AxisData ReflectanceAxis(float highest) {
@@ -42,10 +36,10 @@ void DrawSpectra(sv::OutputDevice& device, sv::Rectangle const& area,
     float highest = 0;
     for (std::size_t const index : samples) {
         if (index >= file.samples.size()) continue;
-        plot.AddCurve(CurveOf(file.samples[index].spectrum));
+        plot.AddCurve(measurements::CurveOf(file.samples[index].spectrum));
         highest = std::max(highest, file.samples[index].spectrum.Maximum());
     }
-    plot.ChangeXAxisData(WithLine(kv::AxisData(380, 730, 50, 4)));
+    plot.ChangeXAxisData(WithLine(measurements::WavelengthAxis()));
     plot.ChangeYAxisData(WithLine(ReflectanceAxis(highest)));
     plot.PrintOn(device, area);
 }

@@ -1,4 +1,5 @@
 #include "Platform/Process.h"
+#include "Platform/Utf8Path.h"
 
 #include <windows.h>
 
@@ -15,7 +16,7 @@ class CurrentDirectory {
   public:
     explicit CurrentDirectory(std::optional<std::string> const& directory) {
         std::error_code error;
-        if (directory) fs::current_path(std::u8string(directory->begin(), directory->end()), error);
+        if (directory) fs::current_path(PathOf(*directory), error);
     }
     CurrentDirectory(CurrentDirectory const&) = delete;
     CurrentDirectory& operator=(CurrentDirectory const&) = delete;
@@ -30,7 +31,7 @@ class CurrentDirectory {
 
 /// UTF-8 in the system's code page.
 std::string Ansi(std::string const& text) {
-    std::wstring const wide = fs::path(std::u8string(text.begin(), text.end())).wstring();
+    std::wstring const wide = PathOf(text).wstring();
     int const size = WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), nullptr, 0,
                                          nullptr, nullptr);
     std::string result(static_cast<std::size_t>(size), '\0');

@@ -1,5 +1,6 @@
 #include "SV/core/NativePath.h"
 
+#include "Platform/Utf8Path.h"
 #include "SV/core/Encoding.h"
 
 #include <algorithm>
@@ -31,9 +32,6 @@ String FromNativePath(std::string_view path) {
     return detail::ToSingleByte(detail::FromUtf8(path), PathPage);
 }
 
-std::filesystem::path FilePath(String const& path) {
-    std::string const name = NativePath(path);
-    return std::u8string(name.begin(), name.end());
-}
+std::filesystem::path FilePath(String const& path) { return platform::PathOf(NativePath(path)); }
 
 }  // namespace sv

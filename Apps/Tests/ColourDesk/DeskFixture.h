@@ -6,6 +6,7 @@
 #include "KVUtils/Source/frame/KVSetting.h"
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Source/frame/Text.h"
+#include "KVUtils/Tests/frame/FrameSupport.h"
 #include "Platform/Tests/TemporaryDirectory.h"
 #include "SV/core/Boxes.h"
 #include "SV/ui/Window.h"
@@ -34,34 +35,13 @@ class Texts {
     Texts& operator=(Texts const&) = delete;
     ~Texts() {
         kv::Text::FreeResources();
-        for (kv::KVSingleton* const service :
-             std::initializer_list<kv::KVSingleton*>{kv::KVSetting::Instance(), kv::Language::Instance(),
-                                                     kv::AppName::Instance(), kv::AppConfig::Instance()}) {
-            kv::KVSingleton::Remove(service);
-            delete service;
-        }
+        kv::test::EndService(kv::KVSetting::Instance());
+        kv::test::EndService(kv::Language::Instance());
+        kv::test::EndService(kv::AppName::Instance());
+        kv::test::EndService(kv::AppConfig::Instance());
     }
 
     static constexpr char const* Stem = KV_TEXTS "/colourdesk";
-};
-
-/// Keeps what boxes say, and answers them all alike.
-class Boxes {
-  public:
-    Boxes()
-        : before_(sv::SetBoxHandler([this](sv::MessBox const& box) {
-              seen.emplace_back(box.GetText().View());
-              return answer;
-          })) {}
-    Boxes(Boxes const&) = delete;
-    Boxes& operator=(Boxes const&) = delete;
-    ~Boxes() { sv::SetBoxHandler(before_); }
-
-    std::vector<std::string> seen;
-    sv::BoxAnswer answer = sv::BoxAnswer::No;
-
-  private:
-    sv::BoxHandler before_;
 };
 
 class DeskTest : public testing::Test {
@@ -73,7 +53,7 @@ class DeskTest : public testing::Test {
     [[nodiscard]] std::string File(std::string const& name) const { return files_ / name; }
 
     Texts texts;
-    Boxes boxes;
+    kv::test::BoxScript boxes;
     DeskWindow desk{Texts::Stem, [](sv::Window& /*window*/, sv::String const& /*path*/) { return false; }};
 
   private:

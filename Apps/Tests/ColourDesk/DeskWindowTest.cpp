@@ -67,7 +67,7 @@ TEST_F(DeskTest, AFileThatCannotBeReadLeavesWhatIsOpen) {
     std::ofstream(broken) << "name,380\n1,2\n";
     EXPECT_FALSE(desk.Open(broken));
     ASSERT_EQ(boxes.seen.size(), 1U);
-    EXPECT_NE(boxes.seen[0].find("broken.csv"), std::string::npos) << boxes.seen[0];
+    EXPECT_NE(boxes.seen[0].text.find("broken.csv"), std::string::npos) << boxes.seen[0].text;
     EXPECT_EQ(Cell(0, Name), "dark skin");
 }
 
@@ -223,7 +223,7 @@ TEST_F(DeskTest, MailsItsReport) {
     state()->answer = 1;
     EXPECT_FALSE(desk.SendReport("ada@example.org"));
     ASSERT_EQ(boxes.seen.size(), 1U);
-    EXPECT_EQ(boxes.seen[0], "The mail program did not take the report.");
+    EXPECT_EQ(boxes.seen[0].text, "The mail program did not take the report.");
     kv::test::EndService(kv::Mailer::Instance());
     platform::FreeLibraryFile(library);
 }

@@ -5,6 +5,7 @@
 #include "KVUtils/Source/frame/KVSetting.h"
 #include "KVUtils/Source/frame/Text.h"
 #include "KVUtils/Tests/TestSupport.h"
+#include "KVUtils/Tests/frame/FrameSupport.h"
 #include "SV/core/Boxes.h"
 #include "SV/headless/HeadlessBackend.h"
 
@@ -53,14 +54,10 @@ class ChartReportTest : public testing::Test {
         kv::Text::FreeResources();
         HeadlessBackend::Instance().ChangePrinters({});
         sv::SetBoxHandler({});
-        End(kv::MyPrinter::Instance());
-        End(kv::KVSetting::Instance());
-        End(kv::AppName::Instance());
-        End(kv::AppConfig::Instance());
-    }
-    static void End(kv::KVSingleton* service) {
-        kv::KVSingleton::Remove(service);
-        delete service;
+        kv::test::EndService(kv::MyPrinter::Instance());
+        kv::test::EndService(kv::KVSetting::Instance());
+        kv::test::EndService(kv::AppName::Instance());
+        kv::test::EndService(kv::AppConfig::Instance());
     }
     static bool Print(ColourSheet const& sheet, ReportOptions options, int language = 1) {
         if (options.samples.empty()) options.samples = sheet.AllSamples();

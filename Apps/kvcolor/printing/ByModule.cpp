@@ -2,6 +2,7 @@
 #include "Apps/kvcolor/printing/Printing.h"
 #include "Platform/CommandLine.h"
 #include "Platform/Library.h"
+#include "Platform/Utf8Path.h"
 
 #include <filesystem>
 #include <string>
@@ -12,11 +13,8 @@ namespace {
 
 /// The library beside the program.
 std::string ModulePath() {
-    std::string const program = platform::RunningProgram();
-    std::filesystem::path const folder =
-        std::filesystem::path(std::u8string(program.begin(), program.end())).parent_path();
-    std::u8string const path = (folder / "kvcolor-printing").u8string();
-    return std::string(path.begin(), path.end()) + platform::LibrarySuffix();
+    std::filesystem::path const folder = platform::PathOf(platform::RunningProgram()).parent_path();
+    return platform::Utf8Of(folder / "kvcolor-printing") + platform::LibrarySuffix();
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "KVUtils/Source/dialogs/Directory.h"
 
+#include "Platform/Utf8Path.h"
 #include "SV/core/NativePath.h"
 
 #include <algorithm>
@@ -37,10 +38,7 @@ bool Fits(std::string_view name, std::string_view pattern) {
     return pattern.find_first_not_of('*', at) == std::string_view::npos;
 }
 
-std::string NameOf(fs::directory_entry const& entry) {
-    std::u8string const name = entry.path().filename().u8string();
-    return {name.begin(), name.end()};
-}
+std::string NameOf(fs::directory_entry const& entry) { return platform::Utf8Of(entry.path().filename()); }
 
 }  // namespace
 

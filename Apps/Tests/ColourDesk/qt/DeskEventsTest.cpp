@@ -135,7 +135,7 @@ class DeskMeasuringTest : public testing::Test {
 
 TEST_F(DeskMeasuringTest, MeasuresAChartAndAsksBeforeItIsLost) {
     Texts const texts;
-    Boxes boxes;
+    kv::test::BoxScript const boxes{sv::BoxAnswer::No};
     DeskWindow desk(Texts::Stem, nullptr);
     desk.Show();
     desk.Measure();
@@ -150,7 +150,7 @@ TEST_F(DeskMeasuringTest, MeasuresAChartAndAsksBeforeItIsLost) {
     desk.Measure();
     desk.WasClosed();
     ASSERT_EQ(boxes.seen.size(), 1U);
-    EXPECT_EQ(boxes.seen[0], "These measurements are in no file yet. Save them now?");
+    EXPECT_EQ(boxes.seen[0].text, "These measurements are in no file yet. Save them now?");
     // The end of the program that this asked for.
     sv::Application::Execute();
 }
@@ -158,7 +158,7 @@ TEST_F(DeskMeasuringTest, MeasuresAChartAndAsksBeforeItIsLost) {
 TEST_F(DeskMeasuringTest, WhatWasMeasuredBeforeAPersonGaveUpIsKept) {
     hqmserv::test::ServerProgram const slow({hqmserv::test::Chart, "--measuring-time", "100"});
     Texts const texts;
-    Boxes const boxes;
+    kv::test::BoxScript const boxes;
     DeskWindow desk(Texts::Stem, nullptr);
     desk.Show();
     QTimer::singleShot(1000, [] {
@@ -172,7 +172,7 @@ TEST_F(DeskMeasuringTest, WhatWasMeasuredBeforeAPersonGaveUpIsKept) {
     EXPECT_GT(measured, 0U);
     EXPECT_LT(measured, 24U);
     ASSERT_EQ(boxes.seen.size(), 1U);
-    EXPECT_EQ(boxes.seen[0],
+    EXPECT_EQ(boxes.seen[0].text,
               "The measurement has ended after " + std::to_string(measured) + " patches: interrupted");
     EXPECT_TRUE(desk.IsEnabled());
 }

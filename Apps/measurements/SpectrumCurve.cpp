@@ -1,4 +1,4 @@
-#include "Apps/measurements/CurveColor.h"
+#include "Apps/measurements/SpectrumCurve.h"
 
 #include "KVUtils/Source/metrics/ColorConverter.h"
 
@@ -36,6 +36,16 @@ sv::Color Legible(sv::Color color) noexcept {
 
 sv::Color CurveColor(kv::Spectrum const& spectrum) noexcept {
     return Legible(kv::ColorConverter::SpectrumToColor(spectrum));
+}
+
+kv::Curve CurveOf(kv::Spectrum const& spectrum) {
+    return {kv::FirstWavelength, kv::LastWavelength,   spectrum,
+            kv::SpectralPoints,  CurveColor(spectrum), kv::DIAGRAM_LINE};
+}
+
+kv::AxisData WavelengthAxis() noexcept {
+    constexpr float LabelStep = 50;
+    return {kv::FirstWavelength, kv::LastWavelength, LabelStep, 4};
 }
 
 }  // namespace measurements

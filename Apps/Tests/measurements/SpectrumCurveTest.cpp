@@ -1,10 +1,10 @@
-#include "Apps/measurements/CurveColor.h"
+#include "Apps/measurements/SpectrumCurve.h"
 
 #include <gtest/gtest.h>
 
 namespace measurements::test {
 
-TEST(CurveColorTest, LightColoursAreDarkenedUntilALineShows) {
+TEST(SpectrumCurveTest, LightColoursAreDarkenedUntilALineShows) {
     constexpr sv::Color yellow(0xFFFF, 0xE000, 0x2000);
     sv::Color const shown = Legible(yellow);
     EXPECT_LT(shown.GetRed(), yellow.GetRed());
