@@ -6,7 +6,7 @@ usage: bitmaps.py write            writes KVUtils/Source/resources/Bitmaps.{h,cp
 
 A drawing is a function below that paints shapes on a field of 20 x 20 units, later ones over earlier ones. Each
 is rastered twice, at its own size and at twice that for screens of high density, with 4 x 4 samples a pixel.
-Which bitmaps there are, and their numbers, stands in KVUtils/Source/controls/ButtonTables.h.
+Which bitmaps there are, and their numbers, stands in KVUtils/Source/controls/detail/ButtonTables.h.
 """
 
 import math
@@ -17,7 +17,7 @@ import sys
 import zlib
 
 TREE = pathlib.Path(__file__).resolve().parent.parent
-TABLE = TREE / "KVUtils/Source/controls/ButtonTables.h"
+TABLE = TREE / "KVUtils/Source/controls/detail/ButtonTables.h"
 TARGET = TREE / "KVUtils/Source/resources"
 FIELD = 20
 SAMPLES = 4
@@ -543,7 +543,7 @@ def write():
     TARGET.mkdir(exist_ok=True)
     (TARGET / "Bitmaps.h").write_text(HEADER.format(note=NOTE))
     (TARGET / "Bitmaps.cpp").write_text(
-        NOTE + '#include "KVUtils/Source/resources/Bitmaps.h"\n\nnamespace kv::detail {\n\n// clang-format off\nnamespace {\n\n'
+        NOTE + '#include "KVUtils/Source/resources/detail/Bitmaps.h"\n\nnamespace kv::detail {\n\n// clang-format off\nnamespace {\n\n'
         + "".join(palettes) + "\nconstexpr EncodedBitmap Pictures[] = {\n" + "".join(entries)
         + "};\n\n}  // namespace\n// clang-format on\n\n"
         "std::span<EncodedBitmap const> EncodedBitmaps() noexcept { return Pictures; }\n\n}  // namespace kv::detail\n")

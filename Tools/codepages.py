@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Brings the upper halves of single-byte code pages from Python's codecs into the source.
 
-usage: codepages.py write        writes SV/core/CodePages.h
+usage: codepages.py write        writes SV/core/detail/CodePages.h
        codepages.py check        reads the header's numbers back and compares each with the codec
 """
 

@@ -13,6 +13,15 @@ else()
   find_library(LCMS2_LIBRARY lcms2 REQUIRED)
 endif()
 
+# test_program(NAME SOURCES... ): precompiled headers, and a time limit for every test.
+function(kv_test_program name)
+  if(NOT CMAKE_CROSSCOMPILING)
+    target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <array> <filesystem> <fstream> <functional> <memory> <optional>
+                                              <sstream> <string> <string_view> <thread> <vector>)
+  endif()
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 60)
+endfunction()
+
 # A shared object of its own, which uses the library from a static initialiser.
 add_library(StaticInitProbe KVUtils/Tests/staticinit/StaticInitProbe.cpp)
 target_link_libraries(StaticInitProbe PUBLIC KVUtils::KVUtils PRIVATE kvutils_options)
@@ -67,7 +76,7 @@ target_compile_definitions(KVUtilsTests PRIVATE
   KV_MAIL_CLIENT_THAT_CANNOT_LOG_ON="$<TARGET_FILE:MailClientThatCannotLogOn>"
   KV_POST_OFFICE_PEER="$<TARGET_FILE:PostOfficePeer>")
 add_dependencies(KVUtilsTests ConfigWriter DdePeer PostOfficePeer ${mail_clients})
-gtest_discover_tests(KVUtilsTests DISCOVERY_MODE PRE_TEST)
+kv_test_program(KVUtilsTests)
 
 if(KVUTILS_BUILD_MAIL)
   file(GLOB kvmail_tests CONFIGURE_DEPENDS Platform/mail/Tests/*Test.cpp)
@@ -77,7 +86,7 @@ if(KVUTILS_BUILD_MAIL)
     KV_MAIL_LIBRARY="$<TARGET_FILE:kvmail>"
     KV_MAIL_SERVERS="${PROJECT_SOURCE_DIR}/Platform/mail/Tests/MailServers.py")
   add_dependencies(KvmailTests kvmail)
-  gtest_discover_tests(KvmailTests DISCOVERY_MODE PRE_TEST)
+  kv_test_program(KvmailTests)
 endif()
 
 if(KVUTILS_BUILD_APPS)
@@ -97,7 +106,7 @@ if(KVUTILS_BUILD_APPS)
     KV_COLOR="$<TARGET_FILE:kvcolor>"
     KV_HQMSERV="$<TARGET_FILE:MeasuringServer>")
   add_dependencies(AppsTests kvcolor MailClient MeasuringServer)
-  gtest_discover_tests(AppsTests DISCOVERY_MODE PRE_TEST)
+  kv_test_program(AppsTests)
 endif()
 
 # Windows by real events, without a display unless the environment names a platform of Qt's.
@@ -111,7 +120,7 @@ if(KVUTILS_BUILD_QT)
     KV_TEXTS="${PROJECT_SOURCE_DIR}/Apps/LNG"
     KV_PICTURES="${PROJECT_SOURCE_DIR}/KVUtils/Tests/qt/pictures")
   add_dependencies(KVUtilsQtTests DdePeer)
-  gtest_discover_tests(KVUtilsQtTests DISCOVERY_MODE PRE_TEST)
+  kv_test_program(KVUtilsQtTests)
 
   # A program of its own: which print server is asked is settled once for a process. One test for all that it prints,
   # since each starts a server.
@@ -134,7 +143,7 @@ if(KVUTILS_BUILD_QT AND KVUTILS_BUILD_APPS)
     KV_COLOURDESK="$<TARGET_FILE:ColourDesk>"
     KV_HQMSERV="$<TARGET_FILE:MeasuringServer>")
   add_dependencies(ColourDeskTests ColourDesk MeasuringServer)
-  gtest_discover_tests(ColourDeskTests DISCOVERY_MODE PRE_TEST)
+  kv_test_program(ColourDeskTests)
 endif()
 
 # Every public header compiles alone, twice over: the file below each header's name includes nothing else. What a

@@ -1,7 +1,7 @@
 #include "Apps/ColourDesk/ConditionsBar.h"
 
 #include "Apps/ColourDesk/DeskTexts.h"
-#include "Apps/measurements/Conditions.h"
+#include "Apps/evaluation/Conditions.h"
 #include "KVUtils/Source/frame/Language.h"
 
 #include <algorithm>
@@ -32,11 +32,11 @@ ConditionsBar::ConditionsBar(sv::Window* parent) : Window(parent) {
         choice.caption.Show();
         choice.list.Show();
     }
-    for (kv::IllumType const type : measurements::TabledIlluminants()) {
-        illuminant_.InsertEntry(measurements::NameOf(kv::IllumClass(type)));
+    for (kv::IllumType const type : evaluation::TabledIlluminants()) {
+        illuminant_.InsertEntry(evaluation::NameOf(kv::IllumClass(type)));
     }
-    for (kv::DStdType const type : measurements::DensityStandards()) {
-        density_.InsertEntry(measurements::NameOf(kv::DStdClass(type)));
+    for (kv::DStdType const type : evaluation::DensityStandards()) {
+        density_.InsertEntry(evaluation::NameOf(kv::DStdClass(type)));
     }
     kv::Language::InitListBox(language_);
     TakeTexts();
@@ -79,22 +79,22 @@ void ConditionsBar::Resize() {
     }
 }
 
-void ConditionsBar::Show(measurements::SheetConditions const& conditions) {
-    auto const illuminants = measurements::TabledIlluminants();
+void ConditionsBar::Show(evaluation::SheetConditions const& conditions) {
+    auto const illuminants = evaluation::TabledIlluminants();
     unsigned short place = PlaceOf(illuminants, conditions.illuminant);
     if (place == sv::ListBox::End) {
         place = static_cast<unsigned short>(illuminants.size());
-        if (!untabled_) illuminant_.InsertEntry(measurements::NameOf(conditions.illuminant));
+        if (!untabled_) illuminant_.InsertEntry(evaluation::NameOf(conditions.illuminant));
         untabled_ = conditions.illuminant;
     }
     illuminant_.SelectEntryPos(place);
     observer_.SelectEntryPos(conditions.observer == kv::ObserverType::TenDegrees ? 1 : 0);
-    density_.SelectEntryPos(PlaceOf(measurements::DensityStandards(), conditions.densityStandard));
+    density_.SelectEntryPos(PlaceOf(evaluation::DensityStandards(), conditions.densityStandard));
 }
 
-void ConditionsBar::Read(measurements::SheetConditions& conditions) const {
-    auto const illuminants = measurements::TabledIlluminants();
-    auto const standards = measurements::DensityStandards();
+void ConditionsBar::Read(evaluation::SheetConditions& conditions) const {
+    auto const illuminants = evaluation::TabledIlluminants();
+    auto const standards = evaluation::DensityStandards();
     std::size_t const illuminant = illuminant_.GetSelectEntryPos();
     if (illuminant < illuminants.size()) {
         conditions.illuminant = kv::IllumClass(illuminants[illuminant]);

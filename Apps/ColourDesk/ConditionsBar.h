@@ -2,7 +2,7 @@
 // they are seen, and in which language the window speaks.
 #pragma once
 
-#include "Apps/measurements/ColourSheet.h"
+#include "Apps/evaluation/ColourSheet.h"
 #include "SV/ui/Controls.h"
 
 #include <array>
@@ -14,10 +14,10 @@ class ConditionsBar : public sv::Window {
     explicit ConditionsBar(sv::Window* parent);
 
     /// Selects what is in force.
-    void Show(measurements::SheetConditions const& conditions);
+    void Show(evaluation::SheetConditions const& conditions);
     using Window::Show;
     /// Puts what is selected into the conditions.
-    void Read(measurements::SheetConditions& conditions) const;
+    void Read(evaluation::SheetConditions& conditions) const;
     void TakeTexts();
 
     /// Another condition was selected; the sender is a list. Returns the link before.

@@ -1,9 +1,9 @@
 // DeskWindow: what it does with files and with the measuring server, and what it asks before.
 #include "Apps/ColourDesk/DeskTexts.h"
 #include "Apps/ColourDesk/DeskWindow.h"
-#include "Apps/measurements/ChartMeasurement.h"
-#include "Apps/measurements/DataFile.h"
-#include "Apps/measurements/SuiteText.h"
+#include "Apps/files/DataFile.h"
+#include "Apps/files/SuiteText.h"
+#include "Apps/suite/ChartMeasurement.h"
 #include "KVUtils/Source/dialogs/MyFileDialog.h"
 #include "KVUtils/Source/dialogs/WaitVisualizer.h"
 #include "SV/core/Application.h"
@@ -23,13 +23,13 @@ constexpr char const* MeasurementPattern = "*.dat *.csv *.txt *.cgats *.it8";
 }  // namespace
 
 bool DeskWindow::Save(std::string const& path) {
-    auto const changed = std::ranges::count_if(
-        sheet_->File().samples,
-        [](measurements::Sample const& sample) { return !measurements::SurvivesDataFile(sample.name); });
+    auto const changed = std::ranges::count_if(sheet_->File().samples, [](files::Sample const& sample) {
+        return !files::SurvivesDataFile(sample.name);
+    });
     try {
-        measurements::WriteDataFile(sheet_->File(), path);
-    } catch (measurements::WriteError const& error) {
-        ShowError(measurements::ToSuite(error.what()));
+        files::WriteDataFile(sheet_->File(), path);
+    } catch (files::WriteError const& error) {
+        ShowError(files::ToSuite(error.what()));
         return false;
     }
     if (changed > 0) Say(Filled(TextOf(Question::WrongNames), {std::to_string(changed)}));
@@ -70,10 +70,10 @@ void DeskWindow::AskAndSavePlot() {
     if (dialog.Execute() != 0) SavePlot(dialog.GetPath());
 }
 
-void DeskWindow::MeasureInto(measurements::MeasurementFile& file) {
+void DeskWindow::MeasureInto(files::MeasurementFile& file) {
     kv::AbbruchDialog dialog(this, TextOf(Question::MeasuringTitle), TextOf(Question::Connecting));
-    measurements::ServerClient server({.isInterrupted = [&] { return dialog.IsAborted() != 0; }});
-    measurements::MeasureChart(server, {}, file, [&](long done, long patches) {
+    suite::ServerClient server({.isInterrupted = [&] { return dialog.IsAborted() != 0; }});
+    suite::MeasureChart(server, {}, file, [&](long done, long patches) {
         dialog.ChangeText(
             Filled(TextOf(Question::Measuring), {std::to_string(done), std::to_string(patches)}));
         dialog.SetPercent(static_cast<int>(100 * done / patches));
@@ -82,13 +82,13 @@ void DeskWindow::MeasureInto(measurements::MeasurementFile& file) {
 
 void DeskWindow::Measure() {
     if (isBusy_ || !MayGiveUp()) return;
-    measurements::MeasurementFile file;
+    files::MeasurementFile file;
     sv::String fault;
     try {
         Busy const busy(*this);
         MeasureInto(file);
-    } catch (measurements::ServerError const& error) {
-        fault = measurements::ToSuite(error.what());
+    } catch (suite::ServerError const& error) {
+        fault = files::ToSuite(error.what());
     }
     // What was measured is not lost.
     std::size_t const measured = file.samples.size();

@@ -1,9 +1,9 @@
 // DeskWindow: its reports, on paper, as files and by mail.
 #include "Apps/ColourDesk/DeskTexts.h"
 #include "Apps/ColourDesk/DeskWindow.h"
-#include "Apps/measurements/SuiteServices.h"
-#include "Apps/measurements/SuiteText.h"
+#include "Apps/files/SuiteText.h"
 #include "Apps/report/ChartReport.h"
+#include "Apps/suite/SuiteServices.h"
 #include "KVUtils/Source/dialogs/MyFileDialog.h"
 #include "KVUtils/Source/dialogs/TextInputDialog.h"
 #include "KVUtils/Source/dialogs/WaitVisualizer.h"
@@ -54,7 +54,7 @@ std::string StemOf(std::string const& path) { return platform::Utf8Of(platform::
 
 }  // namespace
 
-sv::String DeskWindow::ChartName() const { return measurements::ToSuite(StemOf(sheet_->File().path)); }
+sv::String DeskWindow::ChartName() const { return files::ToSuite(StemOf(sheet_->File().path)); }
 
 bool DeskWindow::WriteReport(sv::String const& printer) const {
     report::ReportOptions options;
@@ -63,7 +63,7 @@ bool DeskWindow::WriteReport(sv::String const& printer) const {
     for (int const sample : selected.first(std::min(selected.size(), MostCurves))) {
         options.curves.push_back(static_cast<std::size_t>(sample));
     }
-    options.language = measurements::LanguageOf(kv::Language::GetCountryCode());
+    options.language = suite::LanguageOf(kv::Language::GetCountryCode());
     return report::PrintChartReport(*kv::MyPrinter::CreateMyPrinter(printer), *sheet_, options);
 }
 

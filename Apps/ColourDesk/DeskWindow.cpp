@@ -2,7 +2,7 @@
 
 #include "Apps/ColourDesk/DeskLayout.h"
 #include "Apps/ColourDesk/DeskTexts.h"
-#include "Apps/measurements/SuiteText.h"
+#include "Apps/files/SuiteText.h"
 #include "KVUtils/Source/data/GString.h"
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Source/frame/Text.h"
@@ -47,8 +47,8 @@ DeskWindow::DeskWindow(sv::String textStem, Draw draw)
     }
     TakeTexts();
     ChangeSizePixel(FirstSize);
-    conditions_.Show(measurements::SheetConditions());
-    judgement_.Show(measurements::Tolerances(), {}, {});
+    conditions_.Show(evaluation::SheetConditions());
+    judgement_.Show(evaluation::Tolerances(), {}, {});
     ShowCommands();
     ShowStatus();
     samples_.GrabFocus();
@@ -94,20 +94,20 @@ void DeskWindow::Resize() {
 
 bool DeskWindow::Open(std::string const& path) {
     try {
-        measurements::MeasurementFile file = measurements::ReadMeasurementFile(path);
-        for (std::string const& note : file.notes) Say(measurements::ToSuite(file.path + ": " + note));
+        files::MeasurementFile file = files::ReadMeasurementFile(path);
+        for (std::string const& note : file.notes) Say(files::ToSuite(file.path + ": " + note));
         ShowFile(std::move(file));
         isUnsaved_ = false;
         return true;
-    } catch (measurements::ReadError const& error) {
-        ShowError(measurements::ToSuite(error.what()));
+    } catch (files::ReadError const& error) {
+        ShowError(files::ToSuite(error.what()));
         return false;
     }
 }
 
 // What was chosen before stays, but for what the file states.
-void DeskWindow::ShowFile(measurements::MeasurementFile file) {
-    measurements::SheetConditions conditions;
+void DeskWindow::ShowFile(files::MeasurementFile file) {
+    evaluation::SheetConditions conditions;
     conditions_.Read(conditions);
     judgement_.Read(conditions.tolerances);
     if (file.stated.illuminant) conditions.illuminant = *file.stated.illuminant;
@@ -116,19 +116,18 @@ void DeskWindow::ShowFile(measurements::MeasurementFile file) {
     plot_.ShowNothing();
     sheet_.emplace(std::move(file));
     samples_.ShowSheet(&*sheet_);
-    SetText(sv::String(measurements::ToSuite(sheet_->File().path)) + " - " + ProgramName);
+    SetText(sv::String(files::ToSuite(sheet_->File().path)) + " - " + ProgramName);
     Recompute(conditions);
     SelectSamples({0});
 }
 
-void DeskWindow::Recompute(measurements::SheetConditions const& conditions) {
+void DeskWindow::Recompute(evaluation::SheetConditions const& conditions) {
     sheet_->Change(conditions);
     samples_.TakeChanges();
     auto const nameOf = [this](std::optional<std::size_t> sample) {
-        return sample ? sv::String(measurements::ToSuite(sheet_->File().samples[*sample].name))
-                      : sv::String();
+        return sample ? sv::String(files::ToSuite(sheet_->File().samples[*sample].name)) : sv::String();
     };
-    measurements::SheetConditions const& inForce = sheet_->Conditions();
+    evaluation::SheetConditions const& inForce = sheet_->Conditions();
     conditions_.Show(inForce);
     judgement_.Show(inForce.tolerances, nameOf(inForce.standard), nameOf(inForce.paper));
     ShowStatus();
@@ -149,10 +148,10 @@ sv::String DeskWindow::PointedValue() const {
     auto const selected = samples_.GetSelectedRows();
     auto const cursor = plot_.GetCursorIndex();
     if (!cursor || selected.empty()) return {};
-    measurements::Sample const& sample = sheet_->File().samples[static_cast<std::size_t>(selected.front())];
+    files::Sample const& sample = sheet_->File().samples[static_cast<std::size_t>(selected.front())];
     return Filled(TextOf(Label::Pointer),
                   {std::to_string(static_cast<int>(kv::Wavelength(*cursor))),
-                   kv::GString(sample.spectrum[*cursor], 4), measurements::ToSuite(sample.name)});
+                   kv::GString(sample.spectrum[*cursor], 4), files::ToSuite(sample.name)});
 }
 
 void DeskWindow::ShowStatus() {
@@ -164,11 +163,11 @@ void DeskWindow::ShowStatus() {
         parts.push_back(
             Filled(TextOf(Label::NotPlotted), {Count(SpectrumPlot::MostCurves), Count(selected)}));
     }
-    measurements::SheetVerdict const& verdict = sheet_->Verdict();
+    evaluation::SheetVerdict const& verdict = sheet_->Verdict();
     if (verdict.whereLargest) {
         parts.push_back(Filled(TextOf(Label::Verdict),
                                {Count(verdict.within), Count(verdict.judged), kv::GString(verdict.largest, 2),
-                                measurements::ToSuite(sheet_->File().samples[*verdict.whereLargest].name)}));
+                                files::ToSuite(sheet_->File().samples[*verdict.whereLargest].name)}));
     } else {
         parts.push_back(TextOf(Label::NotJudged));
     }
@@ -185,18 +184,18 @@ void DeskWindow::SetBusy(bool isBusy) {
     ShowCommands();
 }
 
-void DeskWindow::ToggleUse(std::optional<std::size_t> measurements::SheetConditions::*role,
+void DeskWindow::ToggleUse(std::optional<std::size_t> evaluation::SheetConditions::*role,
                            std::size_t sample) {
     if (!sheet_) return;
-    measurements::SheetConditions conditions = sheet_->Conditions();
+    evaluation::SheetConditions conditions = sheet_->Conditions();
     conditions.*role = conditions.*role == sample ? std::nullopt : std::optional(sample);
     Recompute(conditions);
 }
 
 void DeskWindow::UseAsStandard(std::size_t sample) {
-    ToggleUse(&measurements::SheetConditions::standard, sample);
+    ToggleUse(&evaluation::SheetConditions::standard, sample);
 }
-void DeskWindow::UseAsPaper(std::size_t sample) { ToggleUse(&measurements::SheetConditions::paper, sample); }
+void DeskWindow::UseAsPaper(std::size_t sample) { ToggleUse(&evaluation::SheetConditions::paper, sample); }
 void DeskWindow::PutCursor(int wavelengthIndex) {
     plot_.MoveCursor(wavelengthIndex - plot_.GetCursorIndex().value_or(0));
 }
@@ -209,7 +208,7 @@ void DeskWindow::SpeakLanguage(unsigned short entry) {
     if (sheet_) {
         Recompute(sheet_->Conditions());
     } else {
-        judgement_.Show(measurements::Tolerances(), {}, {});
+        judgement_.Show(evaluation::Tolerances(), {}, {});
     }
     ShowCommands();
     ShowStatus();
@@ -240,7 +239,7 @@ void DeskWindow::WasClosed() {
 
 long DeskWindow::ConditionHdl(void* /*sender*/) {
     if (!sheet_) return 0;
-    measurements::SheetConditions conditions = sheet_->Conditions();
+    evaluation::SheetConditions conditions = sheet_->Conditions();
     conditions_.Read(conditions);
     judgement_.Read(conditions.tolerances);
     Recompute(conditions);

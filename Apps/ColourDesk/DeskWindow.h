@@ -7,7 +7,7 @@
 #include "Apps/ColourDesk/JudgementPanel.h"
 #include "Apps/ColourDesk/SampleView.h"
 #include "Apps/ColourDesk/SpectrumPlot.h"
-#include "Apps/measurements/ColourSheet.h"
+#include "Apps/evaluation/ColourSheet.h"
 #include "KVUtils/Source/controls/KOBitmapButtonBar.h"
 #include "KVUtils/Source/controls/TextFenster.h"
 #include "KVUtils/Source/dialogs/KORVELMenu.h"
@@ -49,7 +49,7 @@ class DeskWindow : public sv::Window {
     [[nodiscard]] bool CanDo(Command command) const;
 
     /// Null when nothing is open.
-    [[nodiscard]] measurements::ColourSheet const* GetSheet() const noexcept {
+    [[nodiscard]] evaluation::ColourSheet const* GetSheet() const noexcept {
         return sheet_ ? &*sheet_ : nullptr;
     }
     /// The sample becomes the standard, or is none any more if it is; the same for the paper white.
@@ -85,12 +85,12 @@ class DeskWindow : public sv::Window {
     void MakeMenu();
     void MakeButtons();
     void TakeTexts();
-    void ShowFile(measurements::MeasurementFile file);
-    void Recompute(measurements::SheetConditions const& conditions);
+    void ShowFile(files::MeasurementFile file);
+    void Recompute(evaluation::SheetConditions const& conditions);
     void ShowSelection();
     void ShowStatus();
     void ShowCommands();
-    void ToggleUse(std::optional<std::size_t> measurements::SheetConditions::*role, std::size_t sample);
+    void ToggleUse(std::optional<std::size_t> evaluation::SheetConditions::*role, std::size_t sample);
     void Say(sv::String const& line);
     void ShowMessages();
     [[nodiscard]] bool MayGiveUp();
@@ -101,7 +101,7 @@ class DeskWindow : public sv::Window {
     void AskAndSendReport();
     [[nodiscard]] bool WriteReport(sv::String const& printer) const;
     [[nodiscard]] sv::String ChartName() const;
-    void MeasureInto(measurements::MeasurementFile& file);
+    void MeasureInto(files::MeasurementFile& file);
     [[nodiscard]] sv::String PointedValue() const;
 
     long MenuHdl(sv::MenuBar* sender);
@@ -115,7 +115,7 @@ class DeskWindow : public sv::Window {
 
     sv::String textStem_;
     Draw draw_;
-    std::optional<measurements::ColourSheet> sheet_;
+    std::optional<evaluation::ColourSheet> sheet_;
     bool isUnsaved_ = false;
     bool isBusy_ = false;
     std::vector<sv::String> log_;

@@ -33,8 +33,8 @@ JudgementPanel::JudgementPanel(sv::Window* parent)
       limitCaptions_{sv::FixedText(this), sv::FixedText(this), sv::FixedText(this), sv::FixedText(this)},
       limits_{MakeLimit(this), MakeLimit(this), MakeLimit(this), MakeLimit(this)} {
     ChangeBackgroundBrush(parent->GetBackgroundBrush());
-    for (int i = 0; i < measurements::MeasureCount; ++i) {
-        measure_.InsertEntry(std::string(measurements::NameOf(static_cast<measurements::Measure>(i))));
+    for (int i = 0; i < evaluation::MeasureCount; ++i) {
+        measure_.InsertEntry(std::string(evaluation::NameOf(static_cast<evaluation::Measure>(i))));
     }
     for (kv::NumEditor& limit : limits_) limit.ChangeMinimalStep(SmallestLimit);
     for (sv::Window* const child : GetChildren()) {
@@ -97,7 +97,7 @@ void JudgementPanel::Resize() {
     }
 }
 
-void JudgementPanel::Show(measurements::Tolerances const& tolerances, sv::String const& standard,
+void JudgementPanel::Show(evaluation::Tolerances const& tolerances, sv::String const& standard,
                           sv::String const& paper) {
     standard_.SetText(Filled(TextOf(Label::Standard), {NameOr(standard)}));
     paper_.SetText(Filled(TextOf(Label::PaperWhite), {NameOr(paper)}));
@@ -108,10 +108,9 @@ void JudgementPanel::Show(measurements::Tolerances const& tolerances, sv::String
     }
 }
 
-void JudgementPanel::Read(measurements::Tolerances& tolerances) const {
+void JudgementPanel::Read(evaluation::Tolerances& tolerances) const {
     unsigned short const measure = measure_.GetSelectEntryPos();
-    if (measure < measurements::MeasureCount)
-        tolerances.measure = static_cast<measurements::Measure>(measure);
+    if (measure < evaluation::MeasureCount) tolerances.measure = static_cast<evaluation::Measure>(measure);
     tolerances.difference = limits_[0].getValue();
     for (std::size_t i = 0; i < tolerances.components.size(); ++i) {
         tolerances.components[i] = limits_[i + 1].getValue();

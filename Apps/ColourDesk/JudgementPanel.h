@@ -1,7 +1,7 @@
 // JudgementPanel: by which measure and within which limits samples are judged, and against what.
 #pragma once
 
-#include "Apps/measurements/ColourSheet.h"
+#include "Apps/evaluation/ColourSheet.h"
 #include "KVUtils/Source/controls/NumEditor.h"
 #include "SV/ui/Controls.h"
 
@@ -14,10 +14,9 @@ class JudgementPanel : public sv::Window {
     explicit JudgementPanel(sv::Window* parent);
 
     /// Shows these tolerances, and the names of standard and paper white, each empty for none.
-    void Show(measurements::Tolerances const& tolerances, sv::String const& standard,
-              sv::String const& paper);
+    void Show(evaluation::Tolerances const& tolerances, sv::String const& standard, sv::String const& paper);
     using Window::Show;
-    void Read(measurements::Tolerances& tolerances) const;
+    void Read(evaluation::Tolerances& tolerances) const;
     void TakeTexts();
     /// The width that its texts take.
     [[nodiscard]] int GetWidth() const;

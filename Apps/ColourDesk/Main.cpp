@@ -1,6 +1,6 @@
 // The program ColourDesk: a workbench for measured charts.
 #include "Apps/ColourDesk/DeskWindow.h"
-#include "Apps/measurements/SuiteServices.h"
+#include "Apps/suite/SuiteServices.h"
 #include "KVUtils/KVUtils.h"
 #include "Platform/CommandLine.h"
 #include "SV/core/Application.h"
@@ -40,7 +40,7 @@ struct Options {
     [[nodiscard]] bool IsDrawing() const noexcept { return !screenshot.empty() || !plot.empty(); }
     /// The country code of the language; 0 for the system's.
     [[nodiscard]] int CountryCode() const noexcept {
-        return language.empty() ? 0 : measurements::CountryCodeOf(language);
+        return language.empty() ? 0 : suite::CountryCodeOf(language);
     }
 };
 
@@ -71,7 +71,7 @@ void Describe(CLI::App& program, Options& options) {
 
 std::size_t SampleOf(DeskWindow const& desk, std::string const& name) {
     auto const& samples = desk.GetSheet()->File().samples;
-    auto const sample = std::ranges::find(samples, name, &measurements::Sample::name);
+    auto const sample = std::ranges::find(samples, name, &files::Sample::name);
     if (sample == samples.end())
         throw std::runtime_error("no sample \"" + name + "\" in " + desk.GetSheet()->File().path);
     return static_cast<std::size_t>(sample - samples.begin());
@@ -112,8 +112,8 @@ void Run(Options const& options) {
                                     isDrawing ? sv::qt::Screen::None : sv::qt::Screen::Desktop);
     // Nobody is there to answer a box.
     if (isDrawing) sv::SetBoxHandler({});
-    kv::AppConfig::CreateAppConfig(measurements::ProgramIniFile("ColourDesk"));
-    measurements::SuiteServices const services("ColourDesk", Version, options.CountryCode());
+    kv::AppConfig::CreateAppConfig(suite::ProgramIniFile("ColourDesk"));
+    suite::SuiteServices const services("ColourDesk", Version, options.CountryCode());
     sv::String const stem = (kv::AppDir::Instance()->LngDirEntry() + sv::String("colourdesk")).GetFull();
     kv::Text::LoadText(stem, kv::Language::GetCountryCode());
     DeskWindow desk(stem, &sv::qt::SaveAs);

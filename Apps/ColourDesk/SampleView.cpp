@@ -1,7 +1,7 @@
 #include "Apps/ColourDesk/SampleView.h"
 
 #include "Apps/ColourDesk/DeskTexts.h"
-#include "Apps/measurements/SuiteText.h"
+#include "Apps/files/SuiteText.h"
 #include "KVUtils/Source/data/GString.h"
 #include "KVUtils/Source/frame/TextSegment.h"
 
@@ -39,7 +39,7 @@ sv::String Shown(float number, int decimals) {
     return std::isnan(number) ? sv::String() : sv::String(kv::GString(number, decimals));
 }
 
-sv::String Number(measurements::SheetRow const& row, int column) {
+sv::String Number(evaluation::SheetRow const& row, int column) {
     switch (column) {
         case Lightness:
         case RedGreen:
@@ -51,7 +51,7 @@ sv::String Number(measurements::SheetRow const& row, int column) {
             return Shown(row.lch[2], 1);
         case Density:
             return Shown(row.density[row.densityFilter], 2) +
-                   (std::string(" ") + measurements::InkOfFilter(row.densityFilter));
+                   (std::string(" ") + evaluation::InkOfFilter(row.densityFilter));
         case Difference:
             return row.judgement ? Shown(row.judgement->difference, 2) : sv::String();
         default:
@@ -63,7 +63,7 @@ sv::String Number(measurements::SheetRow const& row, int column) {
 
 SampleView::SampleView(sv::Window* parent) : Table(parent) { TakeChanges(); }
 
-void SampleView::ShowSheet(measurements::ColourSheet const* sheet) {
+void SampleView::ShowSheet(evaluation::ColourSheet const* sheet) {
     sheet_ = sheet;
     TakeChanges();
     SetRowCount(sheet == nullptr ? 0 : static_cast<int>(sheet->Rows().size()));
@@ -83,8 +83,8 @@ void SampleView::TakeChanges() {
                            WidthInLetters[static_cast<std::size_t>(column)] * letter, !isText});
     }
     if (sheet_ != nullptr) {
-        measurements::Tolerances const& tolerances = sheet_->Conditions().tolerances;
-        columns[Difference].title = measurements::TitleOf(tolerances.measure, tolerances.weights);
+        evaluation::Tolerances const& tolerances = sheet_->Conditions().tolerances;
+        columns[Difference].title = evaluation::TitleOf(tolerances.measure, tolerances.weights);
     }
     // A person's own widths stay where they can.
     if (!std::ranges::equal(columns, GetColumns())) SetColumns(std::move(columns));
@@ -94,10 +94,10 @@ void SampleView::TakeChanges() {
 sv::TableCell SampleView::GetCell(int row, int column) const {
     if (sheet_ == nullptr) return {};
     auto const index = static_cast<std::size_t>(row);
-    measurements::SheetRow const& values = sheet_->Rows()[index];
+    evaluation::SheetRow const& values = sheet_->Rows()[index];
     switch (column) {
         case Name:
-            return {measurements::ToSuite(sheet_->File().samples[index].name), values.swatch,
+            return {files::ToSuite(sheet_->File().samples[index].name), values.swatch,
                     sheet_->Conditions().standard == index || sheet_->Conditions().paper == index};
         case Colour:
             return {colourNames_[static_cast<std::size_t>(values.name)]};
@@ -108,7 +108,7 @@ sv::TableCell SampleView::GetCell(int row, int column) const {
     }
 }
 
-sv::TableCell SampleView::Verdict(measurements::SheetRow const& row) const {
+sv::TableCell SampleView::Verdict(evaluation::SheetRow const& row) const {
     if (!row.judgement) return {};
     constexpr sv::Color green(0x2A00, 0x9D00, 0x4A00);
     constexpr sv::Color red(0xC800, 0x2000, 0x2000);

@@ -1,7 +1,7 @@
 // SampleView: the patches of a chart as a table.
 #pragma once
 
-#include "Apps/measurements/ColourSheet.h"
+#include "Apps/evaluation/ColourSheet.h"
 #include "SV/ui/Table.h"
 
 #include <array>
@@ -15,16 +15,16 @@ class SampleView : public sv::Table {
     explicit SampleView(sv::Window* parent);
 
     /// The sheet is not owned, and stays until the next call; null for none. Nothing is selected then.
-    void ShowSheet(measurements::ColourSheet const* sheet);
+    void ShowSheet(evaluation::ColourSheet const* sheet);
     /// The sheet has other conditions, or the language has changed.
     void TakeChanges();
 
     [[nodiscard]] sv::TableCell GetCell(int row, int column) const override;
 
   private:
-    [[nodiscard]] sv::TableCell Verdict(measurements::SheetRow const& row) const;
+    [[nodiscard]] sv::TableCell Verdict(evaluation::SheetRow const& row) const;
 
-    measurements::ColourSheet const* sheet_ = nullptr;
+    evaluation::ColourSheet const* sheet_ = nullptr;
     std::vector<sv::String> colourNames_;
     std::array<sv::String, 2> verdicts_;  // failed, passed
 };

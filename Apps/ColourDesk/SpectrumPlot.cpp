@@ -1,7 +1,7 @@
 #include "Apps/ColourDesk/SpectrumPlot.h"
 
 #include "Apps/ColourDesk/DeskTexts.h"
-#include "Apps/measurements/SpectrumCurve.h"
+#include "Apps/report/SpectrumCurve.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,7 +10,7 @@
 namespace colourdesk {
 
 SpectrumPlot::SpectrumPlot(sv::Window* parent) : PlotWindow(parent) {
-    ChangeXAxisData(measurements::WavelengthAxis());
+    ChangeXAxisData(report::WavelengthAxis());
     ChangePointerHdl(sv::Link::To<&SpectrumPlot::PointerHdl>(*this));
     TakeTexts();
     Scale();
@@ -22,11 +22,11 @@ void SpectrumPlot::TakeTexts() {
     Invalidate();
 }
 
-void SpectrumPlot::ShowSamples(measurements::MeasurementFile const& file, std::span<int const> samples) {
+void SpectrumPlot::ShowSamples(files::MeasurementFile const& file, std::span<int const> samples) {
     DeleteAllCurve();
     curves_ = static_cast<int>(std::min(samples.size(), MostCurves));
     for (int const sample : samples.first(static_cast<std::size_t>(curves_))) {
-        AddCurve(measurements::CurveOf(file.samples[static_cast<std::size_t>(sample)].spectrum));
+        AddCurve(report::CurveOf(file.samples[static_cast<std::size_t>(sample)].spectrum));
     }
     Scale();
     if (cursor_) PutCursor(*cursor_);

@@ -2,7 +2,7 @@
 // pointer.
 #pragma once
 
-#include "Apps/measurements/MeasurementFile.h"
+#include "Apps/files/MeasurementFile.h"
 #include "KVUtils/Source/plots/PlotWindow.h"
 
 #include <optional>
@@ -19,7 +19,7 @@ class SpectrumPlot : public kv::PlotWindow {
     explicit SpectrumPlot(sv::Window* parent);
 
     /// In place of the curves before, the first ones of many.
-    void ShowSamples(measurements::MeasurementFile const& file, std::span<int const> samples);
+    void ShowSamples(files::MeasurementFile const& file, std::span<int const> samples);
     void ShowNothing();
     void TakeTexts();
 

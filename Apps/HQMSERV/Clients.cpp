@@ -1,8 +1,8 @@
 #include "Apps/HQMSERV/Clients.h"
 
-#include "Apps/measurements/ServerProbe.h"
-#include "KVUtils/Source/messaging/MessageWire.h"
+#include "Apps/suite/ServerProbe.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
+#include "KVUtils/Source/messaging/detail/MessageWire.h"
 #include "SV/core/Application.h"
 
 #include <algorithm>
@@ -44,7 +44,7 @@ void Clients::Add(sv::String const& name) {
         ++known->connects;
         return;
     }
-    platform::HCONV const conversation = measurements::Converse(instance_, std::string(name.View()));
+    platform::HCONV const conversation = suite::Converse(instance_, std::string(name.View()));
     clients_.push_back({.name = name, .conversation = conversation, .connects = 1});
 }
 

@@ -1,6 +1,6 @@
 #include "Apps/HQMSERV/Instrument.h"
 
-#include "Apps/measurements/Text.h"
+#include "Apps/files/Text.h"
 
 namespace hqmserv {
 
@@ -8,16 +8,16 @@ namespace {
 
 /// "UV-cut" and "uvcut" are one; what is not stated agrees with everything.
 bool Agree(std::string const& left, std::string const& right) {
-    return left.empty() || right.empty() || measurements::Key(left) == measurements::Key(right);
+    return left.empty() || right.empty() || files::Key(left) == files::Key(right);
 }
 
 }  // namespace
 
-measurements::DeviceIdentity Instrument::Identity() const {
+suite::DeviceIdentity Instrument::Identity() const {
     return {.name = "Replay",
             .serialNumber = "R-" + std::to_string(Patches()),
             .softwareVersion = Version,
-            .type = measurements::DeviceType::Spectrophotometer};
+            .type = suite::DeviceType::Spectrophotometer};
 }
 
 ServerStatus Instrument::MeasureWhite() noexcept {
@@ -39,7 +39,7 @@ ServerStatus Instrument::Restart() noexcept {
     return ServerStatus::Done;
 }
 
-ServerStatus Instrument::Require(measurements::StatedConditions const& conditions) {
+ServerStatus Instrument::Require(files::StatedConditions const& conditions) {
     auto& stated = chart_.stated;
     if (!Agree(conditions.measurementMode, stated.measurementMode) ||
         !Agree(conditions.filter, stated.filter) || !Agree(conditions.whiteBase, stated.whiteBase)) {
@@ -50,8 +50,8 @@ ServerStatus Instrument::Require(measurements::StatedConditions const& condition
     return ServerStatus::Done;
 }
 
-measurements::MeasuredPatch Instrument::Last() const {
-    measurements::Sample const& sample = chart_.samples.at(measured_ - 1);
+suite::MeasuredPatch Instrument::Last() const {
+    files::Sample const& sample = chart_.samples.at(measured_ - 1);
     return {Measured(), sample.name, sample.spectrum};
 }
 

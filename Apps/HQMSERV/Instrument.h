@@ -2,8 +2,8 @@
 // is measured first; each measurement then takes the next patch of the chart.
 #pragma once
 
-#include "Apps/measurements/MeasurementFile.h"
-#include "Apps/measurements/ServerPayloads.h"
+#include "Apps/files/MeasurementFile.h"
+#include "Apps/suite/ServerPayloads.h"
 
 #include <cstddef>
 
@@ -11,16 +11,16 @@ namespace hqmserv {
 
 inline constexpr char const* Version = "0.1.0";
 
-using measurements::ServerStatus;
+using suite::ServerStatus;
 
 class Instrument {
   public:
     /// With nothing to measure.
     Instrument() = default;
-    explicit Instrument(measurements::MeasurementFile chart) : chart_(std::move(chart)) {}
+    explicit Instrument(files::MeasurementFile chart) : chart_(std::move(chart)) {}
 
     /// One and the same chart is played by one and the same instrument.
-    [[nodiscard]] measurements::DeviceIdentity Identity() const;
+    [[nodiscard]] suite::DeviceIdentity Identity() const;
 
     [[nodiscard]] ServerStatus MeasureWhite() noexcept;
     /// Takes the next patch.
@@ -31,18 +31,18 @@ class Instrument {
     /// Accepts the conditions when the chart was measured under them; what either side does not state agrees
     /// with everything. Illuminant and observer are
     /// kept for whoever asks: spectra do not depend on them.
-    [[nodiscard]] ServerStatus Require(measurements::StatedConditions const& conditions);
-    [[nodiscard]] measurements::StatedConditions const& Conditions() const noexcept { return chart_.stated; }
+    [[nodiscard]] ServerStatus Require(files::StatedConditions const& conditions);
+    [[nodiscard]] files::StatedConditions const& Conditions() const noexcept { return chart_.stated; }
 
     /// How many patches the chart has, and how many of them were measured.
     [[nodiscard]] long Patches() const noexcept { return static_cast<long>(chart_.samples.size()); }
     [[nodiscard]] long Measured() const noexcept { return static_cast<long>(measured_); }
     [[nodiscard]] bool HasWhite() const noexcept { return hasWhite_; }
     /// The last measurement; there must have been one.
-    [[nodiscard]] measurements::MeasuredPatch Last() const;
+    [[nodiscard]] suite::MeasuredPatch Last() const;
 
   private:
-    measurements::MeasurementFile chart_;
+    files::MeasurementFile chart_;
     std::size_t measured_ = 0;
     bool hasWhite_ = false;
 };

@@ -1,8 +1,8 @@
 // The program HQMSERV: a measuring server that plays measurement files.
 #include "Apps/HQMSERV/Options.h"
 #include "Apps/HQMSERV/Server.h"
-#include "Apps/measurements/ServerProbe.h"
-#include "Apps/measurements/SuiteServices.h"
+#include "Apps/suite/ServerProbe.h"
+#include "Apps/suite/SuiteServices.h"
 #include "KVUtils/KVUtils.h"
 #include "Platform/CommandLine.h"
 #include "Platform/Terminal.h"
@@ -29,8 +29,8 @@ std::string FileOf(Options const& options) {
 Instrument Prepare(Options const& options, Server::Settings& settings) {
     try {
         std::string const file = FileOf(options);
-        return file.empty() ? Instrument() : Instrument(measurements::ReadMeasurementFile(file));
-    } catch (measurements::ReadError const& error) {
+        return file.empty() ? Instrument() : Instrument(files::ReadMeasurementFile(file));
+    } catch (files::ReadError const& error) {
         if (!options.isCalled) throw;
         settings.fault = error.what();
         return {};
@@ -39,11 +39,11 @@ Instrument Prepare(Options const& options, Server::Settings& settings) {
 
 void Serve(Options const& options) {
     Clients clients;
-    if (measurements::ServerProbe().IsReachable(measurements::ServerName)) {
+    if (suite::ServerProbe().IsReachable(suite::ServerName)) {
         if (options.isCalled) return;  // two messages were faster than one start
         throw std::runtime_error("another one is running already");
     }
-    measurements::SuiteServices const services(measurements::ServerName, Version, options.language);
+    suite::SuiteServices const services(suite::ServerName, Version, options.language);
     Server::Settings settings;
     settings.measuringTime = options.measuringTime;
     if (options.isCalled) settings.patience = PatienceWhenCalled;

@@ -1,6 +1,6 @@
 #include "Apps/HQMSERV/Server.h"
 
-#include "Apps/measurements/SuiteText.h"
+#include "Apps/files/SuiteText.h"
 #include "KVUtils/KVUtils.h"
 
 #include <algorithm>
@@ -22,6 +22,8 @@ constexpr unsigned long LonelyEvent = 2002;
 /// The texts of the display, by their places in the file.
 enum DisplayText : unsigned long { NothingToMeasure, WhitePlease, Ready, EndOfChart };
 
+using suite::operator<<;  // of conditions, which live in another namespace
+
 /// An answer: its status, and its fields when that is Done.
 template <class... Fields>
 long Answer(kv::KORVELEvent* event, ServerStatus status, Fields const&... fields) {
@@ -39,7 +41,7 @@ long Answer(kv::KORVELEvent* event, Fields const&... fields) {
 }
 
 long Answer(kv::KORVELEvent* event, std::string const& text) {
-    return Answer(event, ServerStatus::Done, sv::String(measurements::ToSuite(text)));
+    return Answer(event, ServerStatus::Done, sv::String(files::ToSuite(text)));
 }
 
 long AnswerByte(kv::KORVELEvent* event, bool isSo) {
@@ -153,7 +155,7 @@ long Server::ParameterRequestHdl(Event* event) { return Answer(event, instrument
 
 long Server::ParameterDownloadHdl(Event* event) {
     kv::MyMemoryBlock data = event->GetData();
-    return Answer(event, instrument_.Require(measurements::TakeConditions(data)));
+    return Answer(event, instrument_.Require(suite::TakeConditions(data)));
 }
 
 long Server::NotifyHdl(Event* event) {
@@ -184,13 +186,13 @@ long Server::ProtocolHdl(Event* event) {
 sv::String Server::Display() const {
     if (instrument_.Patches() == 0) {
         return settings_.fault.empty() ? TextOf(NothingToMeasure)
-                                       : sv::String(measurements::ToSuite(settings_.fault));
+                                       : sv::String(files::ToSuite(settings_.fault));
     }
     if (!instrument_.HasWhite()) return TextOf(WhitePlease);
     sv::String const place = sv::String(instrument_.Measured()) + "/" + sv::String(instrument_.Patches());
     if (instrument_.Measured() == 0) return place + " " + TextOf(Ready);
     if (instrument_.Measured() == instrument_.Patches()) return place + " " + TextOf(EndOfChart);
-    return place + " " + sv::String(measurements::ToSuite(instrument_.Last().name));
+    return place + " " + sv::String(files::ToSuite(instrument_.Last().name));
 }
 
 void Server::Expose() {

@@ -1,4 +1,4 @@
-// Server: the measuring server's side of the messages. Apps/measurements/ServerPayloads.h tells what they
+// Server: the measuring server's side of the messages. Apps/suite/ServerPayloads.h tells what they
 // mean.
 #pragma once
 

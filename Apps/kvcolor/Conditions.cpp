@@ -1,8 +1,8 @@
 #include "Apps/kvcolor/Conditions.h"
 
-#include "Apps/kvcolor/Numbers.h"
-#include "Apps/kvcolor/Text.h"
-#include "Apps/kvcolor/Unusable.h"
+#include "Apps/kvcolor/InputError.h"
+#include "Apps/kvcolor/output/Numbers.h"
+#include "Apps/kvcolor/output/Text.h"
 
 #include <algorithm>
 #include <array>

@@ -1,19 +1,19 @@
 // Conditions: illuminants, observers and density standards by the names that people type.
 #pragma once
 
-#include "Apps/measurements/Conditions.h"
+#include "Apps/evaluation/Conditions.h"
 
 #include <string_view>
 
 namespace kvcolor {
 
-using measurements::DensityStandards;
-using measurements::FirstDayNumber;
-using measurements::HasColourFilters;
-using measurements::LastDayNumber;
-using measurements::NameOf;
-using measurements::PutInForce;
-using measurements::TabledIlluminants;
+using evaluation::DensityStandards;
+using evaluation::FirstDayNumber;
+using evaluation::HasColourFilters;
+using evaluation::LastDayNumber;
+using evaluation::NameOf;
+using evaluation::PutInForce;
+using evaluation::TabledIlluminants;
 
 /// "D50", "a", "F11", or "D40" to "D150" for daylight of that number, in any case. Throws Unusable.
 [[nodiscard]] kv::IllumClass ParseIlluminant(std::string_view name);

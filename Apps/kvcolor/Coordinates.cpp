@@ -13,7 +13,7 @@ std::vector<Column> ColourColumns() {
             NumberColumn("h", "h", 1, "deg")};
 }
 
-Row ColourRow(measurements::Sample const& sample) {
+Row ColourRow(files::Sample const& sample) {
     kv::XYZVector const xyz(sample.spectrum);
     kv::LABVector const lab(sample.spectrum);
     kv::LChVector const lch(lab);

@@ -1,8 +1,8 @@
 #include "Apps/kvcolor/ExportFile.h"
 
+#include "Apps/files/DataFile.h"
+#include "Apps/kvcolor/InputError.h"
 #include "Apps/kvcolor/Run.h"
-#include "Apps/kvcolor/Unusable.h"
-#include "Apps/measurements/DataFile.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "Platform/Utf8Path.h"
 
@@ -18,15 +18,15 @@ void CheckIsNew(std::string const& path) {
     }
 }
 
-void WriteExport(measurements::MeasurementFile const& file, std::string const& path, Messages& messages) {
-    for (measurements::Sample const& sample : file.samples) {
-        if (measurements::SurvivesDataFile(sample.name)) continue;
+void WriteExport(files::MeasurementFile const& file, std::string const& path, Messages& messages) {
+    for (files::Sample const& sample : file.samples) {
+        if (files::SurvivesDataFile(sample.name)) continue;
         messages.Warn("sample \"" + sample.name +
                       "\" will be read by another name: a data file keeps no \"^\" and no character outside "
                       "Windows-1252");
     }
     kv::AppName::CreateAppName("kvcolor", Version);
-    measurements::WriteDataFile(file, path);
+    files::WriteDataFile(file, path);
     std::size_t const count = file.samples.size();
     messages.Note(path + ": " + std::to_string(count) + (count == 1 ? " sample" : " samples"));
 }

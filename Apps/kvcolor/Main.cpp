@@ -1,6 +1,6 @@
 // The program kvcolor: connects Run with the standard streams.
-#include "Apps/kvcolor/Messages.h"
 #include "Apps/kvcolor/Run.h"
+#include "Apps/kvcolor/output/Messages.h"
 #include "Apps/kvcolor/printing/Printing.h"
 #include "Platform/CommandLine.h"
 #include "Platform/Terminal.h"

@@ -1,8 +1,8 @@
 #include "Apps/kvcolor/Measures.h"
 
-#include "Apps/kvcolor/Numbers.h"
-#include "Apps/kvcolor/Text.h"
-#include "Apps/kvcolor/Unusable.h"
+#include "Apps/kvcolor/InputError.h"
+#include "Apps/kvcolor/output/Numbers.h"
+#include "Apps/kvcolor/output/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -18,7 +18,7 @@ struct MeasureText {
     char const* key;
 };
 
-constexpr std::array<MeasureText, measurements::MeasureCount> Texts = {{
+constexpr std::array<MeasureText, evaluation::MeasureCount> Texts = {{
     {Measure::Cielab, "cielab", "dE_ab"},
     {Measure::DeltaL, "dL", "dL"},
     {Measure::DeltaC, "dC", "dC"},
@@ -42,7 +42,7 @@ std::string NamesOfMeasures() {
 
 Column ColumnOf(Measure measure, MeasureWeights const& weights) {
     MeasureText const& text = *std::ranges::find(Texts, measure, &MeasureText::measure);
-    return NumberColumn(text.key, measurements::TitleOf(measure, weights));
+    return NumberColumn(text.key, evaluation::TitleOf(measure, weights));
 }
 
 std::vector<Measure> ParseMeasures(std::string_view text) {

@@ -1,17 +1,17 @@
 // Measures: the colour differences by the names that people type, and as columns.
 #pragma once
 
-#include "Apps/kvcolor/Report.h"
-#include "Apps/measurements/Measures.h"
+#include "Apps/evaluation/DifferenceFormula.h"
+#include "Apps/kvcolor/output/Answer.h"
 
 #include <string_view>
 #include <vector>
 
 namespace kvcolor {
 
-using measurements::Measure;
-using measurements::MeasureWeights;
-using measurements::Pair;
+using evaluation::Measure;
+using evaluation::MeasureWeights;
+using evaluation::Pair;
 
 /// Column of the measure.
 [[nodiscard]] Column ColumnOf(Measure measure, MeasureWeights const& weights);

@@ -1,7 +1,7 @@
 #include "Apps/kvcolor/Pairing.h"
 
-#include "Apps/kvcolor/Text.h"
-#include "Apps/kvcolor/Unusable.h"
+#include "Apps/kvcolor/InputError.h"
+#include "Apps/kvcolor/output/Text.h"
 
 #include <deque>
 #include <map>
@@ -12,7 +12,7 @@ namespace kvcolor {
 
 namespace {
 
-using measurements::MeasurementFile;
+using files::MeasurementFile;
 
 constexpr std::size_t MostNamesInMessage = 5;
 

@@ -1,8 +1,8 @@
 // Pairing: which sample is held against which standard.
 #pragma once
 
-#include "Apps/kvcolor/Messages.h"
-#include "Apps/measurements/MeasurementFile.h"
+#include "Apps/files/MeasurementFile.h"
+#include "Apps/kvcolor/output/Messages.h"
 
 #include <cstddef>
 #include <span>
@@ -19,9 +19,8 @@ struct IndexPair {
 /// Pairs the chosen samples with the standards of the same name; samples of one name go in the order of the
 /// files, with a warning. Notes the samples without a standard and, if `chosen` is the whole file, the
 /// standards without a sample. Throws Unusable when nothing pairs.
-[[nodiscard]] std::vector<IndexPair> PairByName(measurements::MeasurementFile const& samples,
+[[nodiscard]] std::vector<IndexPair> PairByName(files::MeasurementFile const& samples,
                                                 std::span<std::size_t const> chosen,
-                                                measurements::MeasurementFile const& standards,
-                                                Messages& messages);
+                                                files::MeasurementFile const& standards, Messages& messages);
 
 }  // namespace kvcolor

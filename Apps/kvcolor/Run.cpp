@@ -1,9 +1,9 @@
 #include "Apps/kvcolor/Run.h"
 
-#include "Apps/kvcolor/Commands.h"
+#include "Apps/files/DataFile.h"
 #include "Apps/kvcolor/Session.h"
-#include "Apps/kvcolor/Text.h"
-#include "Apps/measurements/DataFile.h"
+#include "Apps/kvcolor/commands/Commands.h"
+#include "Apps/kvcolor/output/Text.h"
 
 #include <CLI/CLI.hpp>
 
@@ -66,7 +66,7 @@ int Run(std::vector<std::string> arguments, Environment const& environment) {
             return UnusableInput;
         }
         return Success;
-    } catch (measurements::WriteError const& error) {
+    } catch (files::WriteError const& error) {
         session.GetMessages().Error(error.what());
         return OutputFailed;
     } catch (std::exception const& error) {

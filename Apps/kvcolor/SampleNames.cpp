@@ -1,8 +1,8 @@
 #include "Apps/kvcolor/SampleNames.h"
 
-#include "Apps/kvcolor/Numbers.h"
-#include "Apps/kvcolor/Text.h"
-#include "Apps/kvcolor/Unusable.h"
+#include "Apps/kvcolor/InputError.h"
+#include "Apps/kvcolor/output/Numbers.h"
+#include "Apps/kvcolor/output/Text.h"
 
 #include <algorithm>
 #include <numeric>
@@ -14,7 +14,7 @@ namespace kvcolor {
 
 namespace {
 
-using measurements::MeasurementFile;
+using files::MeasurementFile;
 
 constexpr std::size_t MostNamesInMessage = 5;
 
@@ -40,7 +40,7 @@ std::vector<std::string> NearNames(MeasurementFile const& file, std::string_view
     // A single character is one change away from every other.
     std::size_t const most = wanted.size() < 2 ? 0 : std::max<std::size_t>(1, wanted.size() / 3);
     std::set<std::pair<std::size_t, std::string>> near;
-    for (measurements::Sample const& sample : file.samples) {
+    for (files::Sample const& sample : file.samples) {
         std::string const candidate = Lower(std::string_view(sample.name).substr(0, longestCompared));
         bool const isPart = !wanted.empty() && candidate.find(wanted) != std::string::npos;
         std::size_t const distance = isPart ? 1 : EditDistance(candidate, wanted);
@@ -57,7 +57,7 @@ std::vector<std::string> NearNames(MeasurementFile const& file, std::string_view
         throw Unusable(text + "near to it: " + List(near, MostNamesInMessage));
     }
     std::vector<std::string> names;
-    for (measurements::Sample const& sample : file.samples) names.push_back('"' + sample.name + '"');
+    for (files::Sample const& sample : file.samples) names.push_back('"' + sample.name + '"');
     throw Unusable(text + "it has " + List(names, MostNamesInMessage));
 }
 

@@ -1,7 +1,7 @@
 #include "Apps/kvcolor/Session.h"
 
 #include "Apps/kvcolor/SampleNames.h"
-#include "Apps/kvcolor/Writers.h"
+#include "Apps/kvcolor/output/Writers.h"
 
 #include <CLI/CLI.hpp>
 
@@ -40,22 +40,22 @@ void Session::AddInputOptions(CLI::App& command) {
         ->type_name("FILTER");
 }
 
-measurements::MeasurementFile Session::Load(AskedConditions asked) { return Load(file_, std::move(asked)); }
+files::MeasurementFile Session::Load(AskedConditions asked) { return Load(file_, std::move(asked)); }
 
-measurements::MeasurementFile Session::Load(std::string const& path, AskedConditions asked) {
+files::MeasurementFile Session::Load(std::string const& path, AskedConditions asked) {
     if (!measurementMode_.empty()) asked.measurementMode = ParseMeasurementMode(measurementMode_);
     if (!filter_.empty()) asked.filter = ParseFilter(filter_);
-    measurements::MeasurementFile file = measurements::ReadMeasurementFile(path);
+    files::MeasurementFile file = files::ReadMeasurementFile(path);
     for (std::string const& note : file.notes) messages_.Note(file.path + ": " + note);
     CheckStated(file, asked, messages_);
     return file;
 }
 
-std::vector<std::size_t> Session::Chosen(measurements::MeasurementFile const& file) const {
+std::vector<std::size_t> Session::Chosen(files::MeasurementFile const& file) const {
     return ChooseSamples(file, only_);
 }
 
-std::vector<Condition> Session::ConditionsOf(measurements::MeasurementFile const& file) {
+std::vector<Condition> Session::ConditionsOf(files::MeasurementFile const& file) {
     std::vector<Condition> conditions = {{"file", file.path}};
     if (!file.stated.measurementMode.empty()) {
         conditions.push_back({"measurement condition", file.stated.measurementMode});

@@ -2,11 +2,11 @@
 // warnings, and delivering a report.
 #pragma once
 
+#include "Apps/files/MeasurementFile.h"
 #include "Apps/kvcolor/Environment.h"
-#include "Apps/kvcolor/Messages.h"
-#include "Apps/kvcolor/Report.h"
 #include "Apps/kvcolor/StatedCheck.h"
-#include "Apps/measurements/MeasurementFile.h"
+#include "Apps/kvcolor/output/Answer.h"
+#include "Apps/kvcolor/output/Messages.h"
 
 #include <string>
 #include <vector>
@@ -31,21 +31,21 @@ class Session {
     void AddQuietOption(CLI::App& command);
 
     /// Reads FILE, or another file, says its notes and holds what it states against what is asked for; the
-    /// conditions of measurement asked for are those of the options. Throws measurements::ReadError.
-    [[nodiscard]] measurements::MeasurementFile Load(AskedConditions asked);
-    [[nodiscard]] measurements::MeasurementFile Load(std::string const& path, AskedConditions asked);
+    /// conditions of measurement asked for are those of the options. Throws files::ReadError.
+    [[nodiscard]] files::MeasurementFile Load(AskedConditions asked);
+    [[nodiscard]] files::MeasurementFile Load(std::string const& path, AskedConditions asked);
     /// The samples that --only chooses.
-    [[nodiscard]] std::vector<std::size_t> Chosen(measurements::MeasurementFile const& file) const;
+    [[nodiscard]] std::vector<std::size_t> Chosen(files::MeasurementFile const& file) const;
     /// Whether --only was given.
     [[nodiscard]] bool IsChoosing() const noexcept { return !only_.empty(); }
 
     /// The conditions that a report on this file begins with: the file, and what it states of its
     /// measurement.
-    [[nodiscard]] static std::vector<Condition> ConditionsOf(measurements::MeasurementFile const& file);
+    [[nodiscard]] static std::vector<Condition> ConditionsOf(files::MeasurementFile const& file);
 
     /// The column of sample names, and a row that has its name and swatch in place.
     [[nodiscard]] static Column NameColumn() { return TextColumn("name", "name"); }
-    [[nodiscard]] static Row RowOf(measurements::Sample const& sample) {
+    [[nodiscard]] static Row RowOf(files::Sample const& sample) {
         return {{sample.name}, ToRgb(sample.spectrum)};
     }
 

@@ -1,8 +1,8 @@
 #include "Apps/kvcolor/StatedCheck.h"
 
 #include "Apps/kvcolor/Conditions.h"
-#include "Apps/kvcolor/Text.h"
-#include "Apps/kvcolor/Unusable.h"
+#include "Apps/kvcolor/InputError.h"
+#include "Apps/kvcolor/output/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -56,9 +56,8 @@ std::string ParseFilter(std::string_view text) {
                    List(names, names.size()));
 }
 
-void CheckStated(measurements::MeasurementFile const& file, AskedConditions const& asked,
-                 Messages& messages) {
-    measurements::StatedConditions const& stated = file.stated;
+void CheckStated(files::MeasurementFile const& file, AskedConditions const& asked, Messages& messages) {
+    files::StatedConditions const& stated = file.stated;
     if (stated.illuminant && !asked.illuminants.empty() &&
         std::ranges::find(asked.illuminants, *stated.illuminant) == asked.illuminants.end()) {
         std::vector<std::string> names;
@@ -75,7 +74,7 @@ void CheckStated(measurements::MeasurementFile const& file, AskedConditions cons
     CheckText(file.path, "filter", filter, asked.filter, messages);
 }
 
-void CheckStatedAlike(measurements::MeasurementFile const& first, measurements::MeasurementFile const& second,
+void CheckStatedAlike(files::MeasurementFile const& first, files::MeasurementFile const& second,
                       Messages& messages) {
     auto const compare = [&](std::string const& what, std::string const& a, std::string const& b) {
         if (a.empty() || b.empty() || a == b) return;

@@ -1,8 +1,8 @@
 // StatedCheck: holds what a file states of its measurement against what is asked for.
 #pragma once
 
-#include "Apps/kvcolor/Messages.h"
-#include "Apps/measurements/MeasurementFile.h"
+#include "Apps/files/MeasurementFile.h"
+#include "Apps/kvcolor/output/Messages.h"
 
 #include <optional>
 #include <string>
@@ -28,9 +28,9 @@ struct AskedConditions {
 [[nodiscard]] std::string ParseFilter(std::string_view text);
 
 /// Warns of each statement that differs, naming both; notes what is asked for and not stated.
-void CheckStated(measurements::MeasurementFile const& file, AskedConditions const& asked, Messages& messages);
+void CheckStated(files::MeasurementFile const& file, AskedConditions const& asked, Messages& messages);
 /// Warns where the two files state different conditions of measurement.
-void CheckStatedAlike(measurements::MeasurementFile const& first, measurements::MeasurementFile const& second,
+void CheckStatedAlike(files::MeasurementFile const& first, files::MeasurementFile const& second,
                       Messages& messages);
 
 }  // namespace kvcolor

@@ -1,9 +1,9 @@
 #include "Apps/report/ChartReport.h"
 
-#include "Apps/measurements/SpectrumCurve.h"
-#include "Apps/measurements/SuiteText.h"
+#include "Apps/files/SuiteText.h"
 #include "Apps/report/ReportPage.h"
 #include "Apps/report/SpectraPlot.h"
+#include "Apps/report/SpectrumCurve.h"
 #include "KVUtils/Source/data/GString.h"
 #include "KVUtils/Source/frame/KVSetting.h"
 #include "KVUtils/Source/frame/TextSegment.h"
@@ -18,10 +18,10 @@ namespace report {
 
 namespace {
 
+using evaluation::ColourSheet;
+using evaluation::SheetRow;
+using files::MeasurementFile;
 using kv::GString;
-using measurements::ColourSheet;
-using measurements::MeasurementFile;
-using measurements::SheetRow;
 using End = ReportColumn::End;
 
 /// The texts by their places in the group.
@@ -133,7 +133,7 @@ class ChartReport {
     [[nodiscard]] sv::String SampleName(std::size_t sample) const;
     [[nodiscard]] sv::String MeasurementOf() const;
     [[nodiscard]] sv::String MeasureOf() const {
-        return measurements::TitleOf(conditions_.tolerances.measure, conditions_.tolerances.weights);
+        return evaluation::TitleOf(conditions_.tolerances.measure, conditions_.tolerances.weights);
     }
     [[nodiscard]] sv::String LimitsOf() const;
     [[nodiscard]] bool HasDifferences() const noexcept { return verdict_.judged > 0; }
@@ -144,10 +144,10 @@ class ChartReport {
     kv::MyPrinter& printer_;
     ReportPage page_;
     ColourSheet const& sheet_;
-    measurements::SheetConditions const& conditions_;
+    evaluation::SheetConditions const& conditions_;
     std::vector<std::size_t> samples_;
     std::vector<std::size_t> curves_;
-    measurements::SheetVerdict verdict_;
+    evaluation::SheetVerdict verdict_;
     kv::TextSegment texts_{"ChartReport"};
     kv::TextSegment colourNames_{"FarbTexte"};
 };
@@ -158,23 +158,23 @@ std::vector<std::size_t> ChartReport::Present(std::vector<std::size_t> samples) 
 }
 
 sv::String ChartReport::SampleName(std::size_t sample) const {
-    return measurements::ToSuite(sheet_.File().samples[sample].name);
+    return files::ToSuite(sheet_.File().samples[sample].name);
 }
 
 sv::String FileNameOf(std::string const& path) {
-    return measurements::ToSuite(platform::Utf8Of(platform::PathOf(path).filename()));
+    return files::ToSuite(platform::Utf8Of(platform::PathOf(path).filename()));
 }
 
 sv::String ChartReport::MeasurementOf() const {
-    measurements::StatedConditions const& stated = sheet_.File().stated;
+    files::StatedConditions const& stated = sheet_.File().stated;
     bool const hasBoth = !stated.measurementMode.empty() && !stated.filter.empty();
-    return measurements::ToSuite(stated.measurementMode + (hasBoth ? ", " : "") + stated.filter);
+    return files::ToSuite(stated.measurementMode + (hasBoth ? ", " : "") + stated.filter);
 }
 
 /// "dE*ab 2.00, dL* 1.00".
 sv::String ChartReport::LimitsOf() const {
-    using measurements::Measure;
-    measurements::Tolerances const& tolerances = conditions_.tolerances;
+    using evaluation::Measure;
+    evaluation::Tolerances const& tolerances = conditions_.tolerances;
     std::array<std::pair<sv::String, double>, 4> const limits = {
         {{MeasureOf(), tolerances.difference},
          {std::string(NameOf(Measure::DeltaL)), tolerances.components[0]},
@@ -270,7 +270,7 @@ void ChartReport::WriteLegend() {
         }
         sv::Point const start = printer_.curPos() + sv::Point(place * width, page_.LineHeight() / 2);
         sv::Pen const pen =
-            printer_.ChangePen(sv::Pen(measurements::CurveColor(sheet_.File().samples[curve].spectrum), 5));
+            printer_.ChangePen(sv::Pen(report::CurveColor(sheet_.File().samples[curve].spectrum), 5));
         printer_.DrawLine(start, start + sv::Point(LegendLine, 0));
         printer_.ChangePen(pen);
         int const text = place * width + LegendLine + 15;
@@ -327,7 +327,7 @@ void ChartReport::WriteRow(std::size_t sample) {
     page_.Write(DensityColumn, GString(row.density[row.densityFilter], 2));
     {
         FontColor const quiet(printer_, Quiet);
-        page_.Write(InkColumn, std::string(1, measurements::InkOfFilter(row.densityFilter)));
+        page_.Write(InkColumn, std::string(1, evaluation::InkOfFilter(row.densityFilter)));
     }
     WriteVerdict(sample);
 }

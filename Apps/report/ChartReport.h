@@ -2,7 +2,7 @@
 // conditions, the spectra of some samples, and a table of all of them with their difference to a standard.
 #pragma once
 
-#include "Apps/measurements/ColourSheet.h"
+#include "Apps/evaluation/ColourSheet.h"
 #include "KVUtils/Source/printing/MyPrinter.h"
 
 #include <cstddef>
@@ -21,7 +21,7 @@ struct ReportOptions {
 /// Writes the report through the printer, as one job. The texts are those of the group "ChartReport" and, for
 /// names of colours, "FarbTexte". The head line's user and the foot note's program are the printer's matter.
 /// False when the printer refused the job, the person has aborted it, or it did not arrive.
-bool PrintChartReport(kv::MyPrinter& printer, measurements::ColourSheet const& sheet,
+bool PrintChartReport(kv::MyPrinter& printer, evaluation::ColourSheet const& sheet,
                       ReportOptions const& options);
 
 }  // namespace report

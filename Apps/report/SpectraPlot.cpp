@@ -1,6 +1,6 @@
 #include "Apps/report/SpectraPlot.h"
 
-#include "Apps/measurements/SpectrumCurve.h"
+#include "Apps/report/SpectrumCurve.h"
 #include "KVUtils/Source/plots/PlotWindow.h"
 
 #include <algorithm>
@@ -28,18 +28,17 @@ kv::AxisData WithLine(kv::AxisData axis) {
 
 }  // namespace
 
-void DrawSpectra(sv::OutputDevice& device, sv::Rectangle const& area,
-                 measurements::MeasurementFile const& file, std::span<std::size_t const> samples,
-                 PlotTitles const& titles) {
+void DrawSpectra(sv::OutputDevice& device, sv::Rectangle const& area, files::MeasurementFile const& file,
+                 std::span<std::size_t const> samples, PlotTitles const& titles) {
     kv::PlotWindow plot(nullptr, kv::AxisText(titles.wavelength, 0), kv::AxisText(titles.reflectance, 1));
     plot.ChangeSizePixel({area.GetSize().Width() / PixelSize, area.GetSize().Height() / PixelSize});
     float highest = 0;
     for (std::size_t const index : samples) {
         if (index >= file.samples.size()) continue;
-        plot.AddCurve(measurements::CurveOf(file.samples[index].spectrum));
+        plot.AddCurve(report::CurveOf(file.samples[index].spectrum));
         highest = std::max(highest, file.samples[index].spectrum.Maximum());
     }
-    plot.ChangeXAxisData(WithLine(measurements::WavelengthAxis()));
+    plot.ChangeXAxisData(WithLine(report::WavelengthAxis()));
     plot.ChangeYAxisData(WithLine(ReflectanceAxis(highest)));
     plot.PrintOn(device, area);
 }

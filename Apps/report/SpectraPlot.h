@@ -1,7 +1,7 @@
 // SpectraPlot: the spectra of some samples, in a labelled diagram on a page.
 #pragma once
 
-#include "Apps/measurements/MeasurementFile.h"
+#include "Apps/files/MeasurementFile.h"
 #include "SV/ui/OutputDevice.h"
 
 #include <cstddef>
@@ -17,8 +17,7 @@ struct PlotTitles {
 };
 
 /// `area` is in tenths of a millimetre, the device's own unit. Indices that the file lacks are left out.
-void DrawSpectra(sv::OutputDevice& device, sv::Rectangle const& area,
-                 measurements::MeasurementFile const& file, std::span<std::size_t const> samples,
-                 PlotTitles const& titles);
+void DrawSpectra(sv::OutputDevice& device, sv::Rectangle const& area, files::MeasurementFile const& file,
+                 std::span<std::size_t const> samples, PlotTitles const& titles);
 
 }  // namespace report

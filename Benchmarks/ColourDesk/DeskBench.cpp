@@ -103,8 +103,8 @@ BENCHMARK(BM_ScrollTextsOfQt)->Unit(benchmark::kMillisecond);
 
 /// All samples anew, under another illuminant each time.
 void BM_JudgeSamples(benchmark::State& state) {
-    measurements::ColourSheet sheet(Desk().GetSheet()->File());
-    measurements::SheetConditions conditions;
+    evaluation::ColourSheet sheet(Desk().GetSheet()->File());
+    evaluation::SheetConditions conditions;
     conditions.standard = 0;
     for (auto _ : state) {
         bool const isD50 = conditions.illuminant == kv::IllumType::D50;

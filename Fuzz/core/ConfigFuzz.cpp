@@ -1,7 +1,7 @@
 // Any bytes as an ini file, and any names and value written to it: one key changes, and nothing else does.
 //
 // Input: group, key and value, each ended by a zero byte, then the file.
-#include "SV/core/IniText.h"
+#include "SV/core/detail/IniText.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,5 +1,5 @@
 // The two passes over a text file, on any bytes: they end, agree on the entries, and keep to their limits.
-#include "KVUtils/Source/frame/TextFile.h"
+#include "KVUtils/Source/frame/detail/TextFile.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,7 +1,7 @@
 #include "SV/core/Application.h"
 
 #include "Platform/EventLoop.h"
-#include "SV/core/LoopDriver.h"
+#include "SV/core/detail/LoopDriver.h"
 
 #include <algorithm>
 #include <atomic>

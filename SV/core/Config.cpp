@@ -1,8 +1,8 @@
 #include "SV/core/Config.h"
 
 #include "Platform/Files.h"
-#include "SV/core/IniText.h"
 #include "SV/core/NativePath.h"
+#include "SV/core/detail/IniText.h"
 
 #include <algorithm>
 #include <chrono>

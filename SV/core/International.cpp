@@ -1,8 +1,8 @@
 #include "SV/core/International.h"
 
 #include "Platform/Locale.h"
-#include "SV/core/CodePages.h"
-#include "SV/core/Encoding.h"
+#include "SV/core/detail/CodePages.h"
+#include "SV/core/detail/Encoding.h"
 
 namespace sv {
 

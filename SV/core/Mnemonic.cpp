@@ -1,6 +1,6 @@
 #include "SV/core/Mnemonic.h"
 
-#include "SV/core/TextPage.h"
+#include "SV/core/detail/TextPage.h"
 
 namespace sv {
 

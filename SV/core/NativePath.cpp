@@ -1,7 +1,7 @@
 #include "SV/core/NativePath.h"
 
 #include "Platform/Utf8Path.h"
-#include "SV/core/Encoding.h"
+#include "SV/core/detail/Encoding.h"
 
 #include <algorithm>
 #include <cstddef>

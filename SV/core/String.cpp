@@ -1,8 +1,8 @@
 #include "SV/core/String.h"
 
 #include "Platform/Locale.h"
-#include "SV/core/Ascii.h"
-#include "SV/core/Encoding.h"
+#include "SV/core/detail/Ascii.h"
+#include "SV/core/detail/Encoding.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,7 +1,7 @@
 // QtLoop: lets the application's event loop take events from Qt and wait in it.
 #pragma once
 
-#include "SV/core/LoopDriver.h"
+#include "SV/core/detail/LoopDriver.h"
 
 #include <QSocketNotifier>
 #include <exception>

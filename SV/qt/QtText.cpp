@@ -1,8 +1,8 @@
 #include "SV/qt/QtText.h"
 
-#include "SV/core/CodePages.h"
-#include "SV/core/Encoding.h"
-#include "SV/core/TextPage.h"
+#include "SV/core/detail/CodePages.h"
+#include "SV/core/detail/Encoding.h"
+#include "SV/core/detail/TextPage.h"
 
 #include <QList>
 #include <QStringDecoder>

@@ -1,7 +1,7 @@
 #include "SV/ui/Window.h"
 
 #include "SV/ui/Backend.h"
-#include "SV/ui/ScaledCanvas.h"
+#include "SV/ui/detail/ScaledCanvas.h"
 
 #include <algorithm>
 #include <utility>

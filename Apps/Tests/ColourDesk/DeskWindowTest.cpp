@@ -1,5 +1,5 @@
 #include "Apps/Tests/ColourDesk/DeskFixture.h"
-#include "Apps/Tests/measurements/TestFiles.h"
+#include "Apps/Tests/files/TestFiles.h"
 #include "KVUtils/Source/frame/TextSegment.h"
 #include "KVUtils/Source/mail/Mailer.h"
 #include "KVUtils/Tests/TestSupport.h"
@@ -89,7 +89,7 @@ TEST_F(DeskTest, WhatWasChosenStaysForTheNextFileUnlessThatStatesOtherwise) {
     ASSERT_TRUE(desk.Open(Chart));
     EXPECT_TRUE(desk.GetSheet()->Conditions().illuminant == kv::IllumType::F11);
     std::string const stated = File("stated.txt");
-    std::ofstream(stated) << measurements::test::CgatsWithHeader("WEIGHTING_FUNCTION \"ILLUMINANT, D65\"\n");
+    std::ofstream(stated) << files::test::CgatsWithHeader("WEIGHTING_FUNCTION \"ILLUMINANT, D65\"\n");
     ASSERT_TRUE(desk.Open(stated));
     EXPECT_TRUE(desk.GetSheet()->Conditions().illuminant == kv::IllumType::D65);
 }

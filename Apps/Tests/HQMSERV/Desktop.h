@@ -1,8 +1,8 @@
 // Desktop: a test's own folder for the programs' sockets, and its own ini file of the suite.
 #pragma once
 
-#include "Apps/measurements/ServerPayloads.h"
-#include "Apps/measurements/ServerProbe.h"
+#include "Apps/suite/ServerPayloads.h"
+#include "Apps/suite/ServerProbe.h"
 #include "Platform/Tests/PeerProcess.h"
 #include "Platform/Tests/RuntimeDirectory.h"
 #include "Platform/Tests/TemporaryDirectory.h"
@@ -22,8 +22,8 @@ inline std::string const Chart = KV_APPS_DATA "/chart24-lab-a.csv";
 
 /// Waits some time until the server can be reached, or cannot any more.
 inline void WaitUntil(bool isReachable) {
-    measurements::ServerProbe const probe;
-    for (int i = 0; i < 3000 && probe.IsReachable(measurements::ServerName) != isReachable; ++i) {
+    suite::ServerProbe const probe;
+    for (int i = 0; i < 3000 && probe.IsReachable(suite::ServerName) != isReachable; ++i) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
 }

@@ -1,8 +1,8 @@
 // HQMSERV as its clients see it: the real program, and a post office in this one.
 #include "Apps/Tests/HQMSERV/Desktop.h"
-#include "Apps/measurements/MeasurementFile.h"
-#include "Apps/measurements/ServerClient.h"
-#include "Apps/measurements/SuiteServices.h"
+#include "Apps/files/MeasurementFile.h"
+#include "Apps/suite/ServerClient.h"
+#include "Apps/suite/SuiteServices.h"
 #include "KVUtils/KVUtils.h"
 #include "Platform/Tests/TestSystem.h"
 
@@ -11,9 +11,9 @@ namespace hqmserv::test {
 namespace {
 
 using kv::MyMemoryBlock;
-using measurements::ServerClient;
-using measurements::ServerError;
-using measurements::ServerStatus;
+using suite::ServerClient;
+using suite::ServerError;
+using suite::ServerStatus;
 
 ServerClient::Settings NotAlone() {
     ServerClient::Settings settings;
@@ -40,17 +40,17 @@ class ServerTest : public testing::Test {
     static kv::PostOffice& Office() { return *kv::PostOffice::Instance(); }
 
     Desktop desktop;
-    measurements::SuiteServices services{"BENCH", "1"};
+    suite::SuiteServices services{"BENCH", "1"};
 };
 
 TEST_F(ServerTest, MeasuresAsAnInstrumentDoes) {
     ServerProgram server({Chart});
     {
         ServerClient client(NotAlone());
-        measurements::DeviceIdentity const device = client.Identify();
+        suite::DeviceIdentity const device = client.Identify();
         EXPECT_EQ(device.name + '/' + device.serialNumber + '/' + device.softwareVersion,
                   "Replay/R-24/0.1.0");
-        EXPECT_EQ(device.type, measurements::DeviceType::Spectrophotometer);
+        EXPECT_EQ(device.type, suite::DeviceType::Spectrophotometer);
         EXPECT_TRUE(client.IsReady());
 
         using Status = ServerStatus;
@@ -61,7 +61,7 @@ TEST_F(ServerTest, MeasuresAsAnInstrumentDoes) {
         EXPECT_EQ(client.BeginChart(), 24);
         EXPECT_EQ(client.Display(), "0/24 ready");
 
-        auto const chart = measurements::ReadMeasurementFile(Chart);
+        auto const chart = files::ReadMeasurementFile(Chart);
         for (long number = 1; number <= 24; ++number) {
             auto const patch = client.Measure();
             auto const& sample = chart.samples.at(static_cast<std::size_t>(number - 1));
@@ -163,7 +163,7 @@ TEST_F(ServerTest, ADeadClientLeavesNothingBehind) {
 }
 
 TEST(PayloadTest, APatchArrivesToTheLastBit) {
-    measurements::MeasuredPatch patch{70'000, "Grün ½", kv::Spectrum()};
+    suite::MeasuredPatch patch{70'000, "Grün ½", kv::Spectrum()};
     float const values[] = {0.0F, -0.0F, 1.0F, 0.1F, 1e-38F, 3.4e38F};
     for (int k = 0; k < kv::SpectralPoints; ++k) patch.spectrum[k] = values[k % 6];
     MyMemoryBlock block;
@@ -171,7 +171,7 @@ TEST(PayloadTest, APatchArrivesToTheLastBit) {
     kv::PostOffice::Encode(block);
     MyMemoryBlock const sent = block;
     kv::PostOffice::Decode(block);
-    auto const back = measurements::TakePatch(block);
+    auto const back = suite::TakePatch(block);
     ASSERT_TRUE(back);
     EXPECT_EQ(back->number, patch.number);
     EXPECT_EQ(back->name, patch.name);
@@ -185,16 +185,17 @@ TEST(PayloadTest, APatchArrivesToTheLastBit) {
     for (long length = 0; length < plain.Len(); ++length) {
         MyMemoryBlock cut;
         cut.Put(plain.GetDatenZeiger(), length);
-        EXPECT_FALSE(measurements::TakePatch(cut)) << length;
+        EXPECT_FALSE(suite::TakePatch(cut)) << length;
     }
 }
 
 TEST(PayloadTest, ConditionsArrive) {
-    measurements::StatedConditions conditions;
+    using suite::operator<<;
+    files::StatedConditions conditions;
     auto const back = [&conditions] {
         MyMemoryBlock block;
         block << conditions;
-        return measurements::TakeConditions(block);
+        return suite::TakeConditions(block);
     };
     EXPECT_FALSE(back().illuminant);
     EXPECT_FALSE(back().observer);

@@ -7,8 +7,8 @@ namespace kvcolor::test {
 
 namespace {
 
-measurements::MeasurementFile FileOf(std::vector<std::string> const& names) {
-    measurements::MeasurementFile file;
+files::MeasurementFile FileOf(std::vector<std::string> const& names) {
+    files::MeasurementFile file;
     file.path = "f.txt";
     for (std::string const& name : names) file.samples.push_back({name, {}, {}});
     return file;

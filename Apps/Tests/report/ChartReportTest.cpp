@@ -18,8 +18,8 @@ namespace report::test {
 
 namespace {
 
-using measurements::ColourSheet;
-using measurements::MeasurementFile;
+using evaluation::ColourSheet;
+using files::MeasurementFile;
 using sv::headless::DrawCall;
 using sv::headless::DrawKind;
 using sv::headless::HeadlessBackend;
@@ -80,7 +80,7 @@ class ChartReportTest : public testing::Test {
 
 TEST_F(ChartReportTest, OnePageTellsEverything) {
     ColourSheet sheet = Greys({0.8F, 0.5F, 0.45F, 0.49F}, "M1");
-    measurements::SheetConditions conditions = sheet.Conditions();
+    evaluation::SheetConditions conditions = sheet.Conditions();
     conditions.standard = 1;
     conditions.tolerances.difference = 6;
     conditions.tolerances.components[0] = 3;

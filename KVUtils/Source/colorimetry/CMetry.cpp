@@ -1,7 +1,7 @@
 #include "KVUtils/Source/colorimetry/CMetry.h"
 
-#include "KVUtils/Source/colorimetry/StandardFilters.h"
-#include "KVUtils/Source/metrics/StandardDensity.h"
+#include "KVUtils/Source/colorimetry/detail/StandardFilters.h"
+#include "KVUtils/Source/metrics/detail/StandardDensity.h"
 
 #include <cmath>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 #include "KVUtils/Source/colorimetry/CMetryFilter.h"
 
-#include "KVUtils/Source/colorimetry/StandardFilters.h"
+#include "KVUtils/Source/colorimetry/detail/StandardFilters.h"
 
 namespace kv {
 

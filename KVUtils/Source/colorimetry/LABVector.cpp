@@ -1,11 +1,11 @@
 #include "KVUtils/Source/colorimetry/LABVector.h"
 
 #include "KVUtils/Source/colorimetry/CMetry.h"
-#include "KVUtils/Source/colorimetry/CieLab.h"
 #include "KVUtils/Source/colorimetry/LCHmgVector.h"
-#include "KVUtils/Source/colorimetry/MgScale.h"
-#include "KVUtils/Source/colorimetry/Polar.h"
 #include "KVUtils/Source/colorimetry/XYZVector.h"
+#include "KVUtils/Source/colorimetry/detail/CieLab.h"
+#include "KVUtils/Source/colorimetry/detail/MgScale.h"
+#include "KVUtils/Source/colorimetry/detail/Polar.h"
 
 namespace kv {
 

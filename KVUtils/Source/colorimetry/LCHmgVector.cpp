@@ -1,8 +1,8 @@
 #include "KVUtils/Source/colorimetry/LCHmgVector.h"
 
 #include "KVUtils/Source/colorimetry/LABVector.h"
-#include "KVUtils/Source/colorimetry/MgScale.h"
-#include "KVUtils/Source/colorimetry/Polar.h"
+#include "KVUtils/Source/colorimetry/detail/MgScale.h"
+#include "KVUtils/Source/colorimetry/detail/Polar.h"
 
 namespace kv {
 

@@ -1,6 +1,6 @@
 #include "KVUtils/Source/colorimetry/Lichtart.h"
 
-#include "KVUtils/Source/colorimetry/IlluminantTables.h"
+#include "KVUtils/Source/colorimetry/detail/IlluminantTables.h"
 
 #include <optional>
 

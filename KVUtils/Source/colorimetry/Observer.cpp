@@ -1,6 +1,6 @@
 #include "KVUtils/Source/colorimetry/Observer.h"
 
-#include "KVUtils/Source/colorimetry/ObserverTables.h"
+#include "KVUtils/Source/colorimetry/detail/ObserverTables.h"
 #include "SV/core/Boxes.h"
 
 namespace kv {

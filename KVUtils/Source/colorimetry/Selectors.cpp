@@ -1,6 +1,6 @@
 #include "KVUtils/Source/colorimetry/Selectors.h"
 
-#include "KVUtils/Source/colorimetry/SelectorTexts.h"
+#include "KVUtils/Source/colorimetry/detail/SelectorTexts.h"
 #include "KVUtils/Source/frame/Language.h"
 
 #include <algorithm>

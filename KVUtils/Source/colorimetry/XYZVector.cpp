@@ -1,8 +1,8 @@
 #include "KVUtils/Source/colorimetry/XYZVector.h"
 
 #include "KVUtils/Source/colorimetry/CMetry.h"
-#include "KVUtils/Source/colorimetry/CieLab.h"
 #include "KVUtils/Source/colorimetry/LABVector.h"
+#include "KVUtils/Source/colorimetry/detail/CieLab.h"
 
 namespace kv {
 

@@ -1,6 +1,6 @@
 #include "KVUtils/Source/controls/KOBitmapButtonBar.h"
 
-#include "KVUtils/Source/controls/StandardButtons.h"
+#include "KVUtils/Source/controls/detail/StandardButtons.h"
 #include "KVUtils/Source/frame/TextSegment.h"
 #include "KVUtils/Source/resources/Resources.h"
 

@@ -1,8 +1,8 @@
 // KOBitmapButtonBar: buttons in a row or a column, and the buttons that the suite's windows share.
 #pragma once
 
-#include "KVUtils/Source/controls/ButtonBarLayout.h"
 #include "KVUtils/Source/controls/KOBitmapButton.h"
+#include "KVUtils/Source/controls/detail/ButtonBarLayout.h"
 #include "SV/core/Container.h"
 
 namespace kv {

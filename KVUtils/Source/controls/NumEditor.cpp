@@ -1,7 +1,7 @@
 #include "KVUtils/Source/controls/NumEditor.h"
 
-#include "KVUtils/Source/controls/NumberLadder.h"
-#include "KVUtils/Source/controls/NumberText.h"
+#include "KVUtils/Source/controls/detail/NumberLadder.h"
+#include "KVUtils/Source/controls/detail/NumberText.h"
 #include "SV/ui/Styles.h"
 
 #include <string>

@@ -1,8 +1,8 @@
 #include "KVUtils/Source/controls/TextFenster.h"
 
-#include "KVUtils/Source/controls/StandardButtons.h"
 #include "KVUtils/Source/controls/WINDOWPL.h"
-#include "KVUtils/Source/controls/WindowPlacement.h"
+#include "KVUtils/Source/controls/detail/StandardButtons.h"
+#include "KVUtils/Source/controls/detail/WindowPlacement.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "KVUtils/Source/printing/MyPrinter.h"
 #include "SV/core/Application.h"

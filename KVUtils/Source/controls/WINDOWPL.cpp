@@ -1,6 +1,6 @@
 #include "KVUtils/Source/controls/WINDOWPL.h"
 
-#include "KVUtils/Source/controls/WindowPlacement.h"
+#include "KVUtils/Source/controls/detail/WindowPlacement.h"
 #include "KVUtils/Source/frame/Check.h"
 #include "SV/ui/Backend.h"
 #include "SV/ui/Styles.h"

@@ -3,8 +3,8 @@
 // order of the file: what fails stays on its line, so that the line can be tried again as something else.
 #pragma once
 
-#include "KVUtils/Source/data/DataLine.h"
 #include "KVUtils/Source/data/MyStringList.h"
+#include "KVUtils/Source/data/detail/DataLine.h"
 #include "SV/core/String.h"
 
 #include <iosfwd>

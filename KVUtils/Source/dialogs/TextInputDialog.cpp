@@ -1,8 +1,8 @@
 #include "KVUtils/Source/dialogs/TextInputDialog.h"
 
-#include "KVUtils/Source/controls/StandardButtons.h"
 #include "KVUtils/Source/controls/WINDOWPL.h"
-#include "KVUtils/Source/controls/WindowPlacement.h"
+#include "KVUtils/Source/controls/detail/StandardButtons.h"
+#include "KVUtils/Source/controls/detail/WindowPlacement.h"
 #include "SV/ui/Styles.h"
 
 namespace kv {

@@ -1,8 +1,8 @@
 #include "KVUtils/Source/dialogs/WaitVisualizer.h"
 
-#include "KVUtils/Source/controls/StandardButtons.h"
 #include "KVUtils/Source/controls/WINDOWPL.h"
-#include "KVUtils/Source/controls/WindowPlacement.h"
+#include "KVUtils/Source/controls/detail/StandardButtons.h"
+#include "KVUtils/Source/controls/detail/WindowPlacement.h"
 #include "KVUtils/Source/resources/Resources.h"
 #include "SV/core/Application.h"
 #include "SV/ui/Styles.h"

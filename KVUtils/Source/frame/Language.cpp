@@ -1,10 +1,10 @@
 #include "KVUtils/Source/frame/Language.h"
 
-#include "KVUtils/Source/frame/LanguageTable.h"
 #include "KVUtils/Source/frame/WinIni.h"
+#include "KVUtils/Source/frame/detail/LanguageTable.h"
 #include "SV/core/DirEntry.h"
 #include "SV/core/International.h"
-#include "SV/core/TextPage.h"
+#include "SV/core/detail/TextPage.h"
 
 #include <algorithm>
 #include <array>

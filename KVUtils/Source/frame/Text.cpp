@@ -1,6 +1,6 @@
 #include "KVUtils/Source/frame/Text.h"
 
-#include "KVUtils/Source/frame/TextFile.h"
+#include "KVUtils/Source/frame/detail/TextFile.h"
 #include "SV/core/Boxes.h"
 #include "SV/core/NativePath.h"
 

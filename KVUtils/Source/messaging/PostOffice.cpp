@@ -1,7 +1,7 @@
 #include "KVUtils/Source/messaging/PostOffice.h"
 
 #include "KVUtils/Source/controls/RegisterTopWindow.h"
-#include "KVUtils/Source/messaging/MessageWire.h"
+#include "KVUtils/Source/messaging/detail/MessageWire.h"
 #include "SV/core/Application.h"
 #include "SV/ui/Window.h"
 

@@ -1,8 +1,8 @@
 // What becomes of a message that came in: the messages of the protocol itself, the locks, the queue.
 #include "KVUtils/Source/controls/RegisterTopWindow.h"
 #include "KVUtils/Source/frame/Language.h"
-#include "KVUtils/Source/messaging/MessageWire.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
+#include "KVUtils/Source/messaging/detail/MessageWire.h"
 #include "SV/core/Application.h"
 #include "SV/core/Boxes.h"
 #include "SV/ui/Window.h"

@@ -1,7 +1,7 @@
 #include "KVUtils/Source/metrics/ColorConverter.h"
 
 #include "KVUtils/Source/frame/TextSegment.h"
-#include "KVUtils/Source/metrics/ColourNameTable.h"
+#include "KVUtils/Source/metrics/detail/ColourNameTable.h"
 #include "SV/ui/VirtualDevice.h"
 
 #include <cmath>

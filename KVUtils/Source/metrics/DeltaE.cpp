@@ -1,9 +1,9 @@
 #include "KVUtils/Source/metrics/DeltaE.h"
 
-#include "KVUtils/Source/colorimetry/Angles.h"
 #include "KVUtils/Source/colorimetry/CMetry.h"
 #include "KVUtils/Source/colorimetry/LCHmgVector.h"
 #include "KVUtils/Source/colorimetry/dLCHVector.h"
+#include "KVUtils/Source/colorimetry/detail/Angles.h"
 
 #include <cmath>
 

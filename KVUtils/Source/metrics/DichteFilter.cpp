@@ -1,6 +1,6 @@
 #include "KVUtils/Source/metrics/DichteFilter.h"
 
-#include "KVUtils/Source/metrics/StandardDensity.h"
+#include "KVUtils/Source/metrics/detail/StandardDensity.h"
 
 namespace kv {
 

@@ -3,7 +3,7 @@
 #include "KVUtils/Source/colorimetry/CMetry.h"
 #include "KVUtils/Source/colorimetry/LABVector.h"
 #include "KVUtils/Source/colorimetry/XYZVector.h"
-#include "KVUtils/Source/metrics/DisplayMatrix.h"
+#include "KVUtils/Source/metrics/detail/DisplayMatrix.h"
 
 namespace kv {
 

@@ -1,6 +1,6 @@
 #include "KVUtils/Source/plots/GraficWindow.h"
 
-#include "KVUtils/Source/plots/PlotGeometry.h"
+#include "KVUtils/Source/plots/detail/PlotGeometry.h"
 #include "SV/ui/Styles.h"
 
 #include <cmath>

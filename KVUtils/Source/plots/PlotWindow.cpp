@@ -1,7 +1,7 @@
 #include "KVUtils/Source/plots/PlotWindow.h"
 
-#include "KVUtils/Source/plots/AutoScale.h"
-#include "KVUtils/Source/plots/PlotGeometry.h"
+#include "KVUtils/Source/plots/detail/AutoScale.h"
+#include "KVUtils/Source/plots/detail/PlotGeometry.h"
 
 #include <utility>
 

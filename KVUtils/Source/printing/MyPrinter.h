@@ -12,7 +12,7 @@
 
 #include "KVUtils/Source/frame/KVSingleton.h"
 #include "KVUtils/Source/frame/TextSegment.h"
-#include "KVUtils/Source/printing/PageLayout.h"
+#include "KVUtils/Source/printing/detail/PageLayout.h"
 #include "SV/ui/Printer.h"
 
 #include <memory>

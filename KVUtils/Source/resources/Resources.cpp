@@ -1,6 +1,6 @@
 #include "KVUtils/Source/resources/Resources.h"
 
-#include "KVUtils/Source/resources/Bitmaps.h"
+#include "KVUtils/Source/resources/detail/Bitmaps.h"
 
 #include <algorithm>
 

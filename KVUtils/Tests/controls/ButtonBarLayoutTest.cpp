@@ -1,4 +1,4 @@
-#include "KVUtils/Source/controls/ButtonBarLayout.h"
+#include "KVUtils/Source/controls/detail/ButtonBarLayout.h"
 #include "KVUtils/Tests/TestSupport.h"
 
 namespace kv::test {

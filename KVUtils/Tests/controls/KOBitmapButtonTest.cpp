@@ -1,7 +1,7 @@
 #include "KVUtils/Source/controls/KOBitmapButton.h"
 #include "KVUtils/Source/controls/KOBitmapButtonBar.h"
-#include "KVUtils/Source/controls/StandardButtons.h"
 #include "KVUtils/Source/controls/WINDOWPL.h"
+#include "KVUtils/Source/controls/detail/StandardButtons.h"
 #include "KVUtils/Source/resources/Resources.h"
 #include "KVUtils/Tests/TestSupport.h"
 #include "KVUtils/Tests/frame/FrameSupport.h"

@@ -1,4 +1,4 @@
-#include "KVUtils/Source/controls/NumberLadder.h"
+#include "KVUtils/Source/controls/detail/NumberLadder.h"
 #include "KVUtils/Tests/TestSupport.h"
 
 #include <limits>

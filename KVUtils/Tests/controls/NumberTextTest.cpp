@@ -1,4 +1,4 @@
-#include "KVUtils/Source/controls/NumberText.h"
+#include "KVUtils/Source/controls/detail/NumberText.h"
 #include "KVUtils/Tests/TestSupport.h"
 
 #include <limits>

@@ -1,4 +1,4 @@
-#include "KVUtils/Source/controls/StandardButtons.h"
+#include "KVUtils/Source/controls/detail/StandardButtons.h"
 #include "KVUtils/Tests/TestSupport.h"
 
 #include <algorithm>

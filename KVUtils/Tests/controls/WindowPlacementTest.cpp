@@ -1,4 +1,4 @@
-#include "KVUtils/Source/controls/WindowPlacement.h"
+#include "KVUtils/Source/controls/detail/WindowPlacement.h"
 #include "KVUtils/Tests/TestSupport.h"
 
 namespace kv::test {

@@ -1,4 +1,4 @@
-#include "KVUtils/Source/data/DataLine.h"
+#include "KVUtils/Source/data/detail/DataLine.h"
 #include "SV/core/String.h"
 
 #include <climits>

@@ -1,7 +1,7 @@
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Tests/frame/FrameSupport.h"
 #include "SV/core/International.h"
-#include "SV/core/TextPage.h"
+#include "SV/core/detail/TextPage.h"
 
 #include <clocale>
 

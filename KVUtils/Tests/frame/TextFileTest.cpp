@@ -1,4 +1,4 @@
-#include "KVUtils/Source/frame/TextFile.h"
+#include "KVUtils/Source/frame/detail/TextFile.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "KVUtils/Source/messaging/MessageWire.h"
+#include "KVUtils/Source/messaging/detail/MessageWire.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "KVUtils/Source/metrics/DisplayMatrix.h"
+#include "KVUtils/Source/metrics/detail/DisplayMatrix.h"
 #include "KVUtils/Tests/TestSupport.h"
 
 #include <algorithm>

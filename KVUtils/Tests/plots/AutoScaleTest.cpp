@@ -1,4 +1,4 @@
-#include "KVUtils/Source/plots/AutoScale.h"
+#include "KVUtils/Source/plots/detail/AutoScale.h"
 #include "KVUtils/Tests/TestSupport.h"
 
 #include <limits>

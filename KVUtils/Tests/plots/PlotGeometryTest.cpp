@@ -1,4 +1,4 @@
-#include "KVUtils/Source/plots/PlotGeometry.h"
+#include "KVUtils/Source/plots/detail/PlotGeometry.h"
 #include "KVUtils/Tests/TestSupport.h"
 
 #include <limits>

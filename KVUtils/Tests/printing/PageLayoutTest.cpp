@@ -1,4 +1,4 @@
-#include "KVUtils/Source/printing/PageLayout.h"
+#include "KVUtils/Source/printing/detail/PageLayout.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // What waits in loops of its own while a person goes on: buttons with their help, and the text window.
 #include "KVUtils/Source/controls/KOBitmapButton.h"
 #include "KVUtils/Source/controls/KOBitmapButtonBar.h"
-#include "KVUtils/Source/controls/StandardButtons.h"
 #include "KVUtils/Source/controls/TextFenster.h"
 #include "KVUtils/Source/controls/WINDOWPL.h"
+#include "KVUtils/Source/controls/detail/StandardButtons.h"
 #include "KVUtils/Source/dialogs/WaitVisualizer.h"
 #include "SV/Tests/qt/QtFixture.h"
 

@@ -1,4 +1,4 @@
-#include "KVUtils/Source/controls/ButtonTables.h"
+#include "KVUtils/Source/controls/detail/ButtonTables.h"
 #include "KVUtils/Source/resources/Resources.h"
 #include "KVUtils/Tests/TestSupport.h"
 

@@ -1,4 +1,4 @@
-#include "SV/core/Encoding.h"
+#include "SV/core/detail/Encoding.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "SV/core/IniText.h"
+#include "SV/core/detail/IniText.h"
 
 #include <gtest/gtest.h>
 

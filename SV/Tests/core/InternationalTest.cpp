@@ -1,6 +1,6 @@
 #include "Platform/Locale.h"
-#include "SV/core/Encoding.h"
 #include "SV/core/International.h"
+#include "SV/core/detail/Encoding.h"
 
 #include <gtest/gtest.h>
 

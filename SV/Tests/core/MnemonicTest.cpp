@@ -1,5 +1,5 @@
 #include "SV/core/Mnemonic.h"
-#include "SV/core/TextPage.h"
+#include "SV/core/detail/TextPage.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "SV/core/Application.h"
-#include "SV/core/TextPage.h"
+#include "SV/core/detail/TextPage.h"
 #include "SV/qt/QtWindow.h"
 #include "SV/ui/Controls.h"
 

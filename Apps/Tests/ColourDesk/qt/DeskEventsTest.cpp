@@ -1,7 +1,7 @@
 // The window of ColourDesk by real keys and clicks, and a chart through the real measuring server.
 #include "Apps/Tests/ColourDesk/DeskFixture.h"
 #include "Apps/Tests/HQMSERV/Desktop.h"
-#include "Apps/measurements/SuiteServices.h"
+#include "Apps/suite/SuiteServices.h"
 #include "SV/Tests/qt/QtFixture.h"
 
 #include <QAbstractButton>
@@ -130,7 +130,7 @@ TEST_F(DeskEventsTest, GrowsWithItsWindow) {
 class DeskMeasuringTest : public testing::Test {
   protected:
     hqmserv::test::Desktop desktop;
-    measurements::SuiteServices services{"ColourDesk", "1.0", 1};
+    suite::SuiteServices services{"ColourDesk", "1.0", 1};
 };
 
 TEST_F(DeskMeasuringTest, MeasuresAChartAndAsksBeforeItIsLost) {

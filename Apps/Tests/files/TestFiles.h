@@ -1,0 +1,107 @@
+// Small measurement files for the tests, put together from the parts in which they differ.
+#pragma once
+
+#include "Apps/files/MeasurementFile.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace files::test {
+
+/// Wavelengths of a file, in the order of its columns.
+struct Range {
+    int first = 380;
+    int last = 730;
+    int step = 10;
+};
+
+/// `item` once for each wavelength, every "#" in it being the wavelength; joined by `separator`.
+inline std::string Repeat(std::string_view item, std::string_view separator, Range const& range = {}) {
+    std::string text;
+    for (int nm = range.first; nm != range.last + range.step; nm += range.step) {
+        if (nm != range.first) text += separator;
+        for (char const c : item) text += c == '#' ? std::to_string(nm) : std::string(1, c);
+    }
+    return text;
+}
+
+/// A CGATS file of these header lines, fields and rows; each ends its own lines.
+inline std::string Cgats(std::string const& header, std::string const& fields, std::string const& rows) {
+    return header + "BEGIN_DATA_FORMAT\n" + fields + "\nEND_DATA_FORMAT\nBEGIN_DATA\n" + rows + "END_DATA\n";
+}
+
+/// One sample "1" whose values are all `value`, with the header that is to be looked at.
+inline std::string CgatsWithHeader(std::string const& header, std::string_view value = "0.5") {
+    return Cgats(header, "SampleID " + Repeat("SPECTRAL_NM#", " "), "1 " + Repeat(value, " ") + "\n");
+}
+
+/// Replaces every `from`.
+inline std::string Replaced(std::string text, std::string_view from, std::string_view to) {
+    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
+        text.replace(at, from.size(), to);
+    }
+    return text;
+}
+
+/// What is said when the call fails as it must; "accepted" if it does not.
+template <class Error = ReadError, class Call>
+std::string FailureOf(Call call) {
+    try {
+        call();
+    } catch (Error const& error) {
+        return error.what();
+    }
+    return "accepted";
+}
+
+/// What the reader says of a file that it must refuse; "accepted" if it does not.
+inline std::string Refusal(std::string_view bytes) {
+    return FailureOf([&] { static_cast<void>(ParseMeasurements(bytes, "file")); });
+}
+
+/// One file as a dialect writes it.
+struct Dialect {
+    char const* what;
+    std::string bytes;
+};
+
+/// The file in each dialect: two samples "a b" and "c" of 0.25, but 0.75 at 730 nm. `check` sees the rest.
+template <class Check>
+void ExpectTheSameOfAll(std::vector<Dialect> const& dialects, Check check) {
+    for (auto const& [what, bytes] : dialects) {
+        SCOPED_TRACE(what);
+        ASSERT_EQ(Refusal(bytes), "accepted");
+        MeasurementFile const file = ParseMeasurements(bytes, "file");
+        ASSERT_EQ(file.samples.size(), 2U);
+        EXPECT_EQ(file.samples[0].name, "a b");
+        EXPECT_EQ(file.samples[1].name, "c");
+        for (Sample const& sample : file.samples) {
+            EXPECT_EQ(sample.spectrum[0], 0.25F);
+            EXPECT_EQ(sample.spectrum[34], 0.25F);
+            EXPECT_EQ(sample.spectrum[35], 0.75F);
+        }
+        check(file);
+    }
+}
+
+/// A file that cannot be read, and what is said of it.
+struct Refused {
+    std::string bytes;
+    std::string message;
+};
+
+inline void ExpectRefusals(std::vector<Refused> const& files) {
+    for (auto const& [bytes, message] : files) EXPECT_EQ(Refusal(bytes), message);
+}
+
+/// All notes, a line each.
+inline std::string Notes(MeasurementFile const& file) {
+    std::string notes;
+    for (std::string const& note : file.notes) notes += note + "\n";
+    return notes;
+}
+
+}  // namespace files::test

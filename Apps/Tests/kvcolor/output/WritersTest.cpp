@@ -1,0 +1,167 @@
+#include "Apps/Tests/kvcolor/Program.h"
+#include "Apps/kvcolor/output/Numbers.h"
+#include "Apps/kvcolor/output/TableLayout.h"
+#include "Apps/kvcolor/output/Text.h"
+#include "Apps/kvcolor/output/Writers.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace kvcolor::test {
+
+namespace {
+
+Report ReportOf(std::vector<Column> columns, std::vector<Row> rows) {
+    return {"test", {{"file", "f.txt"}}, {{"samples", std::move(columns), std::move(rows)}}};
+}
+
+/// The cells of a CSV line without quotes.
+std::vector<std::string> CellsOf(std::string line) {
+    if (line.ends_with('\r')) line.pop_back();
+    std::vector<std::string> cells;
+    for (std::string_view const cell : Split(line, ',')) cells.emplace_back(cell);
+    return cells;
+}
+
+}  // namespace
+
+TEST(WritersTest, TheThreeFormsAgree) {
+    for (Arguments const& command : std::vector<Arguments>{
+             {"convert", InkSeries},
+             {"density", InkSeries, "--paper", "0", "--solid", "100"},
+             {"difference", InkSeries, "--standard", "50"},
+             {"metamerism", InkSeries, "--standard", "50", "--test", "F2", "--test", "A"},
+             {"strength", InkSeries, "--paper", "0", "--solid", "100", "--model", "all"}}) {
+        auto const run = [&](std::string const& format) {
+            Arguments arguments = command;
+            arguments.insert(arguments.end(), {"--format", format, "--quiet"});
+            return RunProgram(arguments).out;
+        };
+        auto const csv = LinesOf(run("csv"));
+        auto const json = nlohmann::ordered_json::parse(run("json"))["samples"];
+        auto const table = LinesOf(run("table"));
+        auto const head = std::ranges::find(table, "") - table.begin() + 1;
+        auto const keys = CellsOf(csv[0]);
+        ASSERT_EQ(csv.size(), json.size() + 1);
+        for (std::size_t i = 0; i < json.size(); ++i) {
+            auto const cells = CellsOf(csv[i + 1]);
+            std::istringstream shown(table.at(static_cast<std::size_t>(head) + 1 + i));
+            for (std::size_t k = 0; k < json[i].size(); ++k) {
+                auto const& value = json[i][keys[k]];
+                std::string text;
+                shown >> text;
+                if (value.is_string()) {
+                    EXPECT_EQ(cells[k], value);
+                    EXPECT_EQ(text, value);
+                    continue;
+                }
+                float number = 0;
+                std::from_chars(cells[k].data(), cells[k].data() + cells[k].size(), number);
+                EXPECT_EQ(number, value.get<float>()) << keys[k];
+                std::size_t const point = text.find('.');
+                int const decimals =
+                    point == std::string::npos ? 0 : static_cast<int>(text.size() - point) - 1;
+                EXPECT_EQ(text, Fixed(number, decimals)) << keys[k];
+                EXPECT_TRUE(decimals > 0 || keys[k].starts_with("nm_"));
+            }
+        }
+    }
+}
+
+TEST(WritersTest, TablesFitAHundredColumns) {
+    std::string const longName =
+        "ein sehr langer Name f\u00FCr ein Feld, wie ihn nur Werkzeuge schreiben, Nummer ";
+    std::string const path =
+        WriteFile("names.txt", {{longName + '1', "0.0"}, {longName + '2', "1.3"}, {"\u65E5", "0.5"}});
+    Arguments lights = {"metamerism", path, "--standard", "#3"};
+    for (int i = 40; i < 64; ++i) lights.insert(lights.end(), {"--test", "D" + std::to_string(i)});
+    for (Arguments const& command :
+         std::vector<Arguments>{{"convert", path},
+                                {"convert", ChartA},
+                                {"difference", path, "--standard", "#1"},
+                                {"difference", ChartA, "--standard", ChartB},
+                                {"density", path, "--all", "--paper", "#2", "--solid", "#3"},
+                                {"strength", path, "--paper", "#2", "--solid", "#3"},
+                                {"illuminants"},
+                                lights}) {
+        for (bool const isTerminal : {false, true}) {
+            std::ostringstream out;
+            std::ostringstream err;
+            auto const variable = [](char const* name) {
+                return std::string(name) == "COLORTERM" ? std::string("truecolor") : std::string();
+            };
+            Environment const environment{
+                .out = out, .err = err, .outIsTerminal = isTerminal, .variable = variable};
+            ASSERT_EQ(kvcolor::Run(command, environment), 0) << err.str();
+            for (std::string line : LinesOf(out.str())) {
+                // A swatch is two columns wide, whatever its escape sequences.
+                if (line.starts_with("\x1B[48")) line = "  " + line.substr(line.find("\x1B[0m") + 4);
+                EXPECT_LE(Width(line), MaxLineWidth) << line;
+                EXPECT_FALSE(line.ends_with(' ')) << line;
+            }
+        }
+    }
+}
+
+TEST(WritersTest, LayoutCutsTextsThenFolds) {
+    Table table{"samples", {TextColumn("name", "name")}, {{{std::string(60, 'n')}, std::nullopt}}};
+    auto const addNumbers = [&](int count) {
+        for (int i = 0; i < count; ++i) {
+            table.columns.push_back(NumberColumn("k", "number"));
+            table.rows[0].cells.emplace_back(1.0F);
+        }
+    };
+    addNumbers(5);
+    auto blocks = LayOut(table, 100);
+    ASSERT_EQ(blocks.size(), 1U);
+    EXPECT_EQ(blocks[0].widths, (std::vector<std::size_t>{60, 6, 6, 6, 6, 6}));
+    addNumbers(5);
+    blocks = LayOut(table, 100);
+    ASSERT_EQ(blocks.size(), 1U);
+    EXPECT_EQ(blocks[0].widths[0], 30U);
+    addNumbers(5);
+    blocks = LayOut(table, 100);
+    ASSERT_EQ(blocks.size(), 2U);
+    EXPECT_EQ(blocks[0].columns.size(), 14U);
+    EXPECT_EQ(blocks[1].columns, (std::vector<std::size_t>{0, 14, 15}));
+}
+
+TEST(WritersTest, CsvQuotesAndLeavesOutWhatIsNotFinite) {
+    Report const report = ReportOf(
+        {TextColumn("name", "n"), NumberColumn("v", "v"), NumberColumn("w, x", "w")},
+        {{{"a \"b\", c", 0.1F, std::nanf("")}, std::nullopt}, {{"d\ne", 1e-7F, Cell()}, std::nullopt}});
+    EXPECT_EQ(WriteCsv(report),
+              "name,v,\"w, x\",file\r\n"
+              "\"a \"\"b\"\", c\",0.1,,f.txt\r\n"
+              "\"d\ne\",1e-07,,f.txt\r\n");
+}
+
+TEST(WritersTest, JsonHasShortNumbersNullsAndValidText) {
+    Report const report =
+        ReportOf({TextColumn("name", "n"), NumberColumn("v", "v"), NumberColumn("nm", "nm", 0)},
+                 {{{"a\xFF", 0.1F, 620.0F}, std::nullopt},
+                  {{"b", std::numeric_limits<float>::infinity(), Cell()}, std::nullopt}});
+    std::string const text = WriteJson(report);
+    EXPECT_NE(text.find("\"v\": 0.1,"), std::string::npos);
+    EXPECT_NE(text.find("\"nm\": 620\n"), std::string::npos);
+    auto const json = nlohmann::json::parse(text);
+    EXPECT_EQ(json["samples"][0]["name"], "a\uFFFD");
+    EXPECT_TRUE(json["samples"][1]["v"].is_null());
+    EXPECT_TRUE(json["samples"][1]["nm"].is_null());
+}
+
+TEST(WritersTest, TextsAreCutByCodePointAndMadeHarmless) {
+    EXPECT_EQ(Cut("gr\u00FCngelb", 8), "gr\u00FCngelb");
+    EXPECT_EQ(Cut("gr\u00FCngelb", 4), "gr\u00FC\u2026");
+    EXPECT_EQ(Cut("\u65E5\u672C\u8A9E", 2), "\u65E5\u2026");
+    EXPECT_EQ(Printable("a\x1B[2J\tb\x7F"),
+              "a\uFFFD[2J\uFFFD"
+              "b\uFFFD");
+    // A lone continuation, an overlong form, a surrogate, C1, beyond the range, a cut end.
+    EXPECT_EQ(Printable("\x80|\xC0\xAF|\xED\xA0\x80|\xC2\x9B|\xF4\x90\x80\x80|\xE6\x97"),
+              "\uFFFD|\uFFFD\uFFFD|\uFFFD\uFFFD\uFFFD|\uFFFD|\uFFFD\uFFFD\uFFFD\uFFFD|\uFFFD\uFFFD");
+    EXPECT_EQ(Printable("\U0001F3A8 \u65E5"), "\U0001F3A8 \u65E5");
+}
+
+}  // namespace kvcolor::test

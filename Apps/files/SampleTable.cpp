@@ -1,0 +1,128 @@
+#include "Apps/files/SampleTable.h"
+
+#include "Apps/files/Quotes.h"
+#include "Apps/files/Text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace files {
+
+namespace {
+
+bool AreDistinct(std::vector<std::string> const& names) {
+    std::vector<std::string_view> sorted(names.begin(), names.end());
+    std::ranges::sort(sorted);
+    return !sorted.empty() && !sorted.front().empty() && std::ranges::adjacent_find(sorted) == sorted.end();
+}
+
+}  // namespace
+
+SampleTable::SampleTable(std::vector<std::string> names, Dialect dialect, Place const& head)
+    : names_(std::move(names)), columns_(FindColumns(names_, dialect, head)) {
+    if (names_.size() > MaxColumns) {
+        Fail(head, std::to_string(names_.size()) + " columns", "at most " + std::to_string(MaxColumns));
+    }
+    for (SpectralPair const& pair : columns_.pairs) valueColumns_.push_back(pair.value);
+    for (SpectralColumn const& column : columns_.spectral) valueColumns_.push_back(column.column);
+    if (columns_.pairs.empty()) grid_ = MakeGrid(columns_.spectral, head);
+}
+
+std::string SampleTable::ColumnName(std::size_t column) const {
+    return "column " + std::to_string(column + 1) + " (" + Excerpt(names_[column]) + ")";
+}
+
+double SampleTable::Number(std::span<std::string_view const> cells, std::size_t column, Place const& place) {
+    return numbers_.Read(cells[column], place, [&] { return ColumnName(column); });
+}
+
+void SampleTable::CheckWavelengths(std::span<std::string_view const> cells, Place const& place) {
+    for (std::size_t k = 0; k < columns_.pairs.size(); ++k) {
+        SpectralPair const& pair = columns_.pairs[k];
+        double const nm = Number(cells, pair.nm, place);
+        if (nm < ShortestWavelength || nm > LongestWavelength) {
+            Fail(place, ToText(nm) + " in " + ColumnName(pair.nm), "a wavelength in nm");
+        }
+        if (!grid_) {
+            rowWavelengths_.push_back({nm, pair.value});
+        } else if (nm != rowWavelengths_[k].nm) {
+            Fail(place, ToText(nm) + " nm in " + ColumnName(pair.nm),
+                 ToText(rowWavelengths_[k].nm) + " nm as in the first row");
+        }
+    }
+    if (!grid_) grid_ = MakeGrid(rowWavelengths_, place);
+}
+
+void SampleTable::AddLab(std::span<std::string_view const> cells, Place const& place) {
+    std::array<std::size_t, 3> const& columns = *columns_.lab;
+    bool const isEmpty =
+        std::ranges::all_of(columns, [&](auto c) { return WithoutQuotes(cells[c]).empty(); });
+    if (isEmpty) return;
+    // Far outside of all colours, and well inside what a float holds.
+    constexpr double Furthest = 1000;
+    std::array<double, 3> lab{};
+    for (std::size_t k = 0; k < lab.size(); ++k) {
+        lab[k] = Number(cells, columns[k], place);
+        if (lab[k] < -Furthest || lab[k] > Furthest) {
+            Fail(place, ToText(lab[k]) + " in " + ColumnName(columns[k]), "a value of L*a*b*");
+        }
+    }
+    labs_.back() = lab;
+}
+
+void SampleTable::AddRow(std::span<std::string_view const> cells, Place const& place) {
+    if (Rows() == MaxSamples) {
+        Fail(place, "more than " + std::to_string(MaxSamples) + " samples", "at most that");
+    }
+    if (!columns_.pairs.empty()) CheckWavelengths(cells, place);
+    spectra_.emplace_back().line = place.line;
+    std::vector<double>& row = rowValues_;
+    row.resize(Width());
+    // Columns that the grid leaves out must be numbers too: a row with one that is not has slipped or is
+    // damaged.
+    for (std::size_t const column : valueColumns_) row[column] = Number(cells, column, place);
+    for (std::size_t point = 0; point < grid_->columns.size(); ++point) {
+        spectra_.back().values[point] = row[grid_->columns[point]];
+    }
+    labs_.emplace_back();
+    if (columns_.lab) AddLab(cells, place);
+    if (columns_.name) sampleNames_.push_back(ToUtf8(Unquoted(cells[*columns_.name])));
+    if (columns_.id) sampleIds_.push_back(ToUtf8(Unquoted(cells[*columns_.id])));
+}
+
+void SampleTable::NameSamples(MeasurementFile& file) {
+    bool const takesId =
+        columns_.id && !AreDistinct(sampleNames_) && (!columns_.name || AreDistinct(sampleIds_));
+    auto const column = takesId ? columns_.id : columns_.name;
+    if (!column) {
+        file.notes.emplace_back("samples numbered, as no column names them");
+    } else {
+        std::vector<std::string> const& chosen = takesId ? sampleIds_ : sampleNames_;
+        file.notes.push_back("sample names from " + ColumnName(*column) +
+                             (AreDistinct(chosen) ? "" : ", not all different"));
+        for (std::size_t k = 0; k < chosen.size(); ++k) file.samples[k].name = chosen[k];
+    }
+    std::size_t number = 0;
+    for (Sample& sample : file.samples) {
+        ++number;
+        if (sample.name.empty()) sample.name = std::to_string(number);
+    }
+}
+
+void SampleTable::Finish(MeasurementFile& file, std::optional<StatedScale> const& stated) {
+    file.notes.push_back(grid_->note);
+    double const divisor =
+        FindDivisor(spectra_, *grid_, columns_.scale ? columns_.scale : stated, file.path, file.notes);
+    if (numbers_.HasCommas()) file.notes.emplace_back("numbers with decimal commas");
+    for (std::size_t k = 0; k < spectra_.size(); ++k) {
+        Sample& sample = file.samples.emplace_back();
+        sample.lab = labs_[k];
+        int point = 0;
+        for (double const value : spectra_[k].values) {
+            sample.spectrum[point++] = static_cast<float>(value / divisor);
+        }
+    }
+    NameSamples(file);
+}
+
+}  // namespace files

@@ -1,0 +1,202 @@
+#include "Apps/kvcolor/Conditions.h"
+#include "Apps/kvcolor/InputError.h"
+#include "Apps/kvcolor/SampleNames.h"
+#include "Apps/kvcolor/Session.h"
+#include "Apps/kvcolor/commands/Commands.h"
+#include "Apps/kvcolor/output/Numbers.h"
+#include "Apps/kvcolor/output/Progress.h"
+#include "KVUtils/KVUtils.h"
+
+#include <CLI/CLI.hpp>
+
+#include <array>
+#include <memory>
+#include <optional>
+
+namespace kvcolor {
+
+namespace {
+
+using files::MeasurementFile;
+using files::Sample;
+
+constexpr int Channels = 4;
+constexpr std::array<char const*, Channels> ChannelNames = {"visual", "red", "green", "blue"};
+
+struct DensityOptions {
+    std::vector<std::string> standards;
+    bool allStandards = false;
+    std::string paper;
+    std::string solid;
+    std::string filter = "auto";
+};
+
+/// The samples that densities and dot areas are relative to.
+struct References {
+    Sample const* paper = nullptr;
+    Sample const* solid = nullptr;
+};
+
+/// What is measured with: a standard and, for dot areas, a filter of it.
+struct Densitometer {
+    kv::DStdClass standard;
+    std::optional<int> areaFilter;
+};
+
+std::vector<kv::DStdClass> StandardsOf(DensityOptions const& options) {
+    std::vector<kv::DStdClass> standards;
+    if (options.allStandards) {
+        for (kv::DStdType const type : DensityStandards()) standards.emplace_back(type);
+    }
+    for (std::string const& name : options.standards) standards.push_back(ParseDensityStandard(name));
+    if (standards.empty()) standards.emplace_back(kv::DStdType::AnsiT);
+    return standards;
+}
+
+/// None for "auto".
+std::optional<int> ParseFilterIndex(std::string const& text) {
+    if (text == "auto") return std::nullopt;
+    auto const index = ParseWhole(text);
+    if (index && *index < Channels) return index;
+    throw Unusable("no density filter \"" + text +
+                   "\": there are auto, 0 (visual), 1 (red), 2 (green), 3 (blue)");
+}
+
+References FindReferences(Session& session, DensityOptions const& options, MeasurementFile const& file) {
+    auto const find = [&](std::string const& name) -> Sample const* {
+        return name.empty() ? nullptr : &file.samples[FindSample(file, name, session.GetMessages())];
+    };
+    return {find(options.paper), find(options.solid)};
+}
+
+/// Puts a standard in force, and the paper with it: its responses belong to the standard's filters.
+void Use(kv::DStdClass const& standard, Sample const* paper) {
+    kv::CMetry::SetDensityStandard(standard);
+    kv::CMetry::EnterWhite(paper != nullptr ? paper->spectrum : kv::Spectrum());
+}
+
+/// The densitometer of a standard, with what there is to say of its choice.
+Densitometer Prepare(Session& session, References const& references, kv::DStdClass const& standard,
+                     std::optional<int> filter) {
+    Use(standard, references.paper);
+    if (!HasColourFilters(standard)) {
+        session.GetMessages().Note(NameOf(standard) + " has the visual filter only");
+        if (filter && *filter > 0)
+            throw Unusable(NameOf(standard) + " has no filter " + std::to_string(*filter));
+    }
+    Densitometer densitometer{standard, std::nullopt};
+    if (references.solid == nullptr) return densitometer;
+
+    kv::Spectrum const& solid = references.solid->spectrum;
+    int const index = filter ? *filter : kv::DensityVector(solid, true).AutoFilter();
+    if (kv::Phi(index, solid, solid).GetDenominator() > 0) {
+        densitometer.areaFilter = index;
+    } else {
+        session.GetMessages().Warn("solid \"" + references.solid->name +
+                                   "\" is not darker than the paper for the " +
+                                   ChannelNames.at(static_cast<std::size_t>(index)) + " filter of " +
+                                   NameOf(standard) + ": no dot areas");
+    }
+    return densitometer;
+}
+
+std::vector<Column> Columns(References const& references, bool namesStandard) {
+    std::vector<Column> columns = {Session::NameColumn()};
+    if (namesStandard) columns.push_back(TextColumn("density standard", "standard"));
+    for (char const* const channel : ChannelNames) columns.push_back(NumberColumn(channel, channel));
+    columns.push_back(TextColumn("filter", "filter"));
+    if (references.solid != nullptr) {
+        columns.push_back(NumberColumn("area", "area", 1, "%"));
+        columns.push_back(TextColumn("area filter", "by"));
+    }
+    return columns;
+}
+
+/// The cells of a sample behind its name.
+void AppendDensities(Row& row, Sample const& sample, References const& references,
+                     Densitometer const& densitometer) {
+    kv::DensityVector const densities(sample.spectrum, references.paper != nullptr);
+    int const channels = HasColourFilters(densitometer.standard) ? Channels : 1;
+    for (int i = 0; i < Channels; ++i) row.cells.push_back(i < channels ? Cell(densities[i]) : Cell());
+    row.cells.emplace_back(ChannelNames.at(static_cast<std::size_t>(densities.AutoFilter())));
+
+    if (references.solid == nullptr) return;
+    if (!densitometer.areaFilter) {
+        row.cells.resize(row.cells.size() + 2);
+        return;
+    }
+    kv::Phi const area(*densitometer.areaFilter, sample.spectrum, references.solid->spectrum);
+    row.cells.emplace_back(static_cast<float>(100.0 * float{area}));
+    row.cells.emplace_back(ChannelNames.at(static_cast<std::size_t>(area.GetFilterIndex())));
+}
+
+std::vector<Condition> ConditionsOf(MeasurementFile const& file, References const& references,
+                                    std::vector<kv::DStdClass> const& standards) {
+    auto conditions = Session::ConditionsOf(file);
+    if (standards.size() == 1) conditions.push_back({"density standard", NameOf(standards.front())});
+    conditions.push_back({"densities", references.paper == nullptr ? "absolute" : "relative"});
+    if (references.paper != nullptr) conditions.push_back({"paper", references.paper->name});
+    if (references.solid != nullptr) conditions.push_back({"solid", references.solid->name});
+    return conditions;
+}
+
+void RunDensity(Session& session, DensityOptions const& options) {
+    std::vector<kv::DStdClass> const standards = StandardsOf(options);
+    std::optional<int> const filter = ParseFilterIndex(options.filter);
+    MeasurementFile const file = session.Load({});
+    auto const chosen = session.Chosen(file);
+    References const references = FindReferences(session, options, file);
+    bool const namesStandard = standards.size() > 1;
+
+    PutInForce(kv::IllumClass(kv::IllumType::D50), kv::ObserverClass(kv::ObserverType::TwoDegrees),
+               standards.front());
+    std::vector<Densitometer> densitometers;
+    densitometers.reserve(standards.size());
+    for (kv::DStdClass const& standard : standards) {
+        densitometers.push_back(Prepare(session, references, standard, filter));
+    }
+
+    Table table{"samples", Columns(references, namesStandard), {}};
+    Progress progress(session.GetEnvironment(), "measuring densities", chosen.size());
+    for (std::size_t const index : chosen) {
+        for (Densitometer const& densitometer : densitometers) {
+            Use(densitometer.standard, references.paper);
+            Row row = Session::RowOf(file.samples[index]);
+            if (namesStandard) row.cells.emplace_back(NameOf(densitometer.standard));
+            AppendDensities(row, file.samples[index], references, densitometer);
+            table.rows.push_back(std::move(row));
+        }
+        progress.Step();
+    }
+    session.Deliver({"density", ConditionsOf(file, references, standards), {table}});
+}
+
+}  // namespace
+
+void AddDensity(CLI::App& program, Session& session) {
+    auto const options = std::make_shared<DensityOptions>();
+    CLI::App* const command = program.add_subcommand("density", "Densities and dot areas of each sample");
+    session.AddFileOptions(*command);
+    command
+        ->add_option("--standard", options->standards,
+                     "ANSI T (default), ANSI A, ANSI M, DIN, DIN NB, SPI or DS1")
+        ->allow_extra_args(false)
+        ->type_name("NAME");
+    command->add_flag("--all", options->allStandards, "Every density standard");
+    CLI::Option* const paper =
+        command->add_option("--paper", options->paper, "Densities relative to this sample")
+            ->type_name("NAME");
+    CLI::Option* const solid =
+        command->add_option("--solid", options->solid, "Dot areas relative to this sample")
+            ->type_name("NAME");
+    solid->needs(paper);
+    command
+        ->add_option("--filter", options->filter,
+                     "Of the dot areas: auto (default, the solid's own) or 0 to 3")
+        ->needs(solid)
+        ->type_name("NUMBER");
+    command->footer("Example:\n  kvcolor density ink.txt --standard 'ANSI T' --paper 0 --solid 100");
+    command->callback([&session, options] { RunDensity(session, *options); });
+}
+
+}  // namespace kvcolor

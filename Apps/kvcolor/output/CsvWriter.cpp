@@ -1,0 +1,47 @@
+#include "Apps/kvcolor/output/Numbers.h"
+#include "Apps/kvcolor/output/Writers.h"
+
+#include <cmath>
+
+namespace kvcolor {
+
+namespace {
+
+std::string Quoted(std::string const& text) {
+    if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
+    std::string quoted = "\"";
+    for (char const c : text) quoted.append(c == '"' ? 2 : 1, c);
+    return quoted + '"';
+}
+
+std::string CsvText(Cell const& cell) {
+    if (auto const* text = std::get_if<std::string>(&cell)) return Quoted(*text);
+    auto const* number = std::get_if<float>(&cell);
+    return number != nullptr && std::isfinite(*number) ? Shortest(*number) : std::string();
+}
+
+/// Puts the end of a line in place of its last comma.
+void EndLine(std::string& text) { text.replace(text.size() - 1, 1, "\r\n"); }
+
+}  // namespace
+
+std::string WriteCsv(Report const& report) {
+    Table const& table = report.tables.front();
+    std::string text;
+    for (Column const& column : table.columns) text.append(Quoted(column.key)).append(",");
+    std::string conditions;
+    for (Condition const& condition : report.conditions) {
+        text.append(Quoted(condition.key)).append(",");
+        conditions.append(Quoted(condition.value)).append(",");
+    }
+    EndLine(text);
+
+    for (Row const& row : table.rows) {
+        for (Cell const& cell : row.cells) text.append(CsvText(cell)).append(",");
+        text += conditions;
+        EndLine(text);
+    }
+    return text;
+}
+
+}  // namespace kvcolor

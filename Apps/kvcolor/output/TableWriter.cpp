@@ -1,0 +1,79 @@
+#include "Apps/kvcolor/output/TableLayout.h"
+#include "Apps/kvcolor/output/Text.h"
+#include "Apps/kvcolor/output/Writers.h"
+
+namespace kvcolor {
+
+namespace {
+
+constexpr std::size_t SwatchWidth = 3;
+/// A path has no blanks to break a line at.
+constexpr std::size_t MaxConditionWidth = 75;
+
+std::string HeadLine(Report const& report) {
+    std::string line = report.command + ':';
+    char const* separator = " ";
+    for (Condition const& condition : report.conditions) {
+        line += separator + condition.key + ' ' + Cut(Printable(condition.value), MaxConditionWidth);
+        separator = ", ";
+    }
+    return Wrap(line, MaxLineWidth) + '\n';
+}
+
+/// Texts stand left and numbers right.
+void Append(std::string& line, std::string const& text, std::size_t width, ColumnKind kind) {
+    std::string const shown = Cut(text, width);
+    std::string const padding(width - Width(shown), ' ');
+    line += kind == ColumnKind::Text ? shown + padding : padding + shown;
+}
+
+void FinishLine(std::string& text, std::string line) {
+    line.erase(line.find_last_not_of(' ') + 1);
+    text += line + '\n';
+}
+
+/// One line of a block: `textOf` gives the text of a column by its index.
+template <class TextOf>
+std::string Line(Table const& table, ColumnBlock const& block, std::size_t gap, TextOf const& textOf) {
+    std::string line;
+    for (std::size_t i = 0; i < block.columns.size(); ++i) {
+        std::size_t const index = block.columns[i];
+        if (i > 0) line.append(gap, ' ');
+        Append(line, textOf(index), block.widths[i], table.columns[index].kind);
+    }
+    return line;
+}
+
+bool HasSwatches(Table const& table) noexcept {
+    return !table.rows.empty() && table.rows.front().swatch.has_value();
+}
+
+void AppendTable(std::string& text, Table const& table, ColourDepth depth) {
+    bool const isColoured = depth != ColourDepth::None && HasSwatches(table);
+    std::size_t const limit = MaxLineWidth - (isColoured ? SwatchWidth : 0);
+
+    for (ColumnBlock const& block : LayOut(table, limit)) {
+        std::size_t const gap = GapOf(block, limit);
+        std::string const margin(isColoured ? SwatchWidth : 0, ' ');
+        text += '\n';
+        FinishLine(text, margin + Line(table, block, gap,
+                                       [&](std::size_t i) { return HeadText(table.columns[i]); }));
+        for (Row const& row : table.rows) {
+            std::string const swatch =
+                isColoured && row.swatch ? SwatchText(*row.swatch, depth) + ' ' : margin;
+            FinishLine(text, swatch + Line(table, block, gap, [&](std::size_t i) {
+                                 return CellText(table.columns[i], row.cells[i]);
+                             }));
+        }
+    }
+}
+
+}  // namespace
+
+std::string WriteTable(Report const& report, ColourDepth depth) {
+    std::string text = HeadLine(report);
+    for (Table const& table : report.tables) AppendTable(text, table, depth);
+    return text;
+}
+
+}  // namespace kvcolor

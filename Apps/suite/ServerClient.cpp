@@ -1,0 +1,195 @@
+#include "Apps/suite/ServerClient.h"
+
+#include "Apps/files/SuiteText.h"
+#include "Apps/suite/ServerProbe.h"
+#include "KVUtils/Source/frame/Language.h"
+#include "KVUtils/Source/messaging/PostOffice.h"
+#include "KVUtils/Source/messaging/detail/MessageWire.h"
+#include "SV/core/Application.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace suite {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using namespace std::chrono_literals;
+
+// What a server needs on a busy machine.
+constexpr auto TimeToStart = 3s;
+constexpr auto TimeToAnswer = 2s;
+
+constexpr unsigned char ProtocolVersion = 3;  // the one that sends a language
+
+std::string Seconds(std::chrono::milliseconds time) { return std::to_string(time.count() / 1000) + " s"; }
+
+}  // namespace
+
+constinit ServerClient* ServerClient::theClient_ = nullptr;
+
+ServerClient::ServerClient(Settings settings) : settings_(std::move(settings)) {
+    theClient_ = this;
+    kv::PostOffice::Instance()->ChangeReceiveFunction(&Receive);
+    try {
+        Connect();
+        if (settings_.isAlone) {
+            kv::MyMemoryBlock showsNoWaiting;
+            showsNoWaiting << static_cast<unsigned char>(0);
+            Ask(kv::LOCK, showsNoWaiting);
+            isLocked_ = true;
+        }
+    } catch (...) {
+        TakeLeave();
+        throw;
+    }
+}
+
+ServerClient::~ServerClient() { TakeLeave(); }
+
+void ServerClient::TakeLeave() noexcept {
+    try {
+        // With an end in sight, nothing of it may take long.
+        settings_.patience = std::min<std::chrono::milliseconds>(settings_.patience, 2s);
+        settings_.isInterrupted = [] { return false; };
+        // A farewell to a server that is gone would start another one.
+        if (ServerProbe().IsReachable(ServerName)) {
+            if (isLocked_) Ask(kv::UNLOCK);
+            for (; connects_ > 0; --connects_) Ask(kv::DISCONNECT);
+        }
+    } catch (...) {  // NOLINT(bugprone-empty-catch): the server is gone, and so are we
+    }
+    theClient_ = nullptr;
+}
+
+void ServerClient::Receive(kv::KORVELEvent& event) {
+    if (theClient_ != nullptr && kv::detail::NumberOfMessage(event.GetCommandName()) ==
+                                     theClient_->awaited_ + kv::detail::AnswerOffset) {
+        theClient_->answer_ = event.GetData();
+        theClient_->awaited_ = Nothing;
+        return;
+    }
+    kv::PostOffice::Instance()->CommunicationReceiveFunction(event);
+}
+
+bool ServerClient::Send(int message, kv::MyMemoryBlock data) {
+    sv::String target(ServerNumber);
+    sv::String name(message);
+    answer_.reset();
+    awaited_ = message;
+    return kv::PostOffice::Instance()->Send(target, name, data) != 0;
+}
+
+void ServerClient::Connect() {
+    kv::MyMemoryBlock data;
+    data << ProtocolVersion << static_cast<short>(kv::Language::GetCountryCode());
+    // The message that starts the server is lost, and so is one that reaches it while it ends.
+    auto const end = Clock::now() + settings_.patience;
+    for (;;) {
+        if (Send(kv::CONNECT, data)) {
+            ++connects_;  // a slow server may count more than one attempt, and then wants as many farewells
+            if (IsAnsweredBy(std::min(Clock::now() + TimeToAnswer, end))) break;
+        } else {
+            WaitForStart(std::min(Clock::now() + TimeToStart, end));
+        }
+        if (Clock::now() < end) continue;
+        sv::String const* const path = kv::PostOffice::Instance()->GetPath(ServerNumber);
+        throw ServerError("the measuring server " + std::string(ServerName) +
+                          " cannot be reached or started" +
+                          (path == nullptr ? "" : " from " + files::FromSuite(path->View())));
+    }
+    answer_.reset();
+}
+
+// Another message would start the server once more.
+void ServerClient::WaitForStart(Clock::time_point end) const {
+    ServerProbe const probe;
+    while (Clock::now() < end && !probe.IsReachable(ServerName)) {
+        if (settings_.isInterrupted()) throw ServerError("interrupted");
+        sv::Application::Reschedule();
+    }
+}
+
+bool ServerClient::IsAnsweredBy(Clock::time_point end) {
+    for (; !answer_ && Clock::now() < end; sv::Application::Reschedule()) {
+        if (settings_.isInterrupted()) throw ServerError("interrupted");
+    }
+    return answer_.has_value();
+}
+
+kv::MyMemoryBlock ServerClient::WaitForAnswer(int message) {
+    if (!IsAnsweredBy(Clock::now() + settings_.patience)) {
+        throw ServerError("the measuring server did not answer " +
+                          std::string(kv::detail::NameOfMessage(message).View()) + " within " +
+                          Seconds(settings_.patience));
+    }
+    return *std::exchange(answer_, std::nullopt);
+}
+
+kv::MyMemoryBlock ServerClient::Ask(int message, kv::MyMemoryBlock const& request) {
+    if (!Send(message, request)) throw ServerError("the measuring server is gone");
+    kv::MyMemoryBlock answer = WaitForAnswer(message);
+    auto status = static_cast<unsigned char>(ServerStatus::NotHandled);
+    answer >> status;
+    if (ServerStatus const result{status}; result != ServerStatus::Done) {
+        throw ServerError(Describe(result), result);
+    }
+    return answer;
+}
+
+std::string ServerClient::AskText(int message) {
+    kv::MyMemoryBlock answer = Ask(message);
+    sv::String text;
+    answer >> text;
+    return files::FromSuite(text.View());
+}
+
+DeviceIdentity ServerClient::Identify() {
+    DeviceIdentity identity{.name = AskText(kv::GET_DEVICE_NAME),
+                            .serialNumber = AskText(kv::GET_SERIE_NR),
+                            .softwareVersion = AskText(kv::GET_SW_VERSION)};
+    kv::MyMemoryBlock answer = Ask(kv::GET_DEVICE_TYPE);
+    short type = 0;
+    answer >> type;
+    identity.type = static_cast<DeviceType>(type);
+    return identity;
+}
+
+std::string ServerClient::Display() { return AskText(kv::GET_DISPLAY_STRING); }
+
+bool ServerClient::IsReady() {
+    kv::MyMemoryBlock answer = Ask(kv::IS_READY);
+    unsigned char isReady = 0;
+    answer >> isReady;
+    return isReady != 0;
+}
+
+files::StatedConditions ServerClient::Conditions() {
+    kv::MyMemoryBlock answer = Ask(kv::PARAMETER_REQUEST);
+    return TakeConditions(answer);
+}
+
+void ServerClient::Require(files::StatedConditions const& conditions) {
+    kv::MyMemoryBlock request;
+    request << conditions;
+    Ask(kv::PARAMETER_DOWNLOAD, request);
+}
+
+void ServerClient::MeasureWhite() { Ask(kv::EXEC_WHITE_MEASUREMENT); }
+
+long ServerClient::BeginChart() {
+    kv::MyMemoryBlock answer = Ask(kv::NEW_MEASURE_REQUEST);
+    long patches = 0;
+    answer >> patches;
+    return patches;
+}
+
+MeasuredPatch ServerClient::Measure() {
+    Ask(kv::EXEC_MEASUREMENT);
+    kv::MyMemoryBlock answer = Ask(kv::SPECTRUM_REQUEST);
+    if (auto patch = TakePatch(answer)) return *patch;
+    throw ServerError("the measuring server sent a spectrum that ends too early");
+}
+
+}  // namespace suite
