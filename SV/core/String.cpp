@@ -13,7 +13,7 @@ namespace sv {
 
 namespace {
 
-// The numbers of the character sets that `Convert` takes.
+// The character sets of `Convert`.
 constexpr int MacRomanSet = 2;
 constexpr int FileSystemSet = 3;
 constexpr int SuiteSet = 9;
@@ -111,7 +111,7 @@ bool String::EqualsIgnoreCase(String const& other) const noexcept {
 
 String& String::Convert(int from, int to) {
     if (from == to || !IsCharacterSet(from) || !IsCharacterSet(to)) return *this;
-    // The sets agree on ASCII, which most texts are.
+    // All sets agree on ASCII, and most texts are ASCII.
     if (!detail::IsAscii(bytes_)) bytes_ = Encode(Decode(bytes_, from), to);
     return *this;
 }
