@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
-#include <cstddef>
 #include <cstdint>
+#include <deque>
+#include <list>
 #include <mutex>
 #include <utility>
-#include <vector>
 
 namespace sv {
 
@@ -23,7 +23,7 @@ namespace {
 
 using Milliseconds = std::chrono::milliseconds;
 
-// The longest sleep of Reschedule: what its caller waits for may come about without an event.
+// The longest wait of Reschedule: the condition that its caller waits for may become true without an event.
 constexpr Milliseconds RescheduleLimit{5};
 
 struct UserEvent {
@@ -36,23 +36,16 @@ class UserEventQueue {
   public:
     void Post(UserEvent event) {
         std::lock_guard const lock(mutex_);
-        // Room that was used once is used again, so that a queue which is kept short never grows.
-        if (first_ == events_.size()) {
-            events_.clear();
-            first_ = 0;
-        } else if (first_ > 64 && first_ > events_.size() / 2) {
-            events_.erase(events_.begin(), events_.begin() + static_cast<std::ptrdiff_t>(first_));
-            first_ = 0;
-        }
         events_.push_back(event);
         lastPosted_.fetch_add(1, std::memory_order_release);
     }
 
-    // Takes the next event out; false when there is none.
+    // Removes the next event; false if there is none.
     [[nodiscard]] bool Take(UserEvent& event) {
         if (taken_ == LastPosted()) return false;
         std::lock_guard const lock(mutex_);
-        event = events_[first_++];
+        event = events_.front();
+        events_.pop_front();
         ++taken_;
         return true;
     }
@@ -60,89 +53,77 @@ class UserEventQueue {
     [[nodiscard]] std::uint64_t LastPosted() const noexcept {
         return lastPosted_.load(std::memory_order_acquire);
     }
-    // The number of the event that was taken last; for the main thread.
+    // The number of the event that was taken last. Only for the main thread.
     [[nodiscard]] std::uint64_t LastTaken() const noexcept { return taken_; }
 
   private:
     std::mutex mutex_;
-    std::vector<UserEvent> events_;
-    std::size_t first_ = 0;
+    std::deque<UserEvent> events_;
     std::uint64_t taken_ = 0;
     std::atomic<std::uint64_t> lastPosted_ = 0;
 };
 
-struct IdleHandler {
-    Link link;
-    unsigned short priority = 0;
-    unsigned serial = 0;
-    bool running = false;
-};
-
-// The idle handlers in the order they are called in. A handler may insert and remove handlers, itself among
-// them, so that the list is found anew by serial numbers after each call.
+// The idle handlers in calling order. A handler may insert and remove handlers, itself included: one that is
+// running stays in the list until it returns.
 class IdleHandlers {
   public:
     void Insert(Link const& link, unsigned short priority) {
-        auto const place = std::ranges::upper_bound(list_, priority, {}, &IdleHandler::priority);
-        list_.insert(place, {link, priority, ++lastSerial_, false});
+        list_.insert(std::ranges::upper_bound(list_, priority, {}, &Handler::priority), {link, priority});
     }
 
     void Remove(Link const& link) {
-        auto const place = std::ranges::find(list_, link, &IdleHandler::link);
-        if (place != list_.end()) list_.erase(place);
+        auto const place = std::ranges::find_if(
+            list_, [&](Handler const& handler) { return handler.link == link && !handler.isRemoved; });
+        if (place == list_.end()) return;
+        place->isRemoved = true;
+        if (!place->isRunning) list_.erase(place);
     }
 
-    // Calls each handler that does not run already. False when none had anything to do.
+    // Calls each handler that is not running. False if none had anything to do.
     bool RunAll() {
         bool anyDid = false;
-        for (std::size_t next = 0; next < list_.size();) {
-            IdleHandler& handler = list_[next];
-            if (handler.running) {
-                ++next;
+        for (auto place = list_.begin(); place != list_.end();) {
+            if (place->isRunning) {
+                ++place;
                 continue;
             }
-            unsigned const serial = handler.serial;
-            unsigned short const priority = handler.priority;
-            Link const link = handler.link;
-            Run const run(*this, serial);
-            anyDid = link.Call(nullptr) != 0 || anyDid;
-            next = PlaceBehind(priority, serial);
+            Run const run(list_, place);
+            anyDid = place->link.Call(nullptr) != 0 || anyDid;
         }
         return anyDid;
     }
 
   private:
-    // Marks a handler as running, also when it leaves by an exception.
+    struct Handler {
+        Link link;
+        unsigned short priority = 0;
+        bool isRunning = false;
+        bool isRemoved = false;
+    };
+    using List = std::list<Handler>;
+
+    // Marks a handler as running; at the end, by an exception too, goes on to the next one.
     class Run {
       public:
-        Run(IdleHandlers& handlers, unsigned serial) : handlers_(handlers), serial_(serial) { Mark(true); }
+        Run(List& list, List::iterator& place) : list_(list), place_(place) { place->isRunning = true; }
         Run(Run const&) = delete;
         Run& operator=(Run const&) = delete;
-        ~Run() { Mark(false); }
-
-      private:
-        void Mark(bool running) {
-            auto const place = std::ranges::find(handlers_.list_, serial_, &IdleHandler::serial);
-            if (place != handlers_.list_.end()) place->running = running;
+        ~Run() {
+            auto const ended = place_++;
+            ended->isRunning = false;
+            if (ended->isRemoved) list_.erase(ended);
         }
 
-        IdleHandlers& handlers_;
-        unsigned serial_;
+      private:
+        List& list_;
+        List::iterator& place_;
     };
 
-    [[nodiscard]] std::size_t PlaceBehind(unsigned short priority, unsigned serial) const {
-        auto const place = std::ranges::find_if(list_, [=](IdleHandler const& handler) {
-            return handler.priority > priority || (handler.priority == priority && handler.serial > serial);
-        });
-        return static_cast<std::size_t>(place - list_.begin());
-    }
-
-    std::vector<IdleHandler> list_;
-    unsigned lastSerial_ = 0;
+    List list_;
 };
 
-// Never destroyed, since threads may post, and objects remove their handlers, while the program ends. Not
-// constant initialised either: a mutex is not on every system.
+// Never destroyed, since threads may post, and objects remove their handlers, while the program exits. Not
+// constant-initialised either, since a mutex is not on every system.
 UserEventQueue& UserEvents() {
     static UserEventQueue& queue = *new UserEventQueue;
     return queue;
@@ -153,8 +134,8 @@ IdleHandlers& Idlers() {
     return handlers;
 }
 
-// The loop of a program without windows. Its end must do nothing, since threads may post while the program
-// ends. NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
+// The loop of a program without windows. Its destructor must do nothing, since threads may post while the
+// program exits. NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
 class PlatformLoop final : public detail::LoopDriver {
   public:
     bool DispatchOne() override { return platform::EventLoop::DispatchOne(); }
@@ -168,16 +149,16 @@ constinit std::atomic<detail::LoopDriver*> driver = &platformLoop;
 
 constinit std::atomic<bool> quitting = false;
 
-// The number of the last user event that stood posted when the system's last event had been handled. The next
-// one is taken in when that many were delivered, and not before: a message keeps its content in a place of
-// which there is one only until its user event is delivered.
+// The number of the last user event that was posted when the last system event had been handled. The next
+// system event is accepted only after that user event was delivered, since there is a single place for the
+// content of a message between its arrival and the delivery of its user event.
 constinit std::uint64_t owedUpTo = 0;
 
-// Set on the thread that runs the loop: what it posts itself need not wake it.
+// True on the thread that runs the loop, whose own posts need not wake it.
 constinit thread_local bool runsLoop = false;
 
-// Delivers what was posted before this call and what is owed; what handlers post meanwhile waits for the next
-// turn, so that a handler which posts to itself leaves room for everything else.
+// Delivers the events that were posted before this call or are owed. Events that handlers post wait for the
+// next turn, so that a handler which posts to itself does not block everything else.
 bool DeliverUserEvents(Application::UserEventHdl const& handler) {
     UserEventQueue& queue = UserEvents();
     std::uint64_t const end = queue.LastPosted();
@@ -189,7 +170,7 @@ bool DeliverUserEvents(Application::UserEventHdl const& handler) {
     return any;
 }
 
-// One turn of the loop; waits up to `limit` when there is nothing at all to do.
+// Runs one turn of the loop; waits up to `limit` if there is nothing to do.
 void Turn(Application::UserEventHdl const& handler, Milliseconds limit) {
     runsLoop = true;
     bool const delivered = DeliverUserEvents(handler);
@@ -205,7 +186,7 @@ void Turn(Application::UserEventHdl const& handler, Milliseconds limit) {
 void detail::InstallLoopDriver(LoopDriver* loop) noexcept { driver = loop != nullptr ? loop : &platformLoop; }
 
 void Application::Execute() {
-    // Put back also when a handler's exception ends the loop.
+    // Restored also if the exception of a handler ends the loop.
     struct Scope {
         bool outer = std::exchange(executing_, true);
         ~Scope() { executing_ = outer; }
@@ -222,7 +203,7 @@ void Application::Reschedule() { Turn(userEventHdl_, RescheduleLimit); }
 
 void Application::PostUserEvent(unsigned long id, void* data) {
     UserEvents().Post({id, data});
-    // A foreign loop may run the handler that posts on its way to sleep.
+    // Another driver's loop may call the posting handler just before it waits.
     if (!runsLoop || driver.load() != &platformLoop) driver.load()->Wake();
 }
 

@@ -1,8 +1,8 @@
-// sv::Application: what there is once in a program, its event loop first of all.
+// sv::Application: the event loop and the other state that a program has once.
 //
-// The loop belongs to the main thread. It hands on what the system has for the program (messages of other
-// programs among it), user events in the order they were posted, and, when nothing is pending, runs the idle
-// handlers. Between two deliveries of posted user events it takes in at most one message of another program.
+// The loop belongs to the main thread. It dispatches system events, messages of other programs among them,
+// delivers user events in the order they were posted and, when nothing is pending, runs the idle handlers.
+// Between two deliveries of posted user events it accepts at most one message of another program.
 #pragma once
 
 #include "SV/core/Link.h"
@@ -17,35 +17,35 @@ class Application {
 
     Application() = delete;
 
-    /// Runs the loop until `Quit`; one that was called before counts.
+    /// Runs the loop until `Quit` is called. A `Quit` before the call ends it at once.
     static void Execute();
-    /// Ends `Execute` when the handler that runs returns. From any thread.
+    /// Ends `Execute` when the current handler returns. Thread-safe.
     static void Quit() noexcept;
-    /// Whether `Execute` runs, in any handler below it.
+    /// Whether `Execute` is running; true in any handler that it calls.
     [[nodiscard]] static bool IsInExecute() noexcept { return executing_; }
 
-    /// One turn of the loop, for whoever waits inside a handler: handles what is pending; when nothing is,
-    /// waits for the next event, a few milliseconds at most.
+    /// Runs one turn of the loop, for a handler that has to wait: handles what is pending or, when nothing
+    /// is, waits a few milliseconds at most for the next event.
     static void Reschedule();
 
-    /// Has the user event handler called with these values by the loop. From any thread.
+    /// Makes the loop call the user event handler with these values. Thread-safe.
     static void PostUserEvent(unsigned long id, void* data);
-    /// Null for none: user events are then taken and dropped.
+    /// Sets the user event handler; with null, user events are dropped.
     static void SetUserEventHdl(UserEventHdl handler) noexcept { userEventHdl_ = handler; }
 
-    /// Has the handler called, with null as sender, whenever nothing is pending, those of a lower priority
-    /// number first, equal ones in the order of their insertion. A handler that answers 0 had nothing to do;
-    /// when all answer so the loop sleeps until the next event. While a handler runs, a nested turn passes
-    /// over it.
+    /// Makes the loop call the handler, with null as the sender, whenever nothing is pending: lower priority
+    /// numbers first, equal ones in the order of insertion. A handler returns 0 if it had nothing to do; when
+    /// all do, the loop sleeps until the next event. A nested turn skips a handler that is running.
     static void InsertIdleHdl(Link const& handler, unsigned short priority);
-    /// Does nothing for a handler that is not there.
+    /// Removes the first handler equal to this one; does nothing if there is none.
     static void RemoveIdleHdl(Link const& handler);
 
-    /// Shows or takes away the pointer of waiting. A state, not a count: one false ends any number of true.
+    /// Shows or hides the wait cursor. This is a state, not a count: one `Wait(false)` ends any number of
+    /// `Wait(true)`.
     static void Wait(bool wait);
     [[nodiscard]] static bool IsWait() noexcept { return waiting_; }
 
-    /// The application's main window, which boxes stand over; null when there is none. Not owned.
+    /// The main window, which is the parent of boxes that name none; may be null. Not owned.
     [[nodiscard]] static Window* GetAppWindow() noexcept { return appWindow_; }
     static void SetAppWindow(Window* window) noexcept { appWindow_ = window; }
 

@@ -7,7 +7,7 @@ namespace sv {
 
 namespace {
 
-// Built at its first use, since a box may be run by another file's static initialiser.
+// Created at the first use: a static initialiser of another file may run a box.
 BoxHandler& CurrentHandler() {
     static BoxHandler handler;
     return handler;
@@ -27,7 +27,7 @@ MessBox::MessBox(BoxKind kind, Window* parent, WinBits style, String title, Stri
     : kind_(kind), parent_(parent), style_(style), title_(std::move(title)), text_(std::move(text)) {}
 
 BoxAnswer MessBox::Execute() const {
-    // A copy: what a handler runs may install another one.
+    // Copied, since the handler may install another one.
     if (BoxHandler const handler = CurrentHandler()) return handler(*this);
     PrintBox(*this);
     return DefaultAnswer();

@@ -1,5 +1,5 @@
-// Boxes: short messages and questions to the person at the program. With no display they print to standard
-// error and return their default answer, so that a library call never hangs a program without a window.
+// Boxes: short messages and questions to the user. Without a display they print to standard error and return
+// their default answer, so that a library call never blocks a program that has no window.
 #pragma once
 
 #include "SV/core/String.h"
@@ -12,7 +12,7 @@ class Window;
 
 enum class BoxKind : int { Message, Info, Error };
 
-/// The box's buttons and default answer, as the toolkit's style bits give them.
+/// The buttons and the default answer of a box, as the toolkit's style bits.
 using WinBits = unsigned long;
 
 inline constexpr WinBits WB_OK = 0x10;
@@ -21,7 +21,7 @@ inline constexpr WinBits WB_YES_NO = 0x40;
 inline constexpr WinBits WB_DEF_YES = 0x1000;
 inline constexpr WinBits WB_DEF_NO = 0x2000;
 
-/// What a box answers when a button is pressed.
+/// The button that was pressed.
 enum class BoxAnswer : short { Cancel = 0, Ok = 1, Yes = 2, No = 3 };
 
 class MessBox {
@@ -29,11 +29,11 @@ class MessBox {
     /// `parent` may be null. Nothing shows before `Execute`.
     MessBox(Window* parent, WinBits style, String title, String text);
 
-    /// Shows the box, waits for the answer and returns it. With no display: prints title and text to standard
-    /// error and returns `DefaultAnswer()`.
+    /// Shows the box, waits for the answer and returns it. Without a display: prints title and text to
+    /// standard error and returns `DefaultAnswer()`.
     BoxAnswer Execute() const;  // NOLINT(modernize-use-nodiscard): often there is only one answer
 
-    /// OK; for a question Yes or No by the style, and No where the style names neither.
+    /// `Ok`, or for a question `Yes` or `No` as the style says; `No` if the style names neither.
     [[nodiscard]] BoxAnswer DefaultAnswer() const noexcept;
 
     [[nodiscard]] BoxKind GetKind() const noexcept { return kind_; }
@@ -53,22 +53,23 @@ class MessBox {
     String text_;
 };
 
-/// A piece of news, to be taken note of.
+/// A box that informs.
 class InfoBox : public MessBox {
   public:
     InfoBox(Window* parent, String text);
 };
 
-/// What went wrong.
+/// A box that reports an error.
 class ErrorBox : public MessBox {
   public:
     ErrorBox(Window* parent, WinBits style, String text);
 };
 
-/// What runs a box in place of the printing: a backend with windows, or a test's recorder.
+/// Runs a box instead of printing it: installed by a backend with windows, or by a test.
 using BoxHandler = std::function<BoxAnswer(MessBox const&)>;
 
-/// Installs a handler, an empty one for the behaviour without a display, and returns the one before.
+/// Installs a handler and returns the previous one. An empty handler restores the behaviour without a
+/// display.
 BoxHandler SetBoxHandler(BoxHandler handler);
 
 }  // namespace sv

@@ -1,4 +1,4 @@
-// sv::Color: a colour of the screen or a printer, 16 bits a channel.
+// sv::Color: a colour of the screen or a printer, 16 bits per channel.
 #pragma once
 
 #include <cstdint>

@@ -16,17 +16,17 @@
 
 namespace sv {
 
-/// The file on the disk with what is known of it here.
+/// The file on the disk and its last known content.
 class Config::File {
   public:
     explicit File(String const& pathName) : path_(NativePath(pathName)), directory_(FilePath(pathName)) {
         directory_.remove_filename();
     }
 
-    /// The text as it is on the disk now.
+    /// Returns the current text of the file.
     [[nodiscard]] detail::IniText const& Current();
 
-    /// Takes the text that is on the disk under the lock, and puts it back changed. False when that failed.
+    /// Reads the file under the lock, edits its text and writes it back. False on failure.
     bool Change(std::function<void(detail::IniText&)> const& edit);
 
   private:
@@ -41,8 +41,8 @@ class Config::File {
 
 namespace {
 
-/// Whether a further change of the file would surely show in its identity. Time stamps come in steps of some
-/// milliseconds, and the number of a file that was replaced goes to the next one at once.
+/// Whether any further change of the file is certain to change its identity. Time stamps advance in steps of
+/// some milliseconds, and the file number of a replaced file is given to the next one at once.
 bool IsSettled(std::optional<platform::FileIdentity> const& identity) {
     using std::chrono::nanoseconds, std::chrono::system_clock;
     constexpr nanoseconds Step = std::chrono::milliseconds(100);
@@ -58,13 +58,13 @@ void Config::File::Remember(std::string&& content) {
 }
 
 detail::IniText const& Config::File::Current() {
-    // The identity first: what is written between the two calls then shows at the next read.
+    // Identify first, so that a write between the two calls shows at the next read.
     auto const identity = platform::Identify(path_);
     if (isSettled_ && identity == identity_) return text_;
     bool const isSettled = IsSettled(identity);
     std::optional<std::string> content = platform::ReadWhole(path_);
     if (!content && platform::Identify(path_))
-        return text_;  // there, but not to be read: what is known stands
+        return text_;  // exists but cannot be read: keep the known text
     Remember(std::move(content).value_or(std::string()));
     identity_ = identity;
     isSettled_ = isSettled;

@@ -14,7 +14,7 @@ void Container::Insert(void* object) { Insert(object, current_); }
 void Container::Insert(void* object, unsigned long position) {
     unsigned long const place = std::min(position, Count());
     entries_.insert(entries_.begin() + static_cast<std::ptrdiff_t>(place), object);
-    // The cursor stays on its entry, unless the new one took exactly its place.
+    // The cursor stays on its entry, unless the new one was inserted exactly there.
     if (place < current_) ++current_;
 }
 

@@ -1,11 +1,11 @@
-// Date and Time: a day of the calendar and a time of day, as numbers that a person reads.
+// Date and Time: a calendar day and a time of day, each stored as one decimal number.
 #pragma once
 
 #include "SV/core/String.h"
 
 namespace sv {
 
-/// Year times 10000 + month times 100 + day. Nothing is checked against a calendar.
+/// Year * 10000 + month * 100 + day. Not checked against a calendar.
 class Date {
   public:
     /// Today, in the local time zone.
@@ -31,7 +31,7 @@ class Date {
     unsigned long date_;
 };
 
-/// Hours times 1000000 + minutes times 10000 + seconds times 100 + hundredths.
+/// Hours * 1000000 + minutes * 10000 + seconds * 100 + hundredths.
 class Time {
   public:
     /// Now, in the local time zone.

@@ -23,18 +23,18 @@ constexpr bool IsLetter(char character) noexcept {
     return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z');
 }
 
-/// Length of a leading "X:", or 0.
+/// The length of a leading "X:", or 0.
 constexpr std::size_t DeviceLength(std::string_view path) noexcept {
     return path.size() >= 2 && IsLetter(path[0]) && path[1] == ':' ? 2 : 0;
 }
 
-/// Where the name begins: behind the last separator, or behind the device.
+/// Where the name begins: after the last separator or the device.
 constexpr std::size_t NameBegin(std::string_view path) noexcept {
     std::size_t const separator = path.find_last_of(Separators);
     return separator == std::string_view::npos ? DeviceLength(path) : separator + 1;
 }
 
-/// Where the "." in front of the extension stands; the end when there is none.
+/// The position of the "." that begins the extension; the end if there is none.
 constexpr std::size_t ExtensionBegin(std::string_view path) noexcept {
     std::size_t const dot = path.find_last_of('.');
     return dot == std::string_view::npos || dot < NameBegin(path) ? path.size() : dot;

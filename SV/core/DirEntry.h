@@ -1,13 +1,12 @@
-// sv::DirEntry: the name of a file or directory, taken apart and put together. Both "/" and "\" divide on
-// every system, and a leading "X:" is a device; what is put together uses the system's own separator. Only
-// `Exists` looks at the disk.
+// sv::DirEntry: splits and joins names of files and directories. On every system both "/" and "\" separate
+// and a leading "X:" is a device; joining uses the system's own separator. Only `Exists` accesses the disk.
 #pragma once
 
 #include "SV/core/String.h"
 
 namespace sv {
 
-/// How a path is written. The library uses only the first.
+/// How a path is written; the library uses `System` only.
 enum class PathStyle : int { System = 0 };
 
 class DirEntry {
@@ -20,26 +19,26 @@ class DirEntry {
 
     /// The whole name.
     [[nodiscard]] String const& GetFull() const noexcept { return full_; }
-    /// What stands behind the last separator.
+    /// The part after the last separator.
     [[nodiscard]] String GetName() const;
-    /// What stands behind the last "." of the name; empty without one.
+    /// The part after the last "." of the name; empty if there is none.
     [[nodiscard]] String GetExtension() const;
-    /// The directory, without the separator at its end unless it is a root; empty when none is named.
+    /// The directory, without a trailing separator unless it is a root; empty if the path names none.
     [[nodiscard]] DirEntry GetPath() const;
-    /// "X:", or empty.
+    /// "X:", or empty if the path names no device.
     [[nodiscard]] DirEntry GetDevice() const;
 
-    /// Takes extension and "." off the name, and returns the extension.
+    /// Removes the extension and its "." from the name and returns the extension.
     String CutExtension();
-    /// Puts another name, or another extension (without its "."), in place of this one.
+    /// Replaces the name, or the extension (given without its ".").
     void ChangeName(String const& name);
     void ChangeExtension(String const& extension);
 
-    /// Whether the file or directory is there.
+    /// Whether the file or directory exists.
     [[nodiscard]] bool Exists() const;
 
-    /// The entry below this directory. Separators in front of `below` are dropped, an empty one leaves this
-    /// directory, and one with a device stands alone.
+    /// Returns the entry below this directory. Leading separators of `below` are dropped; an empty `below`
+    /// returns this directory, and one with a device returns `below` itself.
     [[nodiscard]] DirEntry operator+(DirEntry const& below) const;
     [[nodiscard]] DirEntry operator+(String const& below) const;
 
@@ -49,14 +48,14 @@ class DirEntry {
     String full_;
 };
 
-/// What the disk says of an entry.
+/// The kind and size of an entry on the disk.
 class FileStat {
   public:
     explicit FileStat(DirEntry const& entry);
 
-    /// In bytes; 0 when there is no such file, and for a directory.
+    /// In bytes; 0 if there is no such file, and for a directory.
     [[nodiscard]] unsigned long long GetSize() const noexcept { return size_; }
-    /// Neither where nothing is.
+    /// Both are false if the entry does not exist.
     [[nodiscard]] bool IsFile() const noexcept { return isFile_; }
     [[nodiscard]] bool IsDirectory() const noexcept { return isDirectory_; }
 

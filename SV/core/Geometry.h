@@ -1,5 +1,5 @@
-// Point, Size and Rectangle: whole pixels or logical units, 16 bits and signed, as plots and layouts count.
-// What is computed beyond that wraps round.
+// Point, Size and Rectangle in pixels or logical units. Coordinates are signed 16-bit numbers, as plots and
+// layouts count; larger results wrap.
 #pragma once
 
 #include <cstdint>
@@ -48,20 +48,20 @@ class Size {
     std::int16_t height_ = 0;
 };
 
-/// Two corners, both of which belong to the area.
+/// Two corners, both part of the area.
 class Rectangle {
   public:
     constexpr Rectangle() noexcept = default;
     constexpr Rectangle(Point topLeft, Point bottomRight) noexcept
         : topLeft_(topLeft), bottomRight_(bottomRight) {}
-    /// So many pixels from the corner on.
+    /// Returns the rectangle of this size whose top left corner is `topLeft`.
     [[nodiscard]] static constexpr Rectangle Of(Point topLeft, Size size) noexcept {
         return {topLeft, topLeft + Point(size.Width() - 1, size.Height() - 1)};
     }
 
     [[nodiscard]] constexpr Point TopLeft() const noexcept { return topLeft_; }
     [[nodiscard]] constexpr Point BottomRight() const noexcept { return bottomRight_; }
-    /// How many pixels it has across and down.
+    /// Width and height in pixels.
     [[nodiscard]] constexpr Size GetSize() const noexcept {
         return {bottomRight_.X() - topLeft_.X() + 1, bottomRight_.Y() - topLeft_.Y() + 1};
     }

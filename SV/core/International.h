@@ -1,5 +1,5 @@
-// sv::International: how the user's system writes numbers, dates and times, and which language it speaks. On
-// POSIX the answers come from the process's locale, on Windows from the system's settings.
+// sv::International: number, date and time formats and the language of the user's system. On POSIX they come
+// from the locale of the process, on Windows from the system settings.
 #pragma once
 
 #include "SV/core/DateTime.h"
@@ -9,16 +9,16 @@ namespace sv {
 
 class International {
   public:
-    /// The decimal separator; "." where the locale's own is longer than one byte.
+    /// The decimal separator; "." if that of the locale is longer than one byte.
     [[nodiscard]] static char GetNumDecimalSep() noexcept;
-    /// The Windows identifier of the language and country (1031 German in Germany, 2055 German in
-    /// Switzerland, 1033 English in the USA); 0 when it is unknown, as in the "C" locale.
+    /// The Windows identifier of language and country (1031 German in Germany, 2055 German in Switzerland,
+    /// 1033 English in the USA); 0 if unknown, as in the "C" locale.
     [[nodiscard]] static unsigned short GetLanguage() noexcept;
-    /// The date in the locale's short form, in the suite's code page; year, month and day with hyphens when
-    /// the calendar has no such day.
+    /// Formats the date in the short form of the locale, in the suite's code page; as year, month and day
+    /// with hyphens if the calendar has no such day.
     [[nodiscard]] static String GetDate(Date const& date);
-    /// Hours of the whole day and minutes ("14:05"), with or without seconds and, behind the decimal
-    /// separator, hundredths ("14:05:09.25"; no hundredths without seconds). Colons in every locale.
+    /// Formats the time with 24 hours ("14:05"), optionally with seconds and, after the decimal separator,
+    /// hundredths ("14:05:09.25"; no hundredths without seconds). The separator is a colon in every locale.
     [[nodiscard]] static String GetTime(Time const& time, bool seconds = true, bool hundredths = false);
 };
 

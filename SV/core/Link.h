@@ -5,10 +5,11 @@ namespace sv {
 
 class Link {
   public:
-    /// Calls nothing and answers 0.
+    /// An empty link, whose call returns 0.
     constexpr Link() noexcept = default;
 
-    /// Calls `(object.*Handler)(sender)`. The object is not owned and must outlive the link.
+    /// Returns a link that calls `(object.*Handler)(sender)`. The object is not owned and must outlive the
+    /// link.
     ///     closeButton.clickLink = Link::To<&Panel::CloseHdl>(panel);
     template <auto Handler, class Object>
     [[nodiscard]] static constexpr Link To(Object& object) noexcept {
@@ -19,8 +20,8 @@ class Link {
 
     [[nodiscard]] constexpr bool IsSet() const noexcept { return stub_ != nullptr; }
 
-    /// The handler's answer, or 0 when no handler is set. The sender must be of the type that the handler
-    /// takes.
+    /// Calls the handler and returns its result, or 0 if there is none. The sender must be of the type that
+    /// the handler takes.
     long Call(void* sender) const { return stub_ == nullptr ? 0 : stub_(object_, sender); }
 
     friend constexpr bool operator==(Link const&, Link const&) noexcept = default;

@@ -1,5 +1,5 @@
-// sv::ListBox: the plain operations of a list of texts, which need no window. The control of the user
-// interface implements them, and so does `ListBoxEntries`, for programs without a display.
+// sv::ListBox: the operations of a list of texts. Implemented by the control of the user interface and, for
+// programs without a display, by `ListBoxEntries`.
 #pragma once
 
 #include "SV/core/String.h"
@@ -10,24 +10,24 @@ namespace sv {
 
 class ListBox {
   public:
-    /// As a position: behind the last entry. As an answer: nothing is selected.
+    /// As a position: after the last entry. As a result: nothing is selected.
     static constexpr unsigned short End = 0xFFFF;
 
     virtual ~ListBox() = default;
 
     virtual void Clear() = 0;
-    /// In front of the entry at `position`, or at the end for any position past the last. A selection stays
-    /// with its entry. A list that holds `End` entries takes no more.
+    /// Inserts before the entry at `position`, or at the end for any position past the last. A selection
+    /// stays with its entry. A list of `End` entries is full and ignores the call.
     virtual void InsertEntry(String const& text, unsigned short position = End) = 0;
-    /// A position past the last entry selects nothing.
+    /// Selects an entry; a position past the last clears the selection.
     virtual void SelectEntryPos(unsigned short position) = 0;
     [[nodiscard]] virtual unsigned short GetSelectEntryPos() const = 0;
     [[nodiscard]] virtual unsigned short GetEntryCount() const = 0;
-    /// Empty past the end.
+    /// Empty for a position past the last.
     [[nodiscard]] virtual String GetEntry(unsigned short position) const = 0;
 };
 
-/// The entries and the selection alone.
+/// The entries and the selection, without a window.
 class ListBoxEntries final : public ListBox {
   public:
     void Clear() override;

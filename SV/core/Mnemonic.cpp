@@ -6,7 +6,7 @@ namespace sv {
 
 namespace {
 
-/// Whether another byte belongs to the character that begins with this one.
+/// Whether this byte begins a character of two bytes.
 bool IsLead(char character, TextPage page) noexcept {
     auto const byte = static_cast<unsigned char>(character);
     switch (page) {

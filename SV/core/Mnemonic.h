@@ -1,14 +1,14 @@
-// The letter of a caption that presses its control from the keyboard, marked by a "~" in front of it.
+// The mnemonic of a caption: the letter after a "~", which activates the control from the keyboard.
 #pragma once
 
 #include "SV/core/String.h"
 
 namespace sv {
 
-/// The first mark, or `String::NotFound`. In a text of two bytes a character the second of them may have the
-/// mark's code, and is none.
+/// Returns the position of the first "~", or `String::NotFound`. In a text of two bytes per character a
+/// second byte with the code of "~" is not a mark.
 [[nodiscard]] std::size_t FindMnemonic(String const& text) noexcept;
-/// The text as it shows, without the mark.
+/// Returns the text as it is shown, without the mark.
 [[nodiscard]] String WithoutMnemonic(String text);
 
 }  // namespace sv

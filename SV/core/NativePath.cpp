@@ -10,7 +10,7 @@ namespace sv {
 
 namespace {
 
-/// The suite's code page with control characters for the bytes that mean nothing, as Windows reads them.
+/// The suite's code page, with control characters for the bytes that it leaves open, as Windows reads them.
 constexpr detail::CodePage PathPage = [] {
     detail::CodePage page = detail::Windows1252;
     for (std::size_t i = 0; i < page.size(); ++i) {

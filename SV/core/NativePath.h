@@ -1,5 +1,5 @@
-// Names of files between the suite and the system: the suite writes them in its code page and with either
-// separator, the ground floor takes UTF-8 and the system's own separator.
+// File names between the suite, which writes them in its code page with either separator, and the system,
+// which takes UTF-8 and its own separator.
 #pragma once
 
 #include "SV/core/String.h"
@@ -10,16 +10,16 @@
 
 namespace sv {
 
-/// The system's own separator, "\" on Windows and "/" elsewhere.
+/// The separator of the system: "\" on Windows, "/" elsewhere.
 inline constexpr char PathSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
 
-/// The name as the services of the ground floor take it. Every byte has its own character here, those
-/// included that the code page leaves open, so that different names stay different.
+/// Converts a name to the system's form. Each byte has its own character, those that the code page leaves
+/// open included, so that different names stay different.
 [[nodiscard]] std::string NativePath(String const& path);
-/// The name as the suite writes it. A character that its code page lacks becomes "?".
+/// Converts a name to the suite's form. A character that the code page lacks becomes "?".
 [[nodiscard]] String FromNativePath(std::string_view path);
 
-/// The same for the standard library's streams and file operations.
+/// The same for the streams and file operations of the standard library.
 [[nodiscard]] std::filesystem::path FilePath(String const& path);
 
 }  // namespace sv

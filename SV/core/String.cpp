@@ -13,7 +13,7 @@ namespace sv {
 
 namespace {
 
-// The numbers of the character sets that `Convert` takes.
+// The character sets of `Convert`.
 constexpr int MacRomanSet = 2;
 constexpr int FileSystemSet = 3;
 constexpr int SuiteSet = 9;
@@ -33,6 +33,14 @@ std::string Encode(std::u32string const& text, int set) {
 }
 
 }  // namespace
+
+String String::FromUtf8(std::string_view text) {
+    return detail::ToSingleByte(detail::FromUtf8(text), detail::Windows1252);
+}
+
+std::string String::ToUtf8() const {
+    return detail::ToUtf8(detail::FromSingleByte(bytes_, detail::Windows1252));
+}
 
 std::size_t String::GetTokenCount(char separator) const noexcept {
     if (bytes_.empty()) return 0;
@@ -103,7 +111,7 @@ bool String::EqualsIgnoreCase(String const& other) const noexcept {
 
 String& String::Convert(int from, int to) {
     if (from == to || !IsCharacterSet(from) || !IsCharacterSet(to)) return *this;
-    // The sets agree on ASCII, which most texts are.
+    // All sets agree on ASCII, and most texts are ASCII.
     if (!detail::IsAscii(bytes_)) bytes_ = Encode(Decode(bytes_, from), to);
     return *this;
 }

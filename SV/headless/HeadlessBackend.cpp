@@ -11,7 +11,7 @@ namespace {
 
 class HeadlessPeer;
 
-/// The peers by their windows.
+/// The peers of all windows.
 std::map<Window const*, HeadlessPeer*>& Peers() {
     static std::map<Window const*, HeadlessPeer*>& peers = *new std::map<Window const*, HeadlessPeer*>;
     return peers;
@@ -31,13 +31,8 @@ class HeadlessPeer final : public detail::WindowPeer {
     void SetText(String const& /*text*/) override { isInvalid_ = true; }
     void Invalidate() override { isInvalid_ = true; }
     void GrabFocus() override {
-        if (window_.IsEnabled()) window_.FocusHasCome();
+        if (window_.IsEnabled()) window_.FocusGained();
     }
-    void CaptureMouse(bool /*capture*/) override {}
-    void ToTop() override {}
-    void SetAccessibleName(String const& /*name*/) override {}
-    void SetMaxTextLen(unsigned short /*length*/) override {}
-    void SetReadOnly(bool /*readOnly*/) override {}
     void InsertEntry(String const& /*entry*/, int /*position*/) override { isInvalid_ = true; }
     void ClearEntries() override { isInvalid_ = true; }
     void SelectEntry(int /*position*/) override { isInvalid_ = true; }
@@ -47,8 +42,6 @@ class HeadlessPeer final : public detail::WindowPeer {
     void SelectRows(std::span<int const> /*rows*/) override { isInvalid_ = true; }
     void InsertMenu(String const& /*title*/) override { isInvalid_ = true; }
     void InsertMenuItem(String const& /*text*/, String const& /*shortcut*/) override { isInvalid_ = true; }
-    void EnableMenuItem(int /*item*/, bool /*enabled*/) override {}
-    void CheckMenuItem(int /*item*/, bool /*checked*/) override {}
 
     RecordingCanvas const& Paint() {
         canvas_.Restart(size_);

@@ -1,5 +1,5 @@
-// HeadlessBackend: windows without a display. Nothing is painted before somebody asks for a picture, and
-// nobody moves a mouse but by the operations below.
+// HeadlessBackend: windows without a display. They are painted when a test or the program asks for a picture;
+// the pointer is moved by `MovePointer` alone.
 #pragma once
 
 #include "SV/headless/HeadlessPrinter.h"
@@ -21,7 +21,7 @@ class HeadlessBackend final : public detail::Backend {
     [[nodiscard]] bool HasDisplay() const noexcept override { return false; }
     [[nodiscard]] Size ScreenSize() const override { return {1280, 1024}; }
     [[nodiscard]] Point PointerPosition() const override { return pointer_; }
-    /// Nobody chooses.
+    /// Always returns none.
     [[nodiscard]] std::optional<FileAnswer> AskForFile(Window* /*parent*/,
                                                        FileQuestion const& /*question*/) override {
         return std::nullopt;
@@ -34,11 +34,12 @@ class HeadlessBackend final : public detail::Backend {
     PrinterTraits printers_;
 };
 
-/// A picture of the window with all visible windows in it, painted anew.
+/// Paints the window and its visible children and returns the picture.
 [[nodiscard]] Bitmap Render(Window& window);
-/// What painting the window alone draws, from the clearing of its ground on.
+/// Paints the window without its children and returns the drawing calls, beginning with that for the
+/// background.
 [[nodiscard]] std::vector<DrawCall> Record(Window& window);
-/// Whether a painting was asked for since the last one.
+/// Whether painting was requested after the last one.
 [[nodiscard]] bool IsInvalid(Window const& window);
 
 }  // namespace sv::headless

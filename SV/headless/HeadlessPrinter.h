@@ -1,5 +1,5 @@
-// HeadlessPrinter: a printer without paper. It keeps what the job that was started last has drawn, a pixel
-// being a tenth of a millimetre.
+// HeadlessPrinter: a printer without paper. It records the drawing of the last job; a pixel is a tenth of a
+// millimetre.
 #pragma once
 
 #include "SV/headless/RecordingCanvas.h"
@@ -10,20 +10,20 @@
 
 namespace sv::headless {
 
-/// What printers are like that are made from here on.
+/// The properties of printers that are created later.
 struct PrinterTraits {
-    Point offset;  // of the area that can be printed on, on all four sides
+    Point offset;  // of the printable area, the same on all four sides
     bool takesJobs = true;
 };
 
-/// What has become of a job.
+/// The state of a job.
 enum class JobState : int { None, Running, Ended, Aborted };
 
 struct PrintedPage {
     Size size;
     std::vector<DrawCall> calls;
 
-    /// The page as a picture, on white paper.
+    /// Draws the page as a picture on white paper.
     [[nodiscard]] Bitmap Pixels() const;
 };
 
@@ -50,7 +50,7 @@ class HeadlessPrinter final : public detail::PrinterPeer {
   private:
     String name_;
     PrinterTraits traits_;
-    RecordingCanvas canvas_{Size()};  // without pixels: a page has many, and few are looked at
+    RecordingCanvas canvas_{Size()};  // without pixels, since a page has many and few are examined
     Size page_;
 };
 

@@ -8,10 +8,10 @@ namespace sv::headless {
 namespace {
 
 constexpr int SystemFontHeight = 16;
-/// Pixels that a dash has, and the gap behind it.
+/// The pixels of a dash, and of the gap after it.
 constexpr int DashLength = 3;
 
-/// Draws with a pen of any width, pixel by pixel.
+/// Draws lines with a pen of any width, pixel by pixel.
 class Plotter {
   public:
     Plotter(Bitmap& pixels, Pen const& pen) : pixels_(pixels), pen_(pen), pixel_(pen.GetColor()) {}
@@ -52,7 +52,7 @@ class Plotter {
     int steps_ = 0;
 };
 
-/// Whether a pixel of the box belongs to the area with rounded corners.
+/// Whether a pixel lies inside a rectangle with rounded corners.
 bool IsInside(int x, int y, int width, int height, Size rounding) noexcept {
     double const radiusX = std::min<int>(rounding.Width(), width) / 2.0;
     double const radiusY = std::min<int>(rounding.Height(), height) / 2.0;
@@ -62,7 +62,7 @@ bool IsInside(int x, int y, int width, int height, Size rounding) noexcept {
     return cornerX * cornerX + cornerY * cornerY <= 1.0;
 }
 
-/// The pixel nearest to each place.
+/// Scales a picture by taking the nearest pixel.
 Bitmap Stretched(Bitmap const& bitmap, Size size) {
     Size const from = bitmap.GetSizePixel();
     if (from == size) return bitmap;

@@ -1,5 +1,5 @@
-// RecordingCanvas: a surface without a display. It keeps every call in order, with its numbers, and has real
-// pixels. Text has fixed metrics, the same on every machine, and shows as a block for each letter.
+// RecordingCanvas: a surface without a display. It records every call and draws real pixels. Text has fixed
+// metrics, the same on every machine, and shows as a block per letter.
 #pragma once
 
 #include "SV/ui/Canvas.h"
@@ -11,7 +11,7 @@ namespace sv::headless {
 
 enum class DrawKind : int { Line, Rect, Text, Image, Pixel, Clear };
 
-/// One call, in pixels from the top left corner. Which fields have a meaning follows from the kind.
+/// A drawing call, in pixels from the top left corner. Which fields are in use depends on the kind.
 struct DrawCall {
     DrawKind kind = DrawKind::Line;
     Point from{};     // start, top left corner, place
@@ -25,10 +25,10 @@ struct DrawCall {
     Bitmap image{};   // Image
 };
 
-/// Makes the same calls on another surface.
+/// Repeats the calls on another surface.
 void Replay(std::span<DrawCall const> calls, detail::Canvas& canvas);
 
-/// The height of a font's line and the width of each of its letters.
+/// The height of a line and the width of each letter of the font.
 [[nodiscard]] Size LetterSize(Font const& font) noexcept;
 
 class RecordingCanvas final : public detail::Canvas {
@@ -44,7 +44,7 @@ class RecordingCanvas final : public detail::Canvas {
     [[nodiscard]] Bitmap Copy(Rectangle const& area) const override;
     [[nodiscard]] Size TextSize(String const& text, Font const& font) const override;
 
-    /// A new, black surface without a record.
+    /// Resets the surface to black pixels of this size and clears the record.
     void Restart(Size size);
     [[nodiscard]] Bitmap const& Pixels() const noexcept { return pixels_; }
     [[nodiscard]] std::vector<DrawCall> const& Calls() const noexcept { return calls_; }

@@ -26,7 +26,7 @@ QString ValueOf(QPDFObjectHandle dictionary, char const* key) {
     return value.isString() ? QString::fromStdString(value.getUTF8Value()) : QString();
 }
 
-/// "D:20240131140559+01'00'" as "2024-01-31T14:05:59+01:00".
+/// Converts "D:20240131140559+01'00'" to "2024-01-31T14:05:59+01:00".
 QString IsoTime(QString const& pdfTime) {
     constexpr qsizetype Zone = 16;
     auto const digits = [&](qsizetype from, qsizetype count) { return pdfTime.mid(from, count); };
@@ -37,7 +37,7 @@ QString IsoTime(QString const& pdfTime) {
            digits(12, 2) + ':' + digits(14, 2) + (zone.isEmpty() ? QString("Z") : zone);
 }
 
-/// One entry of a list of the given kind.
+/// Writes an entry of a list of the given kind.
 void WriteListed(QXmlStreamWriter& xml, QString const& name, QString const& kind, QString const& value) {
     if (value.isEmpty()) return;
     xml.writeStartElement(DublinCore, name);
@@ -54,7 +54,7 @@ void WriteValue(QXmlStreamWriter& xml, char const* space, QString const& name, Q
     if (!value.isEmpty()) xml.writeTextElement(space, name, value);
 }
 
-/// The description as metadata, from the entries that the file has already.
+/// Returns XMP metadata with the entries of the document information.
 QByteArray Metadata(QPDFObjectHandle const& info, QString const& language) {
     QByteArray written;
     QXmlStreamWriter xml(&written);
@@ -83,7 +83,7 @@ QByteArray Metadata(QPDFObjectHandle const& info, QString const& language) {
     return written;
 }
 
-/// The top of the page stays, which is where Qt counts from.
+/// Trims the bottom of each page, since Qt's coordinates begin at the top.
 void TrimPages(QPDF& pdf, QSizeF size) {
     for (QPDFPageObjectHelper& page : QPDFPageDocumentHelper(pdf).getAllPages()) {
         double const top = page.getMediaBox().getArrayAsRectangle().ury;
@@ -92,7 +92,7 @@ void TrimPages(QPDF& pdf, QSizeF size) {
     }
 }
 
-/// The mark of a font that is in the file in part: six letters of its own.
+/// Returns the prefix of a subset font: six letters, different for each font.
 std::string SubsetTag(unsigned number) {
     std::string tag = "/AAAAAA+";
     for (std::size_t place = 6; place > 0 && number > 0; --place, number /= 26)
@@ -100,7 +100,7 @@ std::string SubsetTag(unsigned number) {
     return tag;
 }
 
-/// Qt writes the letters that are used, and does not say so in the font's names.
+/// Adds the prefix of a subset to the fonts' names, which Qt leaves out although it embeds subsets.
 void NameSubsets(QPDF& pdf) {
     unsigned number = 0;
     for (QPDFObjectHandle& font : pdf.getAllObjects()) {
@@ -128,7 +128,7 @@ void Describe(QPDF& pdf, PdfDescription const& description) {
     };
     set("/Title", description.title);
     set("/Author", description.author);
-    // Where some programs look for the kind of archive.
+    // Some programs look for the conformance level here.
     set("/GTS_PDFA1Version", "PDF/A-1b:2005");
     QPDFObjectHandle root = pdf.getRoot();
     if (!description.language.isEmpty())
@@ -144,7 +144,7 @@ void Describe(QPDF& pdf, PdfDescription const& description) {
 std::string Written(QPDF& pdf) {
     QPDFWriter writer(pdf);
     writer.setOutputMemory();
-    // The form of objects that PDF/A-1 knows.
+    // PDF/A-1 does not allow object streams.
     writer.setObjectStreamMode(qpdf_o_disable);
     writer.forcePDFVersion("1.4");
     writer.write();

@@ -1,5 +1,5 @@
-// What an archive wants of a PDF and Qt does not write: its author and language, and both descriptions that a
-// file carries of itself saying the same. And pages of their exact size, which Qt rounds to whole points.
+// Completes a PDF of Qt's for archives: adds author and language, makes its two descriptions agree, and sets
+// the exact size of the pages, which Qt rounds to whole points.
 #pragma once
 
 #include <QSizeF>
@@ -10,7 +10,7 @@
 
 namespace sv::qt {
 
-/// What a document says of itself.
+/// The description of a document.
 struct PdfDescription {
     QSizeF page;  // points
     QString title;
@@ -18,7 +18,7 @@ struct PdfDescription {
     QString language;
 };
 
-/// The same pages as PDF/A-1b. None when they cannot be read.
+/// Returns the same pages as PDF/A-1b, or none if they cannot be read.
 [[nodiscard]] std::optional<std::string> FinishPdf(std::string_view pdf, PdfDescription const& description);
 
 }  // namespace sv::qt

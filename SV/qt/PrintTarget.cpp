@@ -47,7 +47,7 @@ class QueueTarget final : public PrintTarget {
         Border const border{tenths(upright.left), tenths(upright.top), tenths(upright.right),
                             tenths(upright.bottom)};
         if (setup.orientation == Orientation::Portrait) return border;
-        // Turned to the left: the upright page's right edge is on top.
+        // Turned to the left: the right edge of the upright page is on top.
         return {border.top, border.right, border.bottom, border.left};
     }
     [[nodiscard]] unsigned long ColorCount() const override {

@@ -1,4 +1,4 @@
-// PrintTarget: where the pages of a printer go when they are drawn.
+// PrintTarget: the destination of a printer's pages.
 #pragma once
 
 #include "SV/ui/PrintJob.h"
@@ -8,7 +8,7 @@
 
 namespace sv::qt {
 
-/// What a printer cannot print on along the edges of the paper, in tenths of a millimetre.
+/// The margins that cannot be printed on, in tenths of a millimetre.
 struct Border {
     int left = 0;
     int top = 0;
@@ -22,13 +22,13 @@ class PrintTarget {
 
     [[nodiscard]] virtual Border BorderOf(PageSetup const& setup) const = 0;
     [[nodiscard]] virtual unsigned long ColorCount() const = 0;
-    /// Whether a job would be taken, as far as can be known beforehand.
+    /// Whether a job is expected to be accepted.
     [[nodiscard]] virtual bool TakesJobs() const = 0;
-    /// Takes a job over, its pages as a PDF. False when it was refused or got lost.
+    /// Delivers a job, its pages as a PDF. Returns false if it was refused or lost.
     [[nodiscard]] virtual bool Deliver(PrintJob const& job, std::string_view pdf) = 0;
 };
 
-/// A file for a name that ends in ".pdf", else a queue.
+/// Returns a file for a name that ends in ".pdf", otherwise a queue.
 [[nodiscard]] std::unique_ptr<PrintTarget> MakePrintTarget(String const& name);
 
 }  // namespace sv::qt

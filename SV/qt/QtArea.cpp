@@ -23,7 +23,7 @@ MouseEvent ToMouseEvent(QMouseEvent const& event) {
     return MouseEvent(ToPoint(event.position().toPoint()), event.buttons().testFlag(Qt::LeftButton));
 }
 
-/// Keyboard, focus and a role for screen readers; the program does the rest.
+/// Provides keyboard, focus and a role for screen readers; the program draws the button.
 class DrawnButton final : public QAbstractButton {
   public:
     using QAbstractButton::QAbstractButton;
@@ -32,7 +32,7 @@ class DrawnButton final : public QAbstractButton {
     void paintEvent(QPaintEvent* /*event*/) override {}
 };
 
-/// The button that can be pressed and has the style bit, of all in the window.
+/// Returns the first visible, enabled button of the window with the style bit; null if there is none.
 Button* FindDefaultButton(Window const& window) {
     for (Window* const child : window.GetChildren()) {
         if (!child->IsVisible() || !child->IsEnabled()) continue;
@@ -56,21 +56,21 @@ class QtArea : public QtWindow {
                 Paint();
                 return true;
             case QEvent::MouseMove:
-                Tell(&Window::MouseMove, ToMouseEvent(static_cast<QMouseEvent&>(event)));
+                Report(&Window::MouseMove, ToMouseEvent(static_cast<QMouseEvent&>(event)));
                 return true;
             case QEvent::MouseButtonPress:
             case QEvent::MouseButtonDblClick:
-                Tell(&Window::MouseButtonDown, ToMouseEvent(static_cast<QMouseEvent&>(event)));
+                Report(&Window::MouseButtonDown, ToMouseEvent(static_cast<QMouseEvent&>(event)));
                 return true;
             case QEvent::MouseButtonRelease:
-                Tell(&Window::MouseButtonUp, ToMouseEvent(static_cast<QMouseEvent&>(event)));
+                Report(&Window::MouseButtonUp, ToMouseEvent(static_cast<QMouseEvent&>(event)));
                 return true;
             case QEvent::Leave:
-                if (GetWindow().HasCapture()) TellPointer();
+                if (GetWindow().HasCapture()) ReportPointer();
                 return false;
             case QEvent::Move:
             case QEvent::Resize:
-                TellPlace();
+                ReportPlace();
                 return false;
             case QEvent::Close:
                 event.ignore();
@@ -91,24 +91,25 @@ class QtArea : public QtWindow {
         });
     }
 
-    void Tell(void (Window::*handler)(MouseEvent const&), MouseEvent const& event) {
+    void Report(void (Window::*handler)(MouseEvent const&), MouseEvent const& event) {
         Call([&] { (GetWindow().*handler)(event); });
     }
 
-    /// Tells the captor that the pointer has left the program's windows, over which it is told anyway.
-    void TellPointer() {
+    /// Reports to the captor that the pointer has left the program's windows; over these it receives events
+    /// anyway.
+    void ReportPointer() {
         if (QApplication::widgetAt(QCursor::pos()) != nullptr) return;
-        Tell(&Window::MouseMove, MouseEvent(ToPoint(Widget().mapFromGlobal(QCursor::pos()))));
+        Report(&Window::MouseMove, MouseEvent(ToPoint(Widget().mapFromGlobal(QCursor::pos()))));
     }
 
-    void TellPlace() {
+    void ReportPlace() {
         if (!Widget().isWindow()) return;
         Size const size(Widget().width(), Widget().height());
         Call([&] { GetWindow().WasPlaced(ToPoint(Widget().pos()), size); });
     }
 };
 
-/// Escape closes it, Return presses its default button.
+/// Escape closes it, Return activates its default button.
 class QtDialog final : public QtArea {
   public:
     using QtArea::QtArea;
@@ -123,7 +124,7 @@ class QtDialog final : public QtArea {
             case Qt::Key_Return:
             case Qt::Key_Enter:
                 if (Button* const button = FindDefaultButton(GetWindow())) {
-                    // What has the focus takes its text over first.
+                    // The edit that has the focus accepts its text first.
                     button->GrabFocus();
                     Call([button] { button->WasClicked(); });
                 }

@@ -43,19 +43,18 @@ void Redirect(QMouseEvent const& event, QWidget& widget) {
     QCoreApplication::sendEvent(&widget, &redirected);
 }
 
-/// Qt reads its environment when the application is made; the argument passes through.
+/// Sets the platform, which Qt reads when the application is created. Returns its argument.
 int& ForScreen(Screen screen, int& argc) {
     if (screen == Screen::None) qputenv("QT_QPA_PLATFORM", "offscreen");
     return argc;
 }
 
-/// Keeps a person's input from windows that are shut off, as the one below a modal dialog, and gives the
-/// mouse to the window that has captured it.
+/// Blocks input to disabled top-level windows and redirects mouse events to the captor.
 class InputFilter final : public QObject {
   public:
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (!watched->isWidgetType() || !IsInput(event->type())) return false;
-        if (QtWindow::IsShutOff(static_cast<QWidget&>(*watched))) {
+        if (QtWindow::IsBlocked(static_cast<QWidget&>(*watched))) {
             event->setAccepted(event->type() == QEvent::ShortcutOverride);
             return true;
         }

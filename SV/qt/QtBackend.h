@@ -1,4 +1,5 @@
-// QtBackend: real windows. A program makes one before its first window and keeps it until its last is gone:
+// QtBackend: windows, printers and fonts by Qt. Create one before the first window and destroy it after the
+// last:
 //     int main(int argc, char** argv) {
 //         sv::qt::QtBackend const windows(argc, argv);
 #pragma once
@@ -13,16 +14,16 @@ class Window;
 
 namespace sv::qt {
 
-/// Where windows show.
+/// Where windows are shown.
 enum class Screen : int {
-    Desktop,  // the platform that the environment names, as a rule the user's own screen
-    None      // nowhere: for pictures and pages alone
+    Desktop,  // the platform that the environment names, usually the user's screen
+    None      // nowhere: for saving pictures and pages only
 };
 
 class QtBackend {
   public:
-    /// Takes Qt's own options out of the arguments. From here on windows, boxes and the event loop are Qt's;
-    /// on a computer without a screen the program ends here, unless it wants none.
+    /// Removes Qt's own options from the arguments, and installs Qt's windows, boxes and event loop. On a
+    /// computer without a screen the program exits here, unless `screen` is `None`.
     QtBackend(int& argc, char** argv, Screen screen = Screen::Desktop);
     QtBackend(QtBackend const&) = delete;
     QtBackend& operator=(QtBackend const&) = delete;
@@ -33,10 +34,9 @@ class QtBackend {
     std::unique_ptr<Impl> impl_;
 };
 
-/// Paints a window, which need not be on the screen, with all windows in it into a file: a picture of its
-/// pixels (PNG) or a drawing that scales (SVG, or PDF with a page of the window's size), by the ending of the
-/// path. False when the ending is another or the file cannot be written. The path is in the suite's code
-/// page.
+/// Writes a window, which need not be visible, and its children to a file. The extension selects the format:
+/// a picture of its pixels (PNG) or scalable graphics (SVG, or PDF with a page of the window's size). Returns
+/// false if the extension is another or the file cannot be written. The path is in the suite's code page.
 [[nodiscard]] bool SaveAs(Window& window, String const& path);
 
 }  // namespace sv::qt

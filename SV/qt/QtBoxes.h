@@ -5,7 +5,7 @@
 
 namespace sv::qt {
 
-/// Shows the box over the window in use and runs the application's loop until it is answered.
+/// Shows the box over the active window and runs the application's loop until it is answered.
 [[nodiscard]] BoxAnswer ShowBox(MessBox const& box);
 
 }  // namespace sv::qt

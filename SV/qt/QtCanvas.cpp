@@ -16,12 +16,12 @@ namespace sv::qt {
 
 namespace {
 
-/// Pixels that a dash has, and the gap behind it.
+/// The pixels of a dash, and of the gap after it.
 constexpr double DashLength = 3.0;
 
 int WidthOf(Pen const& pen) noexcept { return std::max<int>(pen.GetWidth(), 1); }
 
-/// From a pixel's corner to where the middle of a line through it lies. A line of even width has its further
+/// The distance from a pixel's corner to the middle of a line through it. A line of even width has its larger
 /// half below and to the right.
 double Middle(Pen const& pen) noexcept { return WidthOf(pen) % 2 == 0 ? 1.0 : 0.5; }
 
@@ -40,7 +40,7 @@ QRect AreaOf(Rectangle const& area) {
             QPoint(area.BottomRight().X(), area.BottomRight().Y())};
 }
 
-/// A font of the family with lines as high as asked for, as near as whole pixels come.
+/// Returns the font with the line height nearest to that requested.
 QFont WithLineHeight(QFont font, int height) {
     font.setPixelSize(height);
     double const line = QFontMetricsF(font).height();
@@ -48,7 +48,7 @@ QFont WithLineHeight(QFont font, int height) {
     return font;
 }
 
-/// With letters as wide on average; 0 leaves them alone.
+/// Returns the font with letters of this average width; 0 leaves it unchanged.
 QFont WithLetterWidth(QFont font, int width) {
     double const natural = QFontMetricsF(font).averageCharWidth();
     if (width != 0 && natural > 0) font.setStretch(static_cast<int>(std::lround(100 * width / natural)));
@@ -73,7 +73,7 @@ QColor ToQt(Color color) { return QColor::fromRgba64(color.GetRed(), color.GetGr
 QFont ToQt(Font const& font) {
     bool const isFixed = font.GetPitch() == FontPitch::Fixed;
     QFont made = isFixed ? QFontDatabase::systemFont(QFontDatabase::FixedFont) : QApplication::font();
-    // A light face is too pale at the size of help and labels.
+    // A light face would be too pale at the size of help and labels.
     if (font.GetWeight() == FontWeight::Bold) made.setWeight(QFont::Bold);
     if (font.GetHeight() == 0) return made;
     static std::map<std::tuple<QString, int, int>, QFont> sized;
@@ -116,7 +116,7 @@ void QtCanvas::Line(Point from, Point to, Pen const& pen) {
     QPen drawn = PenOf(pen);
     QPointF along;
     if (from.X() == to.X() || from.Y() == to.Y()) {
-        // Upright and level lines cover whole pixels, from the first one's edge to the last one's.
+        // Horizontal and vertical lines cover whole pixels, from the edge of the first to that of the last.
         double const reach = WidthOf(pen) / 2.0;
         bool const isForward = from.X() <= to.X() && from.Y() <= to.Y();
         along = (isForward ? reach : -reach) * (from.X() == to.X() ? QPointF(0, 1) : QPointF(1, 0));
@@ -133,7 +133,7 @@ void QtCanvas::Rect(Rectangle const& area, Size rounding, Pen const& pen, Brush 
         if (isFilled) painter_->fillRect(AreaOf(area), ToQt(brush.GetColor()));
         Point const a = area.TopLeft();
         Point const b = area.BottomRight();
-        // Four lines: Qt's own outline is thin at the corners.
+        // Four lines, since Qt's own outline is thin at the corners.
         for (auto const& [from, to] : {std::pair(a, Point(b.X(), a.Y())), std::pair(Point(b.X(), a.Y()), b),
                                        std::pair(Point(a.X(), b.Y()), b), std::pair(a, Point(a.X(), b.Y()))})
             Line(from, to, pen);

@@ -1,4 +1,4 @@
-// QtCanvas: drawing by a QPainter, on windows, on pictures in memory and into files.
+// QtCanvas: draws with a QPainter on windows, on pictures in memory and into files.
 #pragma once
 
 #include "SV/ui/Canvas.h"
@@ -11,14 +11,14 @@
 namespace sv::qt {
 
 [[nodiscard]] QColor ToQt(Color color);
-/// Of the system's own family. A height is that of a line, and not that of a letter.
+/// Returns a font of the system's family. The height is that of a line, not of a letter.
 [[nodiscard]] QFont ToQt(Font const& font);
 [[nodiscard]] QImage ToQt(Bitmap const& bitmap);
 
-/// Draws where it was told to by `Begin`, and nowhere before that; it measures at any time.
+/// Draws while a `Scope` exists; measures at any time.
 class QtCanvas : public detail::Canvas {
   public:
-    /// Draws with a painter for as long as the object lives.
+    /// Draws with this painter during the lifetime of the object.
     class Scope {
       public:
         Scope(QtCanvas& canvas, QPainter& painter, QSize size);
@@ -42,7 +42,7 @@ class QtCanvas : public detail::Canvas {
     [[nodiscard]] Size TextSize(String const& text, Font const& font) const override;
 
   protected:
-    /// As it is drawn and measured here.
+    /// The font that is used for drawing and measuring.
     [[nodiscard]] virtual QFont FontOf(Font const& font) const;
 
   private:

@@ -27,13 +27,13 @@ namespace {
 
 using detail::WindowKind;
 
-/// What Qt takes for no limit of a line's length.
+/// Qt's value for no limit.
 constexpr int NoLimit = 32767;
 
-/// Counts the turns of a wheel, which come in fractions of a notch.
+/// Counts the notches of a wheel, which reports fractions of a notch.
 class WheelNotches {
   public:
-    /// Whole notches since the last call, up positive.
+    /// Returns the whole notches since the last call; up is positive.
     int Take(QWheelEvent const& event) {
         turned_ += event.angleDelta().y();
         int const notches = turned_ / QWheelEvent::DefaultDeltasPerStep;
@@ -45,7 +45,7 @@ class WheelNotches {
     int turned_ = 0;
 };
 
-/// A control with its widget's own type.
+/// A control with a typed widget.
 template <class Type>
 class QtControl : public QtWindow {
   public:
@@ -53,15 +53,15 @@ class QtControl : public QtWindow {
 
   protected:
     [[nodiscard]] Type& Control() const { return static_cast<Type&>(Widget()); }
-    /// Tells the window how often it was spun; it may be gone after any of these.
+    /// Reports steps to the window. Each report may destroy this object.
     void Spin(int steps) {
         QPointer<QObject> const self = this;
         for (; steps != 0 && self != nullptr; steps -= steps > 0 ? 1 : -1)
             Call([this, steps] { GetWindow().WasSpun(steps > 0); });
     }
-    /// Text on the ground of a window that the program paints has the program's colour; and so has the ground
-    /// of the text's own, where it has one.
-    void TakeColors() {
+    /// On a background that the program paints, text has the program's colour, and so has the text's own
+    /// background.
+    void UpdateColors() {
         QPalette palette;
         palette.setColor(QPalette::WindowText, ToQt(GetWindow().GetFont().GetColor()));
         Brush const& ground = GetWindow().GetBackgroundBrush();
@@ -86,7 +86,7 @@ class QtEdit final : public QtControl<QLineEdit> {
     }
 
     void SetText(String const& text) override {
-        TakeLook();
+        UpdateLook();
         if (FromQt(Control().text()) != text) Control().setText(ToQt(text));
     }
     void SetMaxTextLen(unsigned short length) override {
@@ -97,7 +97,7 @@ class QtEdit final : public QtControl<QLineEdit> {
   protected:
     bool Handle(QEvent& event) override {
         bool const isWheel = event.type() == QEvent::Wheel;
-        // A wheel turns over fields that are shut off, too.
+        // A disabled field also receives wheel events.
         if (isWheel && Control().isEnabled() && !Control().isReadOnly())
             Spin(wheel_.Take(static_cast<QWheelEvent&>(event)));
         if (isWheel) return true;
@@ -109,7 +109,7 @@ class QtEdit final : public QtControl<QLineEdit> {
     }
 
   private:
-    /// What the code page lacks shows at once as what is kept of it.
+    /// Replaces at once what the code page lacks.
     void Take(QString const& text) {
         String const kept = FromQt(text);
         if (QString const shown = ToQt(kept); shown != text) {
@@ -165,19 +165,19 @@ class QtFixedText final : public QtControl<QLabel> {
 
     void SetText(String const& text) override {
         text_ = text;
-        TakeLook();
+        UpdateLook();
     }
 
   protected:
-    void TakeLook() override {
-        QtWindow::TakeLook();
-        TakeColors();
-        TakeText();
+    void UpdateLook() override {
+        QtWindow::UpdateLook();
+        UpdateColors();
+        UpdateText();
     }
 
   private:
-    /// A letter leads to the next control, which has the text for its name; it may have come after the text.
-    void TakeText() {
+    /// The mnemonic and the text as an accessible name go to the next control, which may be created later.
+    void UpdateText() {
         bool const hasLetter = FindMnemonic(text_) != String::NotFound;
         QWidget* const next = hasLetter ? NextControl() : nullptr;
         if (Control().buddy() != next) Control().setBuddy(next);
@@ -185,7 +185,7 @@ class QtFixedText final : public QtControl<QLabel> {
         if (Control().text() != shown) Control().setText(shown);
     }
 
-    /// The first behind this one that takes the keyboard; null for none.
+    /// Returns the first control after this one that takes the keyboard; null if there is none.
     [[nodiscard]] QWidget* NextControl() const {
         if (GetWindow().GetParent() == nullptr) return nullptr;
         std::span<Window* const> const all = GetWindow().GetParent()->GetChildren();
@@ -208,7 +208,7 @@ class QtButton : public QtControl<Type> {
     }
 
     void SetText(String const& text) override {
-        this->TakeLook();
+        this->UpdateLook();
         this->Control().setText(ToQtWithMnemonic(text));
     }
 
@@ -227,9 +227,9 @@ class QtCheckBox final : public QtButton<QCheckBox> {
     void SetChecked(bool checked) override { Control().setChecked(checked); }
 
   protected:
-    void TakeLook() override {
-        QtWindow::TakeLook();
-        TakeColors();
+    void UpdateLook() override {
+        QtWindow::UpdateLook();
+        UpdateColors();
     }
 };
 
@@ -247,7 +247,7 @@ class QtListBox final : public QtControl<QListWidget> {
 
     void InsertEntry(String const& entry, int position) override {
         QSignalBlocker const quiet(Control());
-        TakeLook();
+        UpdateLook();
         Control().insertItem(position, ToQt(entry));
         if (position <= lastSelected_) ++lastSelected_;
     }
@@ -269,7 +269,7 @@ class QtListBox final : public QtControl<QListWidget> {
 
   protected:
     bool Handle(QEvent& event) override {
-        // A list that is hidden does not scroll.
+        // A hidden list does not scroll.
         if (event.type() == QEvent::Show) ScrollTo(lastSelected_);
         return QtWindow::Handle(event);
     }
@@ -291,9 +291,9 @@ class QtDropDown final : public QtControl<QComboBox> {
         });
     }
 
-    // Qt selects the first entry by itself.
+    // Without this, Qt selects the first entry.
     void InsertEntry(String const& entry, int position) override {
-        TakeLook();
+        UpdateLook();
         Control().insertItem(position, ToQt(entry));
         SelectEntry(position <= selected_ ? selected_ + 1 : selected_);
     }

@@ -17,7 +17,7 @@ namespace {
 
 QString FromNative(String const& path) { return QString::fromStdString(NativePath(path)); }
 
-/// None for a name that would be another one when the suite hands it back.
+/// Returns none if the name would not convert back to itself.
 std::optional<String> ToNative(QString const& path) {
     std::string const name = path.toStdString();
     String kept = FromNativePath(name);
@@ -27,7 +27,7 @@ std::optional<String> ToNative(QString const& path) {
 
 QStringList NamesOf(std::vector<FileFilter> const& filters) {
     QStringList names;
-    // A bracket in a name would be taken for the pattern's.
+    // A bracket in a name would be taken for that of the pattern.
     for (FileFilter const& filter : filters)
         names += ToQt(filter.name).replace('(', '[').replace(')', ']') + " (" +
                  ToQt(filter.pattern).replace("*.*", "*") + ')';

@@ -1,4 +1,4 @@
-// Choosing files and folders in a dialog of Qt's own.
+// File and folder dialogs by Qt.
 #pragma once
 
 #include "SV/ui/FileChoice.h"
@@ -11,8 +11,8 @@ class Window;
 
 namespace sv::qt {
 
-/// Shows the dialog over the window in use, or over `parent`, and runs the application's loop until it is
-/// answered. A name that the suite's code page cannot hold is told in a box, and the person asked again.
+/// Shows the dialog over `parent` or the active window, and runs the application's loop until it is answered.
+/// If the suite's code page lacks a character of the name, shows a box and asks again.
 [[nodiscard]] std::optional<FileAnswer> ShowFileDialog(Window* parent, FileQuestion const& question);
 
 }  // namespace sv::qt

@@ -36,7 +36,7 @@ bool QtLoop::DispatchOne() {
 }
 
 void QtLoop::Wait(std::chrono::milliseconds limit) {
-    // An idle handler may have left something in the platform's queue, where the descriptor does not show it.
+    // An idle handler may have left an event in the platform's queue, which the descriptor does not show.
     if (platform::EventLoop::DispatchOne()) return;
     QTimer timer;
     timer.setSingleShot(true);
@@ -46,7 +46,7 @@ void QtLoop::Wait(std::chrono::milliseconds limit) {
     if (platform_ != nullptr) platform_->setEnabled(true);
     ProcessQt(true);
     --waits_;
-    // A wait inside one of the handlers leaves it to the outer one.
+    // A wait inside a handler leaves the descriptor to the outer wait.
     if (platform_ != nullptr) platform_->setEnabled(waits_ > 0);
 }
 
@@ -69,7 +69,7 @@ bool QtLoop::ProcessQt(bool mayWait) {
     bool const hadEvent = QCoreApplication::eventDispatcher()->processEvents(
         mayWait ? QEventLoop::WaitForMoreEvents : QEventLoop::AllEvents);
     --depth_;
-    // Qt deletes by itself only what was given up inside one of its own handlers.
+    // Qt deletes objects itself only if they were released inside one of its own handlers.
     if (depth_ == 0) QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (std::exception_ptr const thrown = std::exchange(thrown_, nullptr)) std::rethrow_exception(thrown);
     return hadEvent;

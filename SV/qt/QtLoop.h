@@ -1,4 +1,4 @@
-// QtLoop: lets the application's event loop take events from Qt and wait in it.
+// QtLoop: connects the application's event loop to Qt's.
 #pragma once
 
 #include "SV/core/detail/LoopDriver.h"
@@ -10,14 +10,14 @@
 
 namespace sv::qt {
 
-/// One per process, never destroyed. All operations but `Wake` belong to the main thread.
-// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
+/// One per process, never destroyed. Only `Wake` is thread-safe.
+/// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
 class QtLoop final : public detail::LoopDriver {
   public:
-    /// Threads may wake it while the program ends.
+    /// Never destroyed, since threads may call `Wake` while the program exits.
     static QtLoop& Instance();
 
-    /// From the making of Qt's application to its end.
+    /// Called when Qt's application is created and before it is destroyed.
     void Start();
     void Stop();
 
@@ -26,8 +26,8 @@ class QtLoop final : public detail::LoopDriver {
     void Wake() noexcept override;
     void ShowWaiting(bool waiting) override;
 
-    /// Calls a handler of the program from one of Qt's, through which no exception may pass: the loop throws
-    /// it again when it is back.
+    /// Calls a handler of the program from one of Qt's. Exceptions cannot pass through Qt: the loop rethrows
+    /// them afterwards.
     template <class Handler>
     void Call(Handler const& handler) noexcept {
         try {
@@ -40,7 +40,7 @@ class QtLoop final : public detail::LoopDriver {
   private:
     bool ProcessQt(bool mayWait);
 
-    std::mutex mutex_;  // guards `isRunning_` against its use by `Wake`
+    std::mutex mutex_;  // guards `isRunning_` while `Wake` uses it
     bool isRunning_ = false;
     bool isWaitingShown_ = false;
     int depth_ = 0;

@@ -1,4 +1,4 @@
-// The line of menus at the top of a window.
+// The menu bar at the top of a window.
 #include "SV/qt/QtText.h"
 #include "SV/qt/QtWindow.h"
 
@@ -15,7 +15,7 @@ namespace {
 class QtMenuBar final : public QtWindow {
   public:
     QtMenuBar(Window& window, QWidget* parent) : QtWindow(window, std::make_unique<QMenuBar>(parent)) {
-        // It stands where the program puts it, on every desktop.
+        // Shown inside the window on every desktop.
         Bar().setNativeMenuBar(false);
     }
 
@@ -28,11 +28,11 @@ class QtMenuBar final : public QtWindow {
             return;
         }
         QAction* const action = menu_->addAction(ToQtWithMnemonic(text));
-        // A shortcut is a name of keys, the same in every language.
+        // The names of keys are the same in every language.
         action->setShortcut(QKeySequence::fromString(ToQt(shortcut), QKeySequence::PortableText));
         auto const place = static_cast<unsigned short>(actions_.size());
         connect(action, &QAction::triggered, this, [this, action, place](bool checked) {
-            // The program says what is checked, and not the press.
+            // The program alone changes the check mark.
             if (action->isCheckable()) action->setChecked(!checked);
             Call([this, place] { GetWindow().EntryWasSelected(place); });
         });
@@ -50,7 +50,7 @@ class QtMenuBar final : public QtWindow {
     [[nodiscard]] QMenuBar& Bar() const { return static_cast<QMenuBar&>(Widget()); }
     [[nodiscard]] QAction& ActionAt(int item) const { return *actions_.at(static_cast<std::size_t>(item)); }
 
-    QMenu* menu_ = nullptr;  // the last one; all belong to the bar, as the actions do to their menus
+    QMenu* menu_ = nullptr;  // the last one; the bar owns the menus, and each menu its actions
     std::vector<QAction*> actions_;
 };
 

@@ -16,19 +16,18 @@ namespace sv::qt {
 
 namespace {
 
-/// So that a tenth of a millimetre is a whole number of pixels, and the largest sheets still have fewer than
-/// coordinates can count.
+/// A tenth of a millimetre is a whole number of pixels, and the largest sheets fit into 16-bit coordinates.
 constexpr int PixelsPerTenth = 2;
 constexpr int Resolution = 254 * PixelsPerTenth;
 constexpr double PointsPerTenth = 72.0 / 254.0;
-/// Of the system's own font on paper: nine points a letter, tenths of a millimetre a line.
+/// The line height of the system's font on paper, nine points, in tenths of a millimetre.
 constexpr int SystemLineHeight = 37;
 
-/// The least spacing that there is. With any, letters are not joined to ligatures, in which whoever searches
-/// a file for a word does not find it.
+/// The smallest possible spacing. Any spacing keeps letters from being joined to ligatures, which text search
+/// in a file does not find.
 constexpr double LetterSpacing = 1.0 / 64.0;
 
-/// Letters keep the widths that their designer gave them: paper has no pixels to fit them to.
+/// Uses unhinted letter widths, since paper has no pixels to fit letters to.
 class PageCanvas final : public QtCanvas {
   protected:
     [[nodiscard]] QFont FontOf(Font const& font) const override {

@@ -1,4 +1,4 @@
-// QtPrinter: pages by Qt, drawn into a PDF that goes to a file or to a queue of the system.
+// QtPrinter: pages drawn into a PDF, which goes to a file or to a queue of the system.
 #pragma once
 
 #include "SV/ui/Backend.h"
@@ -7,7 +7,7 @@
 
 namespace sv::qt {
 
-/// The file or queue of that name, see `sv::Printer`.
+/// Returns the printer for the file or queue of this name, see `sv::Printer`.
 [[nodiscard]] std::unique_ptr<detail::PrinterPeer> MakeQtPrinter(String const& name);
 
 }  // namespace sv::qt

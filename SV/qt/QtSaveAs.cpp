@@ -13,7 +13,7 @@ namespace sv::qt {
 
 namespace {
 
-/// Pixels an inch of drawings that scale.
+/// Pixels per inch of scalable graphics.
 constexpr int Resolution = 96;
 constexpr double PointsPerInch = 72.0;
 

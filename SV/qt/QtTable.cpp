@@ -17,12 +17,12 @@ namespace sv::qt {
 
 namespace {
 
-// Pixels.
+// In pixels.
 constexpr int RowPadding = 6;
 constexpr int CellPadding = 12;
 constexpr int SwatchSide = 16;
 
-/// The same whether its row is selected or not: a colour is there to be looked at.
+/// The same in selected rows, so that the colour can be judged.
 QVariant SwatchOf(Color color) {
     QPixmap square(SwatchSide, SwatchSide);
     square.fill(ToQt(color));
@@ -133,16 +133,16 @@ class QtTable final : public QtWindow {
     ~QtTable() override { View().setModel(nullptr); }
 
     void SetColumns(std::span<TableColumn const> columns) override {
-        Quietly([&] { model_.SetColumns(columns); });
+        WithoutReport([&] { model_.SetColumns(columns); });
         for (std::size_t i = 0; i < columns.size(); ++i) {
             View().setColumnWidth(static_cast<int>(i), columns[i].width + CellPadding);
         }
     }
     void SetRowCount(int count) override {
-        Quietly([&] { model_.SetRowCount(count); });
+        WithoutReport([&] { model_.SetRowCount(count); });
     }
     void SelectRows(std::span<int const> rows) override {
-        Quietly([&] {
+        WithoutReport([&] {
             QItemSelection const chosen = RunsOf(rows);
             auto* const selection = View().selectionModel();
             if (!rows.empty()) {
@@ -158,7 +158,7 @@ class QtTable final : public QtWindow {
     }
 
   protected:
-    /// Home and End are the first row and the last: between the columns there is nothing to go to.
+    /// Home and End go to the first and last row.
     bool Handle(QEvent& event) override {
         if (event.type() != QEvent::KeyPress) return QtWindow::Handle(event);
         auto const& key = static_cast<QKeyEvent&>(event);
@@ -171,7 +171,7 @@ class QtTable final : public QtWindow {
   private:
     [[nodiscard]] QTableView& View() const { return static_cast<QTableView&>(Widget()); }
 
-    /// As few ranges as there are: Qt's own merging takes the square of their number.
+    /// Returns as few ranges as possible, since Qt merges them in quadratic time.
     [[nodiscard]] QItemSelection RunsOf(std::span<int const> rows) const {
         QItemSelection runs;
         for (std::size_t i = 0; i < rows.size();) {
@@ -182,9 +182,9 @@ class QtTable final : public QtWindow {
         return runs;
     }
 
-    /// Changes of the program's own are not told to it.
+    /// Makes a change without reporting it to the program.
     template <class Change>
-    void Quietly(Change const& change) {
+    void WithoutReport(Change const& change) {
         isOwnChange_ = true;
         change();
         isOwnChange_ = false;

@@ -14,11 +14,11 @@ namespace sv::qt {
 
 namespace {
 
-/// The name of a code page of two bytes a character; null for the Western one.
+/// Returns the name of a code page of two bytes per character; null for the Western one.
 char const* NameOf(TextPage page) noexcept {
     switch (page) {
         case TextPage::Japanese:
-            return "ibm-943_P15A-2003";  // 932 with Windows' own extensions, and a backslash that stays one
+            return "ibm-943_P15A-2003";  // 932 with Windows' own extensions; keeps the backslash
         case TextPage::Chinese:
             return "windows-936";
         case TextPage::Western:
@@ -55,7 +55,7 @@ String FromQt(QString const& text) {
     if (name == nullptr) return ToWestern(text);
     QStringEncoder encoder(name, QStringConverter::Flag::Stateless);
     if (!encoder.isValid()) return ToWestern(text);
-    // A character at a time, since an encoder has a mark of its own for one that is lacking.
+    // One character at a time, since the encoder's own replacement for what it lacks is not "?".
     std::string bytes;
     for (char32_t const point : text.toUcs4()) {
         QString const character = QString::fromUcs4(&point, 1);

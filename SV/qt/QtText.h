@@ -1,4 +1,4 @@
-// Text between the toolkit and Qt: the one place that knows both kinds of string.
+// Text conversion between the toolkit and Qt; no other file knows both kinds of string.
 #pragma once
 
 #include "SV/core/String.h"
@@ -7,12 +7,12 @@
 
 namespace sv::qt {
 
-/// Decodes a text of the suite, in the current `TextPage`, for the screen. A byte that means nothing becomes
-/// a replacement character.
+/// Decodes a text in the current `TextPage`. A byte that the code page leaves open becomes a replacement
+/// character.
 [[nodiscard]] QString ToQt(String const& text);
-/// What the code page lacks becomes "?".
+/// Encodes a text; a character that the code page lacks becomes "?".
 [[nodiscard]] String FromQt(QString const& text);
-/// The same with "~" in front of the mnemonic letter turned into Qt's "&".
+/// Like `ToQt`, with the "~" of the mnemonic replaced by Qt's "&".
 [[nodiscard]] QString ToQtWithMnemonic(String const& text);
 
 }  // namespace sv::qt

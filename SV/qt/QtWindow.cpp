@@ -12,7 +12,7 @@ namespace sv::qt {
 
 namespace {
 
-constexpr char const* ShutOff = "svShutOff";
+constexpr char const* BlockedProperty = "svBlocked";
 
 std::map<Window const*, QtWindow*>& Peers() {
     static std::map<Window const*, QtWindow*>& peers = *new std::map<Window const*, QtWindow*>;
@@ -34,11 +34,11 @@ QtWindow::~QtWindow() {
     Peers().erase(&window_);
     if (captor == this) captor = nullptr;
     widget_->removeEventFilter(this);
-    // Windows in this one that live on belong to their own peers.
+    // Children that live on belong to their own peers.
     for (Window* const child : window_.GetChildren()) Of(*child).Widget().setParent(nullptr);
     widget_->hide();
     widget_->setParent(nullptr);
-    // One of the widget's own handlers may be what this is called from.
+    // A handler of the widget may be on the stack.
     widget_.release()->deleteLater();
 }
 
@@ -46,24 +46,26 @@ QtWindow& QtWindow::Of(Window const& window) { return *Peers().at(&window); }
 
 QWidget* QtWindow::Captor() noexcept { return captor == nullptr ? nullptr : captor->widget_.get(); }
 
-bool QtWindow::IsShutOff(QWidget const& widget) { return widget.window()->property(ShutOff).toBool(); }
+bool QtWindow::IsBlocked(QWidget const& widget) {
+    return widget.window()->property(BlockedProperty).toBool();
+}
 
 void QtWindow::SetPosSize(Point position, Size size) {
     widget_->resize(size.Width(), size.Height());
-    // A window of its own that was never placed stands where the desktop puts it.
+    // The desktop places a top-level window that the program has not placed.
     if (widget_->isWindow() && std::exchange(placed_, position) == position) return;
     widget_->move(position.X(), position.Y());
 }
 
 void QtWindow::Show(bool visible) {
-    TakeLook();
+    UpdateLook();
     widget_->setVisible(visible);
 }
 
 void QtWindow::Enable(bool enabled) {
     if (widget_->isWindow()) {
-        // Not greyed: it is only shut off, and windows on top of it are not.
-        widget_->setProperty(ShutOff, !enabled);
+        // Only its input is blocked: it is not greyed, and windows above it stay enabled.
+        widget_->setProperty(BlockedProperty, !enabled);
     } else {
         widget_->setEnabled(enabled);
     }
@@ -76,18 +78,18 @@ void QtWindow::SetText(String const& text) {
 }
 
 void QtWindow::Invalidate() {
-    TakeLook();
+    UpdateLook();
     widget_->update();
 }
 
 void QtWindow::GrabFocus() { widget_->setFocus(Qt::OtherFocusReason); }
 
-// Kept within the program: to take the mouse of the whole screen is not everywhere allowed, and a program
-// that stops at a breakpoint would keep it.
+// Captures within the program only: capturing the whole screen is not allowed everywhere, and a program that
+// stops at a breakpoint would keep the mouse.
 void QtWindow::CaptureMouse(bool capture) { captor = capture ? this : nullptr; }
 
 void QtWindow::ToTop() {
-    // Without a desktop there is no order of windows, and Qt complains.
+    // The offscreen platform has no order of windows, and Qt would warn.
     if (QGuiApplication::platformName() != "offscreen") widget_->raise();
     if (widget_->isWindow()) widget_->activateWindow();
 }
@@ -101,15 +103,15 @@ bool QtWindow::eventFilter(QObject* watched, QEvent* event) {
 bool QtWindow::Handle(QEvent& event) {
     switch (event.type()) {
         case QEvent::Paint:
-            TakeLook();
+            UpdateLook();
             break;
         case QEvent::FocusIn:
-            Call([this] { window_.FocusHasCome(); });
+            Call([this] { window_.FocusGained(); });
             break;
         case QEvent::FocusOut:
-            // A menu of the widget's own keeps the focus in the widget.
+            // A context menu of the widget keeps the focus in the widget.
             if (static_cast<QFocusEvent&>(event).reason() != Qt::PopupFocusReason)
-                Call([this] { window_.FocusHasGone(); });
+                Call([this] { window_.FocusLost(); });
             break;
         default:
             break;
@@ -117,7 +119,7 @@ bool QtWindow::Handle(QEvent& event) {
     return false;
 }
 
-void QtWindow::TakeLook() {
+void QtWindow::UpdateLook() {
     if (std::exchange(font_, window_.GetFont()) != window_.GetFont())
         widget_->setFont(ToQt(window_.GetFont()));
 }

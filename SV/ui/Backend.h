@@ -1,5 +1,5 @@
-// Backend: what a window system has to offer the toolkit; everything else is the toolkit's own. Geometry,
-// text and state live in the `sv` objects, and their peers mirror them.
+// Backend: the interface that a window system implements for the toolkit. Geometry, text and state are kept
+// in the `sv` objects; their peers mirror them.
 #pragma once
 
 #include "SV/core/Geometry.h"
@@ -19,11 +19,11 @@ struct TableColumn;
 
 namespace sv::detail {
 
-/// What a window is to the window system. All but the first three are controls that it draws itself.
+/// What a window is to the window system, which draws all kinds but the first three itself.
 enum class WindowKind : int {
     Area,
     Dialog,
-    DrawnButton,  // by the program; focus, keys and a mnemonic as of a button
+    DrawnButton,  // drawn by the program; has the focus, keys and mnemonic of a button
     Edit,
     SpinButton,
     FixedText,
@@ -32,81 +32,81 @@ enum class WindowKind : int {
     ListBox,
     DropDown,
     MenuBar,
-    Table  // an `sv::Table`, which is asked for its cells
+    Table  // asks an `sv::Table` for its cells
 };
 
-/// The window system's side of one `sv::Window`. What happens on its side it reports by the window's
-/// operations under "For backends".
+/// The window system's side of one `sv::Window`. It reports events by the window's operations under "For
+/// backends".
 class WindowPeer {
   public:
     virtual ~WindowPeer() = default;
 
-    /// To draw on while the window is painted, and to measure on at any time.
+    /// For drawing while the window is painted, and for measuring at any time.
     [[nodiscard]] virtual Canvas& GetCanvas() = 0;
-    /// In pixels, from the top left corner of the parent's area or of the screen.
+    /// In pixels, relative to the top left corner of the parent's area or of the screen.
     virtual void SetPosSize(Point position, Size size) = 0;
     virtual void Show(bool visible) = 0;
     virtual void Enable(bool enabled) = 0;
     virtual void SetText(String const& text) = 0;
-    /// Has the window painted, some time soon.
+    /// Requests that the window be painted.
     virtual void Invalidate() = 0;
     virtual void GrabFocus() = 0;
-    /// Sends all events of the mouse to this window, wherever the pointer is.
-    virtual void CaptureMouse(bool capture) = 0;
-    virtual void ToTop() = 0;
-    /// What a screen reader says in place of the text; empty for the text.
-    virtual void SetAccessibleName(String const& name) = 0;
+    /// Sends all mouse events to this window, wherever the pointer is.
+    virtual void CaptureMouse(bool /*capture*/) {}
+    virtual void ToTop() {}
+    /// Sets the name that a screen reader announces; empty to announce the text.
+    virtual void SetAccessibleName(String const& /*name*/) {}
 
-    // Controls. The others ignore these.
-    /// Of an edit, in characters; 0 for as many as there are.
-    virtual void SetMaxTextLen(unsigned short length) = 0;
-    virtual void SetReadOnly(bool readOnly) = 0;
+    // Operations of single kinds of controls; the other kinds ignore them.
+    /// The maximum number of characters of an edit; 0 for no limit.
+    virtual void SetMaxTextLen(unsigned short /*length*/) {}
+    virtual void SetReadOnly(bool /*readOnly*/) {}
     // Of a list, whose selection stays with its entry.
-    virtual void InsertEntry(String const& entry, int position) = 0;
-    virtual void ClearEntries() = 0;
-    /// Scrolls it into view; -1 selects none.
-    virtual void SelectEntry(int position) = 0;
-    virtual void SetChecked(bool checked) = 0;
+    virtual void InsertEntry(String const& /*entry*/, int /*position*/) {}
+    virtual void ClearEntries() {}
+    /// Selects the entry and scrolls it into view; -1 clears the selection.
+    virtual void SelectEntry(int /*position*/) {}
+    virtual void SetChecked(bool /*checked*/) {}
     // Of a table.
-    virtual void SetColumns(std::span<TableColumn const> columns) = 0;
-    /// Nothing is selected then.
-    virtual void SetRowCount(int count) = 0;
-    /// These alone; scrolls the first into view.
-    virtual void SelectRows(std::span<int const> rows) = 0;
-    // Of a menu bar, whose items are counted from 0 through all its menus, lines included.
-    virtual void InsertMenu(String const& title) = 0;
-    /// At the end of the last menu; without a text it is a line.
-    virtual void InsertMenuItem(String const& text, String const& shortcut) = 0;
-    virtual void EnableMenuItem(int item, bool enabled) = 0;
-    virtual void CheckMenuItem(int item, bool checked) = 0;
+    virtual void SetColumns(std::span<TableColumn const> /*columns*/) {}
+    /// Clears the selection.
+    virtual void SetRowCount(int /*count*/) {}
+    /// Selects only these rows and scrolls the first into view.
+    virtual void SelectRows(std::span<int const> /*rows*/) {}
+    // Of a menu bar. Items are counted from 0 across all menus, separators included.
+    virtual void InsertMenu(String const& /*title*/) {}
+    /// Appends an item to the last menu; without a text it is a separator.
+    virtual void InsertMenuItem(String const& /*text*/, String const& /*shortcut*/) {}
+    virtual void EnableMenuItem(int /*item*/, bool /*enabled*/) {}
+    virtual void CheckMenuItem(int /*item*/, bool /*checked*/) {}
 };
 
-/// The pages of a printer as they are set up, in its pixels.
+/// The page of a printer as it is set up, in pixels.
 struct PageGeometry {
     Size paper;
-    Point offset;  // from the paper's corner to that of the area that is printed on
-    Size output;   // of that area
+    Point offset;  // from the corner of the paper to that of the printable area
+    Size output;   // of the printable area
     double pixelsPerTenthMillimetre = 1;
 };
 
-/// The window system's side of one `sv::Printer`, which calls these in their order: a job, its pages one
-/// after the other, and its end.
+/// The printer's side of one `sv::Printer`, which starts a job, prints its pages one after the other and ends
+/// the job.
 class PrinterPeer {
   public:
     virtual ~PrinterPeer() = default;
 
-    /// To draw on while a page is open, and to measure on at any time.
+    /// For drawing while a page is open, and for measuring at any time.
     [[nodiscard]] virtual Canvas& GetCanvas() = 0;
     [[nodiscard]] virtual PageGeometry Geometry(PageSetup const& setup) const = 0;
-    /// How many colours it tells apart.
+    /// The number of distinct colours.
     [[nodiscard]] virtual unsigned long ColorCount() const = 0;
-    /// False when there is no such printer or it takes no job; then the others are not called.
+    /// Returns false if there is no such printer or it accepts no job; no other call follows then.
     [[nodiscard]] virtual bool StartJob(PrintJob const& job) = 0;
     virtual bool StartPage() = 0;
     virtual void EndPage() = 0;
-    /// False when the pages did not arrive.
+    /// Returns false if the pages were not delivered.
     [[nodiscard]] virtual bool EndJob() = 0;
-    /// Takes back what was printed, as far as that can be; in the middle of a page too.
+    /// Discards what was printed, as far as possible, even while a page is open.
     virtual void AbortJob() = 0;
 };
 
@@ -114,29 +114,28 @@ class Backend {
   public:
     virtual ~Backend() = default;
 
-    /// `parent` is null for a window of its own on the screen. The window outlives its peer.
+    /// `parent` is null for a top-level window. The window outlives its peer.
     [[nodiscard]] virtual std::unique_ptr<WindowPeer> MakeWindow(Window& window, WindowKind kind,
                                                                  WindowPeer* parent) = 0;
-    /// A surface to draw on and to read back, black at first.
+    /// Returns a surface that can be drawn on and read back, initially black.
     [[nodiscard]] virtual std::unique_ptr<Canvas> MakeSurface(Size size) = 0;
-    /// `name` is what the program calls the printer, see `sv::Printer`.
+    /// `name` is as described at `sv::Printer`.
     [[nodiscard]] virtual std::unique_ptr<PrinterPeer> MakePrinter(String const& name) = 0;
-    /// Whether there is somebody to see the windows; without, nothing waits for a person.
+    /// Whether a user can see the windows. If not, nothing waits for input.
     [[nodiscard]] virtual bool HasDisplay() const noexcept = 0;
     [[nodiscard]] virtual Size ScreenSize() const = 0;
-    /// Of the pointer on the screen.
+    /// The position of the pointer on the screen.
     [[nodiscard]] virtual Point PointerPosition() const = 0;
-    /// Asks over `parent`, which may be null, and runs the loop meanwhile; none when the person cancels.
-    /// Neither asks whether a file may be replaced, nor adds an extension to its name. A name that the
-    /// suite's code page cannot hold is refused before the person's eyes.
+    /// Asks for a file with a dialog over `parent`, which may be null, and runs the loop until it is
+    /// answered; returns none if the user cancels. Does not ask whether to replace a file and adds no
+    /// extension. A name that the suite's code page lacks is refused in the dialog.
     [[nodiscard]] virtual std::optional<FileAnswer> AskForFile(Window* parent,
                                                                FileQuestion const& question) = 0;
 };
 
-/// The backend in use: the one without a display, unless another is installed.
+/// The installed backend; without one, the headless backend.
 [[nodiscard]] Backend& CurrentBackend() noexcept;
-/// Installs a backend for as long as the program lives, before the first window is made; null for the one
-/// without a display.
+/// Installs a backend, before the first window is created; null restores the headless backend.
 void InstallBackend(Backend* backend) noexcept;
 
 }  // namespace sv::detail

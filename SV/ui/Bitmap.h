@@ -1,5 +1,5 @@
-// sv::Bitmap: a picture in memory, 8 bits a channel, with transparency, and if need be a finer copy of it for
-// screens of high density.
+// sv::Bitmap: a picture in memory, 8 bits per channel with transparency, optionally with a copy of twice the
+// resolution for screens of high density.
 #pragma once
 
 #include "SV/core/Color.h"
@@ -17,17 +17,17 @@ struct BitmapPixel {
     std::uint8_t red = 0;
     std::uint8_t green = 0;
     std::uint8_t blue = 0;
-    std::uint8_t alpha = 255;  // 0 is not there
+    std::uint8_t alpha = 255;  // 0 is transparent
 
     constexpr BitmapPixel() noexcept = default;
     constexpr BitmapPixel(std::uint8_t r, std::uint8_t g, std::uint8_t b, std::uint8_t a = 255) noexcept
         : red(r), green(g), blue(b), alpha(a) {}
-    /// The upper 8 bits of each channel.
+    /// Takes the upper 8 bits of each channel.
     constexpr explicit BitmapPixel(Color color) noexcept
         : red(static_cast<std::uint8_t>(color.GetRed() >> 8U)),
           green(static_cast<std::uint8_t>(color.GetGreen() >> 8U)),
           blue(static_cast<std::uint8_t>(color.GetBlue() >> 8U)) {}
-    /// 255 becomes 65535.
+    /// Maps 255 to 65535.
     [[nodiscard]] constexpr Color ToColor() const noexcept {
         constexpr auto wide = [](std::uint8_t channel) { return static_cast<std::uint16_t>(channel * 257); };
         return {wide(red), wide(green), wide(blue)};
@@ -38,9 +38,9 @@ struct BitmapPixel {
 
 class Bitmap {
   public:
-    /// Empty.
+    /// An empty picture.
     Bitmap() = default;
-    /// All pixels alike. A side below 0 counts as 0.
+    /// Fills the picture with one pixel. A negative side counts as 0.
     explicit Bitmap(Size size, BitmapPixel pixel = {});
 
     [[nodiscard]] Size GetSizePixel() const noexcept { return size_; }
@@ -49,7 +49,7 @@ class Bitmap {
         return x >= 0 && y >= 0 && x < size_.Width() && y < size_.Height();
     }
 
-    /// Black, and not there, outside the picture.
+    /// The pixel at this position; transparent black outside the picture.
     [[nodiscard]] BitmapPixel At(int x, int y) const noexcept {
         return Contains(x, y) ? pixels_[Place(x, y)] : BitmapPixel(0, 0, 0, 0);
     }
@@ -57,20 +57,20 @@ class Bitmap {
     void Set(int x, int y, BitmapPixel pixel) noexcept {
         if (Contains(x, y)) pixels_[Place(x, y)] = pixel;
     }
-    /// Lays a pixel over what is there, by its transparency.
+    /// Draws a pixel over the present one, according to its transparency.
     void Blend(int x, int y, BitmapPixel pixel) noexcept;
-    /// Lays another picture over this one, with its top left corner at (x, y).
+    /// Draws another picture over this one, with its top left corner at (x, y).
     void Paste(int x, int y, Bitmap const& picture) noexcept;
-    /// A part; black, and not there, where it reaches beyond the picture.
+    /// Returns a part of the picture; transparent black where it extends beyond the picture.
     [[nodiscard]] Bitmap Cut(Point topLeft, Size size) const;
 
-    /// The same picture with twice the pixels each way, which a backend shows in this one's place where a
-    /// pixel of the program is larger than one of the screen. Null where there is none; drawing on the
-    /// picture leaves it alone, and parts have none.
+    /// The same picture with twice the pixels in each direction, shown by backends where a pixel of the
+    /// program is larger than one of the screen. Null if there is none. Drawing on the picture does not
+    /// change it, and a part has none.
     [[nodiscard]] Bitmap const* GetFine() const noexcept { return fine_.get(); }
     void SetFine(Bitmap fine) { fine_ = std::make_shared<Bitmap const>(std::move(fine)); }
 
-    /// The finer copy does not count.
+    /// Ignores the copy of twice the resolution.
     friend bool operator==(Bitmap const& a, Bitmap const& b) noexcept {
         return a.size_ == b.size_ && a.pixels_ == b.pixels_;
     }

@@ -1,5 +1,5 @@
-// The controls of the toolkit: fields, buttons and lists that the window system draws, each with a link for
-// what a person does with it. The program's own changes call no link.
+// The controls of the toolkit: fields, buttons and lists that the window system draws. Links are called when
+// the user operates a control, not when the program changes it.
 #pragma once
 
 #include "SV/core/Link.h"
@@ -10,16 +10,16 @@
 
 namespace sv {
 
-/// A field for one line of text.
+/// A field for a line of text.
 class Edit : public Window {
   public:
     explicit Edit(Window* parent, Style style = 0);
 
-    /// In characters; 0 for as many as there are.
+    /// The maximum number of characters; 0 for no limit.
     void ChangeMaxTextLen(unsigned short length);
     void SetReadOnly(bool readOnly);
-    // Each returns the link before; the sender is the edit.
-    /// The text was changed by a person.
+    // Each returns the previous link; the sender is the edit.
+    /// Called when the user has changed the text.
     Link ChangeModifyHdl(Link const& link) noexcept;
     Link ChangeLoseFocusHdl(Link const& link) noexcept;
 
@@ -46,14 +46,14 @@ class SpinButton : public Window {
     Link down_;
 };
 
-/// A text that cannot be changed by a person. A "~" in it stands before the letter that leads from the
-/// keyboard to the control that was made after the text.
+/// A text that the user cannot change. A "~" marks its mnemonic, which moves the focus to the control that
+/// was created after the text.
 class FixedText : public Window {
   public:
     explicit FixedText(Window* parent, Style style = 0);
 };
 
-/// What can be pressed. A "~" in the text stands before the letter that presses it from the keyboard.
+/// Something to press. A "~" in the text marks its mnemonic.
 class Button : public Window {
   public:
     Link ChangeClickHdl(Link const& link) noexcept;
@@ -74,12 +74,12 @@ class PushButton : public Button {
     explicit PushButton(Window* parent, Style style = 0);
 };
 
-/// A button that shows a picture, and is drawn by the program.
+/// A button with a picture, drawn by the program.
 class BitmapButton : public Button {
   public:
     BitmapButton(Window* parent, Bitmap bitmap, Style style = 0);
 
-    /// Returns the picture before.
+    /// Returns the previous picture.
     Bitmap ChangeBitmap(Bitmap bitmap);
     [[nodiscard]] Bitmap const& GetBitmap() const noexcept { return bitmap_; }
 
@@ -90,7 +90,7 @@ class BitmapButton : public Button {
     void LoseFocus() override;
 
   protected:
-    /// Draws the button without its picture; whether it is held down.
+    /// Draws the button without its picture and returns whether it is pressed.
     bool PaintFrame();
 
   private:
@@ -111,7 +111,7 @@ class CheckBox : public Button {
     bool isChecked_ = false;
 };
 
-/// A list of texts on the screen, of which one may be selected.
+/// A list of texts, one of which may be selected.
 class ListBoxControl : public Window, public ListBox {
   public:
     explicit ListBoxControl(Window* parent, Style style = 0);
@@ -124,7 +124,7 @@ class ListBoxControl : public Window, public ListBox {
     [[nodiscard]] String GetEntry(unsigned short position) const override {
         return entries_.GetEntry(position);
     }
-    /// A person has selected another entry.
+    /// Called when the user has selected another entry.
     Link ChangeSelectHdl(Link const& link) noexcept;
 
     void EntryWasSelected(unsigned short position) override;
@@ -137,7 +137,7 @@ class ListBoxControl : public Window, public ListBox {
     Link select_;
 };
 
-/// The same, of which the selected entry shows alone until it is opened.
+/// A list that shows only its selected entry until it is opened.
 class DropDownListBox : public ListBoxControl {
   public:
     explicit DropDownListBox(Window* parent, Style style = 0);

@@ -1,4 +1,4 @@
-// Dialogs: windows of their own with a title, on top of another window.
+// Dialogs: top-level windows with a title, above another window.
 #pragma once
 
 #include "SV/ui/Window.h"
@@ -13,13 +13,13 @@ class Dialog : public Window {
     void WasClosed() override;
 };
 
-/// A dialog that shuts off the window below it while it runs.
+/// A dialog that disables the window below it while it is executed.
 class ModalDialog : public Dialog {
   public:
     using Dialog::Dialog;
 
-    /// Shows the dialog, runs the loop until it is ended, and returns the result: 0 when it was closed.
-    /// Without a display it ends at once.
+    /// Shows the dialog, runs the loop until the dialog is ended, and returns its result; 0 if the user
+    /// closed it. Returns at once if there is no display.
     short Execute();
     void EndDialog(short result = 0);
     [[nodiscard]] bool IsInExecute() const noexcept { return isRunning_; }

@@ -1,5 +1,4 @@
-// What drawing is done with: pens, brushes, fonts, and the map from a caller's coordinates to pixels. Plain
-// values.
+// The values that drawing uses: pens, brushes, fonts, and the map from logical coordinates to pixels.
 #pragma once
 
 #include "SV/core/Color.h"
@@ -9,12 +8,12 @@
 
 namespace sv {
 
-/// The colours that the suite's windows ask for by number.
+/// The colours that the suite's windows use by number.
 enum class ColorName : int {
     Black = 0,
     Highlight = 2,  // the face of a button under the pointer
     White = 15,
-    Help = 21  // a quiet ground for help
+    Help = 21  // the background of help texts
 };
 
 [[nodiscard]] constexpr Color ColorOf(ColorName name) noexcept {
@@ -66,7 +65,7 @@ class Brush {
     constexpr explicit Brush(Color color, BrushStyle style = BrushStyle::Solid) noexcept
         : Brush(color, color, style) {}
     constexpr explicit Brush(ColorName name) noexcept : Brush(ColorOf(name)) {}
-    /// `fill` is the second colour of styles with a pattern; a solid brush does not show it.
+    /// `fill` is the second colour of a pattern; a solid brush does not show it.
     constexpr Brush(Color color, Color fill, BrushStyle style) noexcept
         : color_(color), fill_(fill), style_(style) {}
 
@@ -89,21 +88,21 @@ enum class FontWeight : int { Normal = 0, Light = 1, Bold = 3 };
 
 class Font {
   public:
-    /// The system's own, for text on controls.
+    /// The system's font for controls.
     constexpr Font() noexcept = default;
-    /// `height` of a line in units of the map mode; 0 is the system's own.
+    /// `height` is that of a line, in units of the map mode; 0 for the system's own.
     constexpr explicit Font(std::uint16_t height, FontPitch pitch = FontPitch::Variable,
                             FontWeight weight = FontWeight::Normal) noexcept
         : height_(height), pitch_(pitch), weight_(weight) {}
 
     [[nodiscard]] constexpr std::uint16_t GetHeight() const noexcept { return height_; }
-    /// Of a letter on average; 0 is what suits the height.
+    /// The average width of a letter; 0 for the width that suits the height.
     [[nodiscard]] constexpr std::uint16_t GetWidth() const noexcept { return width_; }
     [[nodiscard]] constexpr Size GetSize() const noexcept { return {width_, height_}; }
     [[nodiscard]] constexpr FontPitch GetPitch() const noexcept { return pitch_; }
     [[nodiscard]] constexpr FontWeight GetWeight() const noexcept { return weight_; }
     [[nodiscard]] constexpr Color GetColor() const noexcept { return color_; }
-    /// A side below 0 counts as 0.
+    /// A negative side counts as 0.
     constexpr void ChangeSize(Size size) noexcept {
         width_ = static_cast<std::uint16_t>(size.Width() > 0 ? size.Width() : 0);
         height_ = static_cast<std::uint16_t>(size.Height() > 0 ? size.Height() : 0);
@@ -121,7 +120,7 @@ class Font {
     Color color_;
 };
 
-/// A ratio, kept as the quotient.
+/// A ratio, stored as its quotient.
 class Fraction {
   public:
     constexpr explicit Fraction(double value) noexcept : value_(value) {}
@@ -133,11 +132,11 @@ class Fraction {
 
 enum class MapUnit : int { TenthMillimetre = 1, Pixel = 10 };
 
-/// From logical to pixel coordinates: add the origin, then multiply by the scale of each axis and by the
-/// pixels that the unit has on the device. Pens, letters and pictures follow the unit alone.
+/// Maps logical to pixel coordinates: adds the origin, then multiplies by the scale of each axis and the
+/// number of pixels per unit. Pens, letters and pictures are scaled by the unit alone.
 class MapMode {
   public:
-    /// Pixels from the top left corner down.
+    /// Pixels, y growing downward from the top left corner.
     constexpr MapMode() noexcept = default;
     constexpr explicit MapMode(MapUnit unit) noexcept : unit_(unit) {}
     constexpr MapMode(MapUnit unit, Point origin, Fraction scaleX, Fraction scaleY) noexcept

@@ -1,4 +1,4 @@
-// What a person does with mouse and keyboard, as windows are told.
+// Mouse events, as windows receive them.
 #pragma once
 
 #include "SV/core/Geometry.h"
@@ -10,9 +10,9 @@ class MouseEvent {
     constexpr explicit MouseEvent(Point position, bool isLeftDown = false) noexcept
         : position_(position), isLeftDown_(isLeftDown) {}
 
-    /// In pixels of the window that gets the event; outside of it while the mouse is captured.
+    /// In pixels of the window that receives the event; may be outside it while it captures the mouse.
     [[nodiscard]] constexpr Point GetPosPixel() const noexcept { return position_; }
-    /// Whether the left button is held down.
+    /// Whether the left button is pressed.
     [[nodiscard]] constexpr bool IsLeft() const noexcept { return isLeftDown_; }
 
   private:

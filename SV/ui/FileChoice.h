@@ -1,5 +1,4 @@
-// What a person is asked when a file or a folder is to be chosen, and the answer. Paths are as `NativePath`
-// takes them.
+// The question and answer of choosing a file or a folder. Paths are as `NativePath` takes them.
 #pragma once
 
 #include "SV/core/String.h"
@@ -9,12 +8,12 @@
 namespace sv {
 
 enum class FilePurpose : int {
-    Open,   // a file that is there
-    Save,   // a name, of a file that is there or not
-    Folder  // that is there
+    Open,   // an existing file
+    Save,   // a file name, existing or not
+    Folder  // an existing folder
 };
 
-/// Which files are shown.
+/// The files to show.
 struct FileFilter {
     String name;
     String pattern;  // "*.txt *.csv"
@@ -23,15 +22,15 @@ struct FileFilter {
 struct FileQuestion {
     FilePurpose purpose = FilePurpose::Open;
     String title{};
-    /// A folder to begin in, or the whole name of a file to begin with; empty for the folder of the program.
+    /// The folder to start in, or the path of a file to start with; empty for the program's own folder.
     String start{};
-    /// None for all files.
+    /// Empty for all files.
     std::vector<FileFilter> filters{};
 };
 
 struct FileAnswer {
     String path;
-    std::size_t filter = 0;  // that was in use, counted from 0
+    std::size_t filter = 0;  // the filter in use, counted from 0
 };
 
 }  // namespace sv

@@ -8,7 +8,7 @@ namespace sv {
 
 namespace {
 
-/// Pixels above and below the titles, together.
+/// The sum of the pixels above and below the titles.
 constexpr int Margins = 10;
 
 }  // namespace
@@ -67,7 +67,7 @@ int MenuBar::Fit() {
 void MenuBar::EntryWasSelected(unsigned short position) {
     if (position >= items_.size() || !IsEnabled() || !items_[position].isEnabled) return;
     current_ = items_[position].id;
-    // A copy, since the handler may destroy the bar.
+    // Copied, since the handler may destroy the bar.
     Link const link = items_[position].link;
     link.Call(this);
 }

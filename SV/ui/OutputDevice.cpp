@@ -10,16 +10,16 @@ namespace sv {
 
 namespace {
 
-/// Wraps round at any size, as pixels do; 0 for a scale without end.
+/// Wraps, as pixels do; 0 if the value is not finite.
 int ToPixel(double value) noexcept {
     constexpr double Round = 65536;
     return std::isfinite(value) ? static_cast<int>(std::fmod(std::trunc(value), Round)) : 0;
 }
 
-/// Of a screen: 96 pixels an inch.
+/// Of a screen with 96 pixels per inch.
 constexpr double ScreenPixelsPerTenthMillimetre = 96.0 / 254.0;
 
-/// A length of a pen or a letter, which is there if it was before.
+/// Scales the size of a pen or a letter; at least 1 if it was.
 int ToPixels(int length, double scale) noexcept {
     return length == 0 ? 0 : std::max(1, ToPixel(std::round(length * scale)));
 }

@@ -1,5 +1,5 @@
-// sv::OutputDevice: the drawing side of windows, pictures in memory and printed pages: what to draw with, the
-// map from the caller's coordinates to pixels, and the operations that draw.
+// sv::OutputDevice: the drawing operations of windows, pictures in memory and printed pages, with their pen,
+// brushes, font and map mode.
 #pragma once
 
 #include "SV/core/String.h"
@@ -17,10 +17,10 @@ class OutputDevice {
     OutputDevice(OutputDevice const&) = delete;
     OutputDevice& operator=(OutputDevice const&) = delete;
 
-    // Each returns what was there before.
+    // Each returns the previous value.
     Pen ChangePen(Pen const& pen) noexcept;
     Brush ChangeFillInBrush(Brush const& brush) noexcept;
-    /// What `Erase` and a window's ground are painted with.
+    /// The brush of `Erase` and of a window's background.
     Brush ChangeBackgroundBrush(Brush const& brush) noexcept;
     Font ChangeFont(Font const& font) noexcept;
     MapMode ChangeMapMode(MapMode const& mapMode) noexcept;
@@ -31,33 +31,33 @@ class OutputDevice {
     [[nodiscard]] Font const& GetFont() const noexcept { return font_; }
     [[nodiscard]] MapMode const& GetMapMode() const noexcept { return mapMode_; }
 
-    /// Both ends are drawn.
+    /// Draws a line, both ends included.
     void DrawLine(Point from, Point to);
-    /// The outline by the pen, the area by the fill brush; both corners belong to it.
+    /// Draws the outline with the pen and fills the area with the fill brush; both corners are included.
     void DrawRect(Rectangle const& area, unsigned short roundingX = 0, unsigned short roundingY = 0);
-    /// With the text's top left corner at the place; where y grows upward, its bottom left corner.
+    /// Draws a text with its top left corner at `place`, or its bottom left corner if y grows upward.
     void DrawText(Point place, String const& text);
     void DrawBitmap(Point topLeft, Bitmap const& bitmap);
     void DrawPixel(Point place, Color color);
-    /// Paints everything with the background brush.
+    /// Fills the whole device with the background brush.
     void Erase();
 
-    /// What was drawn there; black outside.
+    /// Returns the colour of a pixel; black outside the device.
     [[nodiscard]] Color GetPixel(Point place) const;
     [[nodiscard]] Bitmap GetBitmap(Point topLeft, Size size) const;
-    /// In units of the map mode, so large that the text fits.
+    /// In units of the map mode, rounded up.
     [[nodiscard]] Size GetTextSize(String const& text) const;
 
-    /// The pixel of a point.
+    /// Converts logical coordinates to pixels.
     [[nodiscard]] Point LogicToPixel(Point point) const noexcept;
-    /// Back, cut to whole units; 0 where the scale is.
+    /// Converts pixels to logical coordinates, truncated to whole units; 0 if the scale is 0.
     [[nodiscard]] Point PixelToLogic(Point pixel) const noexcept;
     [[nodiscard]] Size PixelToLogic(Size pixels) const noexcept;
 
   protected:
     OutputDevice() = default;
     ~OutputDevice() = default;
-    /// For a device that is drawn on another one.
+    /// Gives access to the canvas of another device.
     [[nodiscard]] static detail::Canvas& CanvasOf(OutputDevice const& device) { return device.GetCanvas(); }
 
   private:

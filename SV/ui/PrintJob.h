@@ -1,4 +1,4 @@
-// What a print job is besides its pages.
+// The properties of a print job besides its pages.
 #pragma once
 
 #include "SV/core/Geometry.h"
@@ -9,27 +9,27 @@ namespace sv {
 enum class Orientation : int { Portrait = 0, Landscape = 1 };
 
 struct PageSetup {
-    Size paper{2100, 2970};  // tenths of a millimetre, upright
+    Size paper{2100, 2970};  // tenths of a millimetre, in portrait orientation
     Orientation orientation = Orientation::Portrait;
 
     friend constexpr bool operator==(PageSetup const&, PageSetup const&) noexcept = default;
 };
 
-/// The paper as it is read: lying on its long side in landscape.
+/// Returns the size of the paper as it is read, wider than high in landscape orientation.
 [[nodiscard]] constexpr Size PaperAsRead(PageSetup const& setup) noexcept {
     bool const lies = setup.orientation == Orientation::Landscape;
     return lies ? Size(setup.paper.Height(), setup.paper.Width()) : setup.paper;
 }
 
-/// What a document says of itself: it goes into files, and its title into the queue.
+/// The properties of a document: they are written to files, and the title is shown in the queue.
 struct PrintDocument {
     String title;
     String author;
-    String language;  // as of RFC 3066: "de", "en-GB"; empty where it is not known
+    String language;  // as in RFC 3066: "de", "en-GB"; empty if unknown
 };
 
 struct PrintJob {
-    String name;  // in the queue; empty for the document's title
+    String name;  // in the queue; empty for the title of the document
     PageSetup setup;
     PrintDocument document;
 };

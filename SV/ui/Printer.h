@@ -1,7 +1,7 @@
-// sv::Printer: pages of paper, or of a PDF file, that are drawn on like a window.
+// sv::Printer: pages of paper or of a PDF file, which are drawn on like a window.
 //
-// A name that ends in ".pdf", in any case, is the path of a file, which the job replaces when it has ended
-// well. Any other name is that of a queue of the system, and an empty one its default. All of it belongs to
+// A name that ends in ".pdf", in any case, is the path of a file, which a job replaces when it ends
+// successfully. Any other name is that of a queue of the system; an empty name is the default queue. Only for
 // the main thread.
 #pragma once
 
@@ -20,55 +20,56 @@ struct PageGeometry;
 
 class Printer : public OutputDevice {
   public:
-    /// A4, upright. Whether there is such a printer turns out when a job starts.
+    /// A4, portrait. Whether there is such a printer shows when a job is started.
     explicit Printer(String const& name);
-    /// A job that runs is aborted, without a call of the link.
+    /// Aborts a running job without calling the link.
     virtual ~Printer();
 
     [[nodiscard]] String const& GetName() const noexcept { return name_; }
 
-    // The page. Nothing changes while a job runs. Each returns what was there before.
-    /// Of the upright paper, in tenths of a millimetre; a side below 1 leaves it alone.
+    // The page; fixed while a job is running. Each returns the previous value.
+    /// The size in portrait orientation, in tenths of a millimetre. Ignored if a side is less than 1.
     Size ChangePaperSize(Size size);
     Orientation ChangeOrientation(Orientation orientation);
     [[nodiscard]] PageSetup const& GetPageSetup() const noexcept { return setup_; }
-    /// As the page is read.
+    /// The size of the page as it is read.
     [[nodiscard]] Size GetPaperSizePixel() const noexcept;
-    /// The border at the left and top that cannot be printed on. The printer's coordinates begin behind it.
+    /// The width of the left and top margins that cannot be printed on. Coordinates begin after them.
     [[nodiscard]] Size GetPageOffsetPixel() const noexcept;
-    /// The area that can be printed on, in pixels or in units of the map mode.
+    /// The printable area, in pixels or in units of the map mode.
     [[nodiscard]] Size GetOutputSizePixel() const noexcept;
     [[nodiscard]] Size GetOutputSize() const noexcept { return PixelToLogic(GetOutputSizePixel()); }
-    /// How many colours it tells apart; 2 of a printer that knows black alone.
+    /// The number of distinct colours; 2 for a printer with black only.
     [[nodiscard]] unsigned long GetColorCount() const;
 
-    /// What the next job is called and says of itself.
+    /// Sets the properties of the document of the next job.
     void SetDocument(PrintDocument const& document) { document_ = document; }
     [[nodiscard]] PrintDocument const& GetDocument() const noexcept { return document_; }
 
-    /// False when there is no such printer, it takes no job, or one runs already. An empty name is that of
-    /// the document.
+    /// Starts a job. If `name` is empty, the job has the title of the document. Returns false if there is no
+    /// such printer, it accepts no job, or a job is running already.
     bool StartJob(String const& name);
-    /// What is drawn outside of a page is lost.
+    /// Starts a page. Drawing outside a page is lost.
     bool StartPage();
     bool EndPage();
-    /// Ends the page too. False when no job ran, or it did not arrive; a file of that name is as before then.
+    /// Ends the open page, if any, and the job. Returns false if no job was running or it was not delivered;
+    /// an existing file then is unchanged.
     bool EndJob();
-    /// Leaves no file behind, and nothing in the queue as far as that can be. What is drawn from here on is
+    /// Discards the job: leaves no file, and nothing in the queue as far as possible. Further drawing is
     /// lost.
     void AbortJob();
 
-    // Each returns the link before; the sender is the printer.
-    /// A job has started.
+    // Each returns the previous link; the sender is the printer.
+    /// Called when a job has started.
     Link ChangeStartPrintHdl(Link const& link) noexcept;
-    /// A job has ended or was aborted.
+    /// Called when a job has ended or was aborted.
     Link ChangeEndPrintHdl(Link const& link) noexcept;
 
-    /// From the start of a job to its end.
+    /// Whether a job is running.
     [[nodiscard]] bool IsPrinting() const noexcept { return isPrinting_; }
-    /// While the pages go to the queue, at the end of a job.
+    /// Whether the pages are being sent to the queue, at the end of a job.
     [[nodiscard]] bool IsSpooling() const noexcept { return isSpooling_; }
-    /// Whether the last job was aborted or did not arrive.
+    /// Whether the last job was aborted or not delivered.
     [[nodiscard]] bool HasFailed() const noexcept { return hasFailed_; }
 
   private:

@@ -1,4 +1,4 @@
-// sv::ResId: a resource by its number, and the library that it comes from.
+// sv::ResId: a resource, identified by its number and library.
 #pragma once
 
 #include "SV/ui/Bitmap.h"
@@ -7,7 +7,7 @@ namespace sv {
 
 class ResId {
   public:
-    /// How a library gives out its pictures: an empty one for a number that it does not know.
+    /// Returns the picture with this number, or an empty one for an unknown number.
     using Library = Bitmap (*)(unsigned short number);
 
     /// `library` must not be null.

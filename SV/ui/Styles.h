@@ -1,5 +1,4 @@
-// The styles that the suite gives its windows and controls, by what they ask for. Backends look at single
-// bits.
+// The styles of the suite's windows and controls. Backends test single bits.
 #pragma once
 
 #include "SV/ui/Window.h"
@@ -7,9 +6,9 @@
 namespace sv {
 
 // Bits.
-/// Of a button: Return presses it, wherever the focus is in its dialog.
+/// Of a button: Return activates it, wherever the focus is in its dialog.
 inline constexpr Window::Style StyleBitDefaultButton = 0x100;
-/// Of a text: it stands at the right.
+/// Of a text: aligned to the right.
 inline constexpr Window::Style StyleBitRight = 0x400;
 
 // Windows.

@@ -1,5 +1,5 @@
-// sv::Table: rows of cells under the titles of their columns, of which a person selects some. The window
-// system scrolls it and shows what is to be seen; only for that are cells asked.
+// sv::Table: rows of cells below column titles, with a selection of rows. The window system scrolls the table
+// and asks only for the cells that it shows.
 #pragma once
 
 #include "SV/core/Color.h"
@@ -14,37 +14,37 @@ namespace sv {
 
 struct TableColumn {
     String title;
-    int width = 0;          // in pixels; the last column takes what is left as well
-    bool isNumber = false;  // stands at the right
+    int width = 0;          // in pixels; the last column also takes the remaining width
+    bool isNumber = false;  // aligned to the right
 
     friend bool operator==(TableColumn const&, TableColumn const&) = default;
 };
 
 struct TableCell {
     String text;
-    std::optional<Color> swatch{};  // a square of the colour in front of the text
-    bool isMarked = false;          // to be noticed
+    std::optional<Color> swatch{};  // a coloured square before the text
+    bool isMarked = false;          // emphasised
 };
 
 class Table : public Window {
   public:
     explicit Table(Window* parent, Style style = 0);
 
-    /// Called for rows and columns that there are.
+    /// Returns a cell. Called for existing rows and columns only.
     [[nodiscard]] virtual TableCell GetCell(int row, int column) const = 0;
 
-    /// In place of the columns before.
+    /// Replaces the columns.
     void SetColumns(std::vector<TableColumn> columns);
     [[nodiscard]] std::span<TableColumn const> GetColumns() const noexcept { return columns_; }
-    /// Begins anew, with nothing selected. For new contents of the same rows it is `Invalidate`.
+    /// Sets the number of rows and clears the selection. If only the contents change, call `Invalidate`.
     void SetRowCount(int count);
     [[nodiscard]] int GetRowCount() const noexcept { return rowCount_; }
 
-    /// Selects these alone, and scrolls the first of them into view. Rows that there are not are left out.
+    /// Selects only these rows and scrolls the first into view. Rows that do not exist are ignored.
     void SelectRows(std::vector<int> rows);
-    /// Ascending.
+    /// In ascending order.
     [[nodiscard]] std::span<int const> GetSelectedRows() const noexcept { return selected_; }
-    /// A person has selected other rows. Returns the link before.
+    /// Called when the user has changed the selection. Returns the previous link.
     Link ChangeSelectHdl(Link const& link) noexcept;
 
     void RowsWereSelected(std::vector<int> rows) override;

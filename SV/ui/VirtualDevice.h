@@ -7,16 +7,16 @@
 
 namespace sv {
 
-// Nobody deletes it by way of its base, whose destructor is protected.
+// Never deleted through its base, whose destructor is protected.
 // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
 class VirtualDevice final : public OutputDevice {
   public:
-    /// Of no size.
+    /// A device without pixels.
     VirtualDevice();
     explicit VirtualDevice(Size size);
     ~VirtualDevice();
 
-    /// A new surface of this size, painted with the background brush.
+    /// Replaces the surface by one of this size, filled with the background brush.
     void SetOutputSizePixel(Size size);
     [[nodiscard]] Size GetOutputSizePixel() const noexcept { return size_; }
 

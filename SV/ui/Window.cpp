@@ -94,14 +94,14 @@ void Window::ReleaseMouse() {
     peer_->CaptureMouse(false);
 }
 
-void Window::FocusHasCome() {
+void Window::FocusGained() {
     if (focus_ == this) return;
-    if (focus_ != nullptr) focus_->FocusHasGone();
+    if (focus_ != nullptr) focus_->FocusLost();
     focus_ = this;
     GetFocus();
 }
 
-void Window::FocusHasGone() {
+void Window::FocusLost() {
     if (focus_ != this) return;
     focus_ = nullptr;
     LoseFocus();

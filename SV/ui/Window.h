@@ -1,7 +1,6 @@
-// sv::Window: an area of the screen that is drawn on, takes input, and holds other windows.
+// sv::Window: an area of the screen that is drawn on, receives input and contains other windows.
 //
-// A window is made hidden and enabled, and is destroyed before its parent. All of it belongs to the main
-// thread.
+// A new window is hidden and enabled. It must be destroyed before its parent. Only for the main thread.
 #pragma once
 
 #include "SV/core/String.h"
@@ -22,17 +21,17 @@ enum class WindowKind : int;
 
 class Window : public OutputDevice {
   public:
-    /// The style bits of a window, as the suite's classes give them.
+    /// The style bits of a window.
     using Style = unsigned long;
 
-    /// `parent` is null for a window of its own on the screen. The style is kept for whoever asks.
+    /// `parent` is null for a top-level window.
     explicit Window(Window* parent, Style style = 0);
     virtual ~Window();
 
-    /// Draws what the window shows, after its ground was painted. All of it may be drawn: what lies outside
-    /// the area is cut off.
+    /// Draws the contents, after the background was painted. May draw all of the window; drawing outside the
+    /// area is clipped.
     virtual void Paint(Rectangle const& area);
-    /// The size has changed.
+    /// Called when the size has changed.
     virtual void Resize();
     virtual void MouseMove(MouseEvent const& event);
     virtual void MouseButtonDown(MouseEvent const& event);
@@ -41,75 +40,75 @@ class Window : public OutputDevice {
     virtual void LoseFocus();
 
     [[nodiscard]] Window* GetParent() const noexcept { return parent_; }
-    /// The windows in this one, in the order they were made.
+    /// The child windows in the order of their creation.
     [[nodiscard]] std::span<Window* const> GetChildren() const noexcept { return children_; }
     [[nodiscard]] Style GetStyle() const noexcept { return style_; }
 
-    /// From the top left corner of the parent's area or of the screen.
+    /// Relative to the top left corner of the parent's area or of the screen.
     [[nodiscard]] Point GetPosPixel() const noexcept { return position_; }
     [[nodiscard]] Size GetSizePixel() const noexcept { return size_; }
-    /// All of the window in its own pixels.
+    /// The whole window in its own pixels.
     [[nodiscard]] Rectangle GetArea() const noexcept { return Rectangle::Of(Point(), size_); }
     void SetPosSizePixel(Point position, Size size);
-    /// Each returns what was there before. `Resize` runs when the size has changed.
+    /// Each returns the previous value. `Resize` is called if the size changes.
     virtual Point ChangePosPixel(Point position);
     Size ChangeSizePixel(Size size);
 
     virtual void Show(bool visible);
     void Show() { Show(true); }
     void Hide() { Show(false); }
-    /// Whether it was shown; a window in a hidden one is not to be seen all the same.
+    /// Whether the window was shown; true also if its parent is hidden.
     [[nodiscard]] bool IsVisible() const noexcept { return isVisible_; }
 
-    /// Lets the window take input, or shuts it off.
+    /// Enables or disables input.
     virtual void Enable(bool enable);
     void Enable() { Enable(true); }
     void Disable() { Enable(false); }
     [[nodiscard]] bool IsEnabled() const noexcept { return isEnabled_; }
 
-    /// The title, or what a control shows.
+    /// The title of a window, or the text of a control.
     void SetText(String const& text);
     [[nodiscard]] String const& GetText() const noexcept { return text_; }
 
-    /// Has the window painted, some time soon.
+    /// Requests that the window be painted.
     void Invalidate();
     void GrabFocus();
     [[nodiscard]] bool HasFocus() const noexcept { return focus_ == this; }
-    /// Events of the mouse come to this window, wherever the pointer is.
+    /// Sends all mouse events to this window, wherever the pointer is.
     void CaptureMouse();
     void ReleaseMouse();
     [[nodiscard]] bool HasCapture() const noexcept { return captor_ == this; }
     void ToTop();
 
-    /// Draws the window with all visible windows in it on another device, a printer's page for example,
-    /// stretched into the area, which is in the device's own units. What the window system draws itself,
-    /// controls and titles, is left out.
+    /// Draws the window and its visible children on another device, for example a printer, scaled to the
+    /// area, which is in the units of the device. Controls and titles that the window system draws are left
+    /// out.
     void PrintOn(OutputDevice& device, Rectangle const& area);
 
-    /// What a screen reader says in place of the text; empty for the text.
+    /// Sets the name that a screen reader announces; empty to announce the text.
     void SetAccessibleName(String const& name);
 
-    // For backends: what has happened on the window system's side.
-    void FocusHasCome();
-    void FocusHasGone();
-    /// A person has changed the text.
+    // For backends, which report what has happened.
+    void FocusGained();
+    void FocusLost();
+    /// The user has changed the text.
     virtual void TextHasChanged(String const& text);
-    /// A button was pressed, by the mouse or the keyboard.
+    /// A button was activated by the mouse or the keyboard.
     virtual void WasClicked();
-    /// A spin button's arrow was pressed once, or repeats.
+    /// An arrow of a spin button was pressed or repeats.
     virtual void WasSpun(bool up);
-    /// A person has selected the entry.
+    /// The user has selected an entry.
     virtual void EntryWasSelected(unsigned short position);
-    /// A person has selected these rows of a table, ascending.
+    /// The user has selected these rows of a table, in ascending order.
     virtual void RowsWereSelected(std::vector<int> rows);
-    /// A person wants the window closed.
+    /// The user asks to close the window.
     virtual void WasClosed();
-    /// A person, or the window system, has moved the window or changed its size.
+    /// The user or the window system has moved or resized the window.
     void WasPlaced(Point position, Size size);
 
   protected:
     Window(detail::WindowKind kind, Window* parent, Style style);
-    /// The text without telling the window system, which has it.
+    /// Sets the text without passing it to the window system, which has it already.
     void KeepText(String const& text) { text_ = text; }
     [[nodiscard]] detail::WindowPeer& GetPeer() const noexcept { return *peer_; }
 
@@ -126,7 +125,7 @@ class Window : public OutputDevice {
     bool isEnabled_ = true;
     String text_;
     std::unique_ptr<detail::WindowPeer> peer_;
-    detail::Canvas* elsewhere_ = nullptr;  // while it is drawn on another device
+    detail::Canvas* elsewhere_ = nullptr;  // while the window is drawn on another device
 
     static Window* focus_;
     static Window* captor_;

@@ -1,4 +1,4 @@
-// The case of ASCII letters, whatever the locale; other bytes stay.
+// Case conversion of ASCII letters, independent of the locale; other bytes stay.
 #pragma once
 
 namespace sv::detail {

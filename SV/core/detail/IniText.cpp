@@ -16,7 +16,7 @@ std::string_view TrimRight(std::string_view text) noexcept {
     return text.substr(0, text.find_last_not_of(Blanks) + 1);
 }
 
-/// Without blanks in front, and without marks of UTF-8 among them.
+/// Removes leading blanks and UTF-8 byte order marks.
 std::string_view TrimLeft(std::string_view text) noexcept {
     while (true) {
         text.remove_prefix(std::min(text.find_first_not_of(Blanks), text.size()));
@@ -25,7 +25,7 @@ std::string_view TrimLeft(std::string_view text) noexcept {
     }
 }
 
-/// A name as it is written: on one line, without the blanks around it.
+/// Returns a name as it is written: on one line, without surrounding blanks.
 std::string CleanName(std::string_view name) {
     std::string clean(TrimLeft(TrimRight(name)));
     std::ranges::replace_if(
@@ -41,14 +41,14 @@ std::string CleanValue(std::string_view value) {
     return clean;
 }
 
-/// A name as it is looked up.
+/// Returns a name as it is looked up.
 std::string Fold(std::string_view name) {
     std::string folded = CleanName(name);
     std::ranges::transform(folded, folded.begin(), ToLower);
     return folded;
 }
 
-/// No name holds a line end, so no two pairs share an identifier.
+/// Unique, since no name contains a line end.
 std::string Identifier(std::string_view foldedGroup, std::string_view key) {
     return std::string(foldedGroup).append(1, '\n').append(Fold(key));
 }
@@ -57,7 +57,7 @@ bool IsComment(std::string_view trimmed) noexcept {
     return trimmed.starts_with(';') || trimmed.starts_with('#');
 }
 
-/// The name in a group's head; none for another line.
+/// Returns the name in a group's head; none for any other line.
 std::optional<std::string_view> HeadName(std::string_view trimmed) noexcept {
     std::size_t const end = trimmed.find(']');
     if (!trimmed.starts_with('[') || end == std::string_view::npos) return std::nullopt;
@@ -103,7 +103,7 @@ void IniText::IndexKey(Group& owner, std::string_view foldedGroup, Range line) {
     if (name.empty()) return;
     Key& key = keys_[Identifier(foldedGroup, name)];
     if (key.lines.empty()) {
-        // The blanks behind "=" stay when the value is replaced.
+        // The blanks after "=" stay when the value is replaced.
         std::size_t const first = text_.find_first_not_of(" \t", line.begin + equals + 1);
         std::size_t const begin = std::min(first, line.end);
         key.value = {begin, std::max(begin, text_.find_last_not_of(Blanks, line.end - 1) + 1)};

@@ -1,5 +1,5 @@
-// LoopDriver: what the event loop takes events from and waits in. The platform's own, unless a backend brings
-// a loop that has windows too.
+// LoopDriver: the source of the event loop's events. The platform's own, unless a backend with windows
+// installs another.
 #pragma once
 
 #include <chrono>
@@ -8,22 +8,22 @@ namespace sv::detail {
 
 class LoopDriver {
   public:
-    /// Handles what is pending, of which at most one DDE transaction, and that before anything that may run
-    /// the loop again. False when nothing was pending.
+    /// Handles what is pending: at most one DDE transaction, and that before anything that may run the loop
+    /// again. Returns false if nothing was pending.
     virtual bool DispatchOne() = 0;
-    /// Returns when an event was or can be handled, the time is up (never, below 0) or `Wake` was called,
-    /// also when that was before. Takes no processor time meanwhile.
+    /// Blocks until an event was or can be handled, the time is up (never, if negative) or `Wake` is called,
+    /// also if that was before.
     virtual void Wait(std::chrono::milliseconds limit) = 0;
-    /// From any thread.
+    /// Thread-safe.
     virtual void Wake() noexcept = 0;
-    /// Shows or takes away the pointer of waiting.
+    /// Shows or hides the wait cursor.
     virtual void ShowWaiting(bool waiting) = 0;
 
   protected:
     ~LoopDriver() = default;
 };
 
-/// Installs a driver that lives as long as the program; null for the platform's own.
+/// Installs a driver, which must exist until the program exits; null restores the platform's own.
 void InstallLoopDriver(LoopDriver* loop) noexcept;
 
 }  // namespace sv::detail

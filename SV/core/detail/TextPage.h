@@ -1,14 +1,14 @@
-// The code page that texts of the suite are in, which whoever shows them on a screen has to know.
+// The code page of the suite's texts, for the code that shows them on a screen.
 #pragma once
 
 namespace sv {
 
-/// By the numbers that Windows gives them.
+/// The values are Windows' own numbers.
 enum class TextPage : int { Western = 1252, Japanese = 932, Chinese = 936 };
 
-/// Western at first.
+/// Initially `Western`.
 [[nodiscard]] TextPage GetTextPage() noexcept;
-/// Texts that windows show already stay as they are until they are set again.
+/// Does not change texts that windows already show.
 void ChangeTextPage(TextPage page) noexcept;
 
 }  // namespace sv

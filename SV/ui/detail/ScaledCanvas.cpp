@@ -7,22 +7,23 @@ namespace sv::detail {
 
 namespace {
 
-/// Of the system's own font, in pixels of a window.
+/// The height of a line in the system's font, in pixels of a window.
 constexpr int SystemLineHeight = 16;
 
 int Scaled(double length, double scale) noexcept { return static_cast<int>(std::lround(length * scale)); }
 
 double Ratio(int length, int of) noexcept { return of > 0 ? static_cast<double>(length) / of : 0.0; }
 
-/// What is there stays there.
+/// At least 1.
 std::uint16_t ScaledWidth(std::uint16_t width, double scale) noexcept {
     return static_cast<std::uint16_t>(std::max(1, Scaled(std::max<int>(width, 1), scale)));
 }
 
-/// A line from its start, 0, to its end, 1, as far as it lies on a surface.
+/// The part of a line, from 0 at its start to 1 at its end, that lies on a surface.
 class Extent {
   public:
-    /// Cuts it where `distance`, from the start to an edge, is used up at `speed` towards that edge.
+    /// Clips the line at an edge. `distance` is that from the start to the edge, `speed` the component of the
+    /// line towards the edge.
     void Cut(double speed, double distance) noexcept {
         if (speed > 0) {
             end_ = std::min(end_, distance / speed);
@@ -60,7 +61,7 @@ Point ScaledCanvas::ToTarget(Point point) const noexcept {
     return {Scaled(1, x_ + point.X() * scaleX_), Scaled(1, y_ + point.Y() * scaleY_)};
 }
 
-// Its last pixel ends where the next one would begin.
+// The last pixel ends where the next one would begin.
 Rectangle ScaledCanvas::ToTarget(Rectangle const& area) const noexcept {
     return {ToTarget(area.TopLeft()), ToTarget(area.BottomRight() + Point(1, 1)) - Point(1, 1)};
 }

@@ -1,4 +1,4 @@
-// ScaledCanvas: a surface drawn on as a part of another one, larger or smaller.
+// ScaledCanvas: a surface that is drawn as a part of another one, larger or smaller.
 #pragma once
 
 #include "SV/ui/Canvas.h"
@@ -7,10 +7,10 @@ namespace sv::detail {
 
 class ScaledCanvas final : public Canvas {
   public:
-    /// `size` pixels of this surface fill `area` of the target, which has to live as long. Lines and areas
-    /// end at its edges; letters and pictures that begin inside may reach beyond.
+    /// `size` pixels of this surface fill `area` of the target, which must outlive it. Lines and rectangles
+    /// are clipped at its edges; letters and pictures that begin inside may extend beyond.
     ScaledCanvas(Canvas& target, Rectangle const& area, Size size) noexcept;
-    /// The part of this surface with these pixels, in the same scale.
+    /// Returns the canvas of the part with these pixels, in the same scale.
     [[nodiscard]] ScaledCanvas Within(Point position, Size size) const noexcept;
 
     void Line(Point from, Point to, Pen const& pen) override;
@@ -19,7 +19,7 @@ class ScaledCanvas final : public Canvas {
     void Image(Rectangle const& area, Bitmap const& bitmap) override;
     void Pixel(Point place, Color color) override;
     void Clear(Color color) override;
-    /// Nothing.
+    /// Returns transparent pixels; nothing can be read back.
     [[nodiscard]] Bitmap Copy(Rectangle const& area) const override;
     [[nodiscard]] Size TextSize(String const& text, Font const& font) const override;
 
@@ -32,7 +32,7 @@ class ScaledCanvas final : public Canvas {
     [[nodiscard]] Font ToTarget(Font font) const noexcept;
 
     Canvas* target_;
-    double x_;  // of the corner, on the target
+    double x_;  // the corner on the target
     double y_;
     double scaleX_;
     double scaleY_;
