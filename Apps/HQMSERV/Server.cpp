@@ -70,8 +70,8 @@ void Server::Handle(int message, unsigned char when) {
     kv::PostOffice::Instance()->ChangeMessageHdl(static_cast<unsigned>(message), link, when);
 }
 
-Server::Server(Clients& clients, Instrument instrument, Settings settings)
-    : clients_(clients), instrument_(std::move(instrument)), settings_(std::move(settings)) {
+Server::Server(Instrument instrument, Settings settings)
+    : instrument_(std::move(instrument)), settings_(std::move(settings)) {
     theServer_ = this;
     Handle<&Server::VersionHdl>(kv::GET_SW_VERSION, AtOnce);
     Handle<&Server::DeviceNameHdl>(kv::GET_DEVICE_NAME, AtOnce);
@@ -91,12 +91,15 @@ Server::Server(Clients& clients, Instrument instrument, Settings settings)
     Handle<&Server::TriggerHdl>(kv::MESSUNG_AUSGELOEST, InTurn);
     for (int const message : {kv::LOCK, kv::UNLOCK, kv::DISCONNECT})
         Handle<&Server::ProtocolHdl>(message, InTurn);
-    kv::PostOffice::Instance()->ChangeReceiveFunction(&Receive);
+    kv::PostOffice::Instance()->ChangePeerGoneHdl(sv::Link::To<&Server::PeerGoneHdl>(*this));
     sv::Application::SetUserEventHdl(&UserEvent);
     WaitForFirstClient();
 }
 
-Server::~Server() { theServer_ = nullptr; }
+Server::~Server() {
+    kv::PostOffice::Instance()->ChangePeerGoneHdl({});
+    theServer_ = nullptr;
+}
 
 void Server::WaitForFirstClient() {
     if (settings_.patience.count() == 0) return;
@@ -108,17 +111,10 @@ void Server::WaitForFirstClient() {
     });
 }
 
-void Server::Receive(Event& event) {
-    if (theServer_ != nullptr && theServer_->clients_.Note(event)) {
-        kv::PostOffice::Instance()->CommunicationReceiveFunction(event);
-    }
-}
-
 void Server::UserEvent(unsigned long id, void* data) {
     kv::DDE::UserEvent(id, data);
-    if (theServer_ == nullptr) return;
-    if (id == Clients::DeathEvent) theServer_->clients_.BuryTheDead();
-    if (id == LonelyEvent && !theServer_->clients_.HadAny()) sv::Application::Quit();
+    bool const isWaiting = theServer_ != nullptr && kv::PostOffice::Instance()->ConnectedClients() <= 0;
+    if (id == LonelyEvent && isWaiting) sv::Application::Quit();
 }
 
 long Server::VersionHdl(Event* event) { return Answer(event, instrument_.Identity().softwareVersion); }
@@ -176,11 +172,16 @@ long Server::TriggerHdl(Event* event) {
     return 0;
 }
 
-// In place of the office's own handler, which would show a box when a client died before its answer.
+// Replaces the post office's own handler, which would show a box when a client exits before its answer.
 long Server::ProtocolHdl(Event* event) {
-    sv::String const sender = event->GetSender();
-    if (kv::PostOffice::NumberOfCommand(*event) == kv::DISCONNECT) std::erase(listeners_, sender);
-    return clients_.IsDead(sender) ? 0 : Answer(event);
+    if (kv::PostOffice::NumberOfCommand(*event) == kv::DISCONNECT) std::erase(listeners_, event->GetSender());
+    return Answer(event);
+}
+
+long Server::PeerGoneHdl(sv::String* peer) {
+    std::erase(listeners_, *peer);
+    kv::PostOffice::Instance()->ReleasePeer(*peer);
+    return 0;
 }
 
 sv::String Server::Display() const {

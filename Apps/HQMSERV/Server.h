@@ -2,7 +2,6 @@
 // mean.
 #pragma once
 
-#include "Apps/HQMSERV/Clients.h"
 #include "Apps/HQMSERV/Instrument.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 
@@ -23,8 +22,8 @@ class Server {
         std::chrono::seconds patience{0};
     };
 
-    /// Installs the handlers. `clients` must outlive the object.
-    Server(Clients& clients, Instrument instrument, Settings settings);
+    /// Installs the handlers with the post office, which must outlive the object.
+    Server(Instrument instrument, Settings settings);
     Server(Server const&) = delete;
     Server& operator=(Server const&) = delete;
     ~Server();
@@ -49,10 +48,10 @@ class Server {
     long NotifyOffHdl(Event* event);
     long TriggerHdl(Event* event);
     long ProtocolHdl(Event* event);
+    long PeerGoneHdl(sv::String* peer);
 
     template <auto Handler>
     void Handle(int message, unsigned char when);
-    static void Receive(Event& event);
     static void UserEvent(unsigned long id, void* data);
     void WaitForFirstClient();
 
@@ -61,7 +60,6 @@ class Server {
     [[nodiscard]] ServerStatus Measure();
     void TellListeners();
 
-    Clients& clients_;
     Instrument instrument_;
     Settings settings_;
     std::vector<sv::String> listeners_;
