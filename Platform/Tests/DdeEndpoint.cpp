@@ -32,12 +32,12 @@ DdeEndpoint::DdeEndpoint(std::string const& topic, char const* service) {
                                                              &Callback<3>};
     if (platform::DdeInitializeA(&instance_, callbacks[slot_], 0, 0) != platform::DMLERR_NO_ERROR) {
         *free = nullptr;
-        throw std::runtime_error("DdeInitializeA refuses");
+        throw std::runtime_error("DdeInitializeA failed");
     }
     service_ = platform::DdeCreateStringHandleA(instance_, service, platform::CP_WINANSI);
     topic_ = platform::DdeCreateStringHandleA(instance_, topic.c_str(), platform::CP_WINANSI);
     if (platform::DdeNameService(instance_, service_, nullptr, platform::DNS_REGISTER) == nullptr) {
-        throw std::runtime_error("DdeNameService refuses");
+        throw std::runtime_error("DdeNameService failed");
     }
 }
 
