@@ -33,7 +33,9 @@ from aiosmtpd.smtp import AuthResult, LoginPassword, SMTP
 
 USER, PASSWORD, KEY = "anna", "secret", b"the key of the tests"
 BREAKS_AFTER = 20000
-STARTER = os.getppid()
+PARENT = os.getppid()
+with open(os.path.join(os.path.dirname(os.path.abspath(__file__)), "dovecot.conf")) as template:
+    TEMPLATE = template.read()
 
 
 def exit_with_parent():
@@ -77,59 +79,6 @@ def make_token(user):
     return signed + b"." + web64(hmac.new(KEY, signed, hashlib.sha256).digest())
 
 
-DOVECOT = """
-protocols = imap
-base_dir = {here}/run
-state_dir = {here}/run
-log_path = {here}/dovecot.log
-default_internal_user = {user}
-default_internal_group = {group}
-default_login_user = {user}
-first_valid_uid = 1
-mail_location = maildir:{here}/mail
-ssl = required
-ssl_cert = <{here}/server.pem
-ssl_key = <{here}/server.key
-auth_mechanisms = plain xoauth2 oauthbearer
-auth_failure_delay = 0
-auth_verbose = yes
-passdb {{
-  driver = passwd-file
-  args = username_format=%u {here}/users
-}}
-passdb {{
-  driver = oauth2
-  mechanisms = xoauth2 oauthbearer
-  args = {here}/oauth2
-}}
-userdb {{
-  driver = static
-  args = uid={uid} gid={gid} home={here}
-}}
-service anvil {{
-  chroot =
-  unix_listener anvil-auth-penalty {{
-    mode = 0
-  }}
-}}
-service stats {{
-  chroot =
-}}
-service imap-login {{
-  chroot =
-  inet_listener imap {{
-    address = 127.0.0.1
-    port = {imap}
-  }}
-  inet_listener imaps {{
-    address = 127.0.0.1
-    port = {imaps}
-    ssl = yes
-  }}
-}}
-"""
-
-
 def put(name, text):
     os.makedirs(os.path.dirname(os.path.join(".", name)), exist_ok=True)
     with open(name, "w") as file:
@@ -138,7 +87,7 @@ def put(name, text):
 
 def start_dovecot(imaps, imap):
     here, uid, gid = os.getcwd(), os.getuid(), os.getgid()
-    put("dovecot.conf", DOVECOT.format(here=here, user=pwd.getpwuid(uid).pw_name, group=grp.getgrgid(gid).gr_name, uid=uid,
+    put("dovecot.conf", TEMPLATE.format(here=here, user=pwd.getpwuid(uid).pw_name, group=grp.getgrgid(gid).gr_name, uid=uid,
                                        gid=gid, imap=imap, imaps=imaps))
     put("users", f"{USER}:{{PLAIN}}{PASSWORD}\n")
     put("oauth2", f"introspection_mode = local\nlocal_validation_key_dict = fs:posix:prefix={here}/keys/\n"
@@ -247,7 +196,7 @@ def main():
     if os.getuid() == 0:
         become_nobody()
     exit_with_parent()
-    if os.getppid() != STARTER:
+    if os.getppid() != PARENT:
         sys.exit("the parent has exited")
     make_certificates()
     imaps, imap, smtps = free_port(), free_port(), free_port()

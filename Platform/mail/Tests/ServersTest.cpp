@@ -36,27 +36,19 @@ class ServersTest : public testing::Test {
         EXPECT_TRUE(std::filesystem::is_empty(temporary_.Path())) << "files of mails remain";
     }
 
-    struct Account {
-        std::string secret = "password=secret";
-        std::string user = "anna";
-        std::string imap = {};
-        std::string smtp = {};
-        std::string tls = {};
-        std::string limits = {};
-    };
-    void UseAccount(Account const& account) {
-        auto const OrElse = [](std::string const& text, std::string const& standard) {
-            return '\n' + (text.empty() ? standard : text) + '\n';
-        };
-        std::string const path = Put(
-            "mail.ini", "[account]\nname=Anna Bj\xC3\xB6rk\naddress=anna@example.org\nuser=" + account.user +
-                            '\n' + account.secret + "\n[imap]\nserver=localhost" +
-                            OrElse(account.imap, "port=" + std::to_string(servers_->imaps)) +
-                            "[smtp]\nserver=localhost" +
-                            OrElse(account.smtp, "port=" + std::to_string(servers_->smtps)) + "[tls]" +
-                            OrElse(account.tls, "ca_file=" + *servers_ / "ca.pem") + "[limits]\ntimeout=20" +
-                            OrElse(account.limits, ""));
-        ::chmod(path.c_str(), 0600);
+    using Changes = std::vector<std::pair<std::string, std::string>>;
+    /// Sets the account: that of "account.ini" with the changes, then with the values of the servers.
+    void UseAccount(Changes changes) {
+        Changes const values = {{"{IMAPS}", std::to_string(servers_->imaps)},
+                                {"{IMAP}", std::to_string(servers_->imap)},
+                                {"{SMTPS}", std::to_string(servers_->smtps)},
+                                {"{CA}", *servers_ / "ca.pem"}};
+        changes.insert(changes.end(), values.begin(), values.end());
+        std::string text = Bytes(DataFile("account.ini"));
+        for (auto const& [from, to] : changes) {
+            if (auto const at = text.find(from); at != std::string::npos) text.replace(at, from.size(), to);
+        }
+        ::chmod(Put("mail.ini", text).c_str(), 0600);
     }
 
     std::string Put(std::string const& name, std::string_view bytes) {
@@ -186,34 +178,36 @@ TEST_F(ServersTest, MailsAreSentFoundReadAndDeleted) {
 }
 
 TEST_F(ServersTest, FailuresHaveTheirNumbers) {
-    std::string const imap = "security=starttls\nport=" + std::to_string(servers_->imap);
     std::string const token = Put("token", Bytes(*servers_ / "token"));
     std::string const badToken = Put("bad token", "x" + Bytes(*servers_ / "token"));
     for (std::string const& path : {token, badToken}) ::chmod(path.c_str(), 0600);
     struct Row {
         char const* what;
-        Account account;
+        Changes changes;
         ULONG logOn;
         ULONG send;
     };
     Row const rows[] = {
         {"password", {}, SUCCESS_SUCCESS, CMC_SUCCESS},
-        {"STARTTLS", {.imap = imap}, SUCCESS_SUCCESS, CMC_SUCCESS},
-        {"token", {.secret = "token_file=" + token}, SUCCESS_SUCCESS, CMC_SUCCESS},
-        {"wrong password", {.secret = "password=wrong"}, MAPI_E_LOGON_FAILURE, CMC_E_LOGON_FAILURE},
-        {"wrong token", {.secret = "token_file=" + badToken}, MAPI_E_LOGON_FAILURE, CMC_E_LOGON_FAILURE},
-        {"wrong user", {.user = "otto"}, MAPI_E_LOGON_FAILURE, CMC_E_LOGON_FAILURE},
+        {"STARTTLS", {{"tls\nport={IMAPS}", "starttls\nport={IMAP}"}}, SUCCESS_SUCCESS, CMC_SUCCESS},
+        {"token", {{"password=secret", "token_file=" + token}}, SUCCESS_SUCCESS, CMC_SUCCESS},
+        {"wrong token",
+         {{"password=secret", "token_file=" + badToken}},
+         MAPI_E_LOGON_FAILURE,
+         CMC_E_LOGON_FAILURE},
+        {"wrong password", {{"secret", "wrong"}}, MAPI_E_LOGON_FAILURE, CMC_E_LOGON_FAILURE},
+        {"wrong user", {{"user=anna", "user=otto"}}, MAPI_E_LOGON_FAILURE, CMC_E_LOGON_FAILURE},
         {"unknown certificate",
-         {.tls = "ca_file=/etc/ssl/certs/ca-certificates.crt"},
+         {{"{CA}", "/etc/ssl/certs/ca-certificates.crt"}},
          MAPI_E_NETWORK_FAILURE,
          CMC_E_SERVICE_UNAVAILABLE},
         {"no server",
-         {.imap = "port=1", .smtp = "port=1"},
+         {{"{IMAPS}", "1"}, {"{SMTPS}", "1"}},
          MAPI_E_NETWORK_FAILURE,
          CMC_E_SERVICE_UNAVAILABLE},
     };
     for (Row const& row : rows) {
-        UseAccount(row.account);
+        UseAccount(row.changes);
         EXPECT_EQ(LogOn(), row.logOn) << row.what << ": " << Log();
         if (row.logOn == SUCCESS_SUCCESS) LogOff();
         EXPECT_EQ(SendTo("bob@example.org"), row.send) << row.what << ": " << Log();
@@ -222,7 +216,7 @@ TEST_F(ServersTest, FailuresHaveTheirNumbers) {
         EXPECT_EQ(Log().find(secret), std::string::npos) << Log();
 
     std::string const sent = Envelopes();
-    UseAccount({.limits = "largest_mail_mb=2"});
+    UseAccount({{"largest_mail_mb=50", "largest_mail_mb=2"}});
     EXPECT_EQ(SendTo(""), CMC_E_RECIPIENT_NOT_FOUND);
     EXPECT_EQ(SendTo("bob@example.org;anna"), CMC_E_RECIPIENT_NOT_FOUND);
     EXPECT_EQ(SendTo("bob@example.org\r\nRCPT TO:<eve@example.org>"), CMC_E_RECIPIENT_NOT_FOUND);
@@ -245,8 +239,8 @@ TEST_F(ServersTest, BrokenConnectionsAreRenewed) {
     servers_->Deliver("a",
                       "From: x@example.org\r\nSubject: a\r\nContent-Type: application/x; name=a.bin\r\n\r\n" +
                           std::string(60000, 'x') + "\r\n");
-    UseAccount({.imap = "port=" + std::to_string(servers_->breakingImaps),
-                .smtp = "port=" + std::to_string(servers_->breakingSmtps)});
+    UseAccount({{"{IMAPS}", std::to_string(servers_->breakingImaps)},
+                {"{SMTPS}", std::to_string(servers_->breakingSmtps)}});
     ASSERT_EQ(LogOn(), SUCCESS_SUCCESS);
     for (int i = 0; i < 60; ++i) {
         auto const ids = FindAll();
