@@ -1,9 +1,9 @@
-// Clock: the time of day where the user is.
+// Clock: the user's local time of day.
 #pragma once
 
 namespace platform {
 
-/// A moment as a calendar and a clock on the wall show it.
+/// A local calendar date and time of day.
 struct LocalClock {
     unsigned short year = 0;
     unsigned short month = 0;  // 1 to 12
@@ -14,7 +14,7 @@ struct LocalClock {
     unsigned short hundredth = 0;
 };
 
-/// Now, in the local time zone.
+/// Returns the current time in the local time zone.
 [[nodiscard]] LocalClock LocalNow() noexcept;
 
 }  // namespace platform

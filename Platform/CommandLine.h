@@ -1,4 +1,4 @@
-// CommandLine: how the program was called: its arguments and its own name, in one encoding on every system.
+// CommandLine: the program's arguments and its own file name, in UTF-8 on every system.
 #pragma once
 
 #include <string>
@@ -6,10 +6,11 @@
 
 namespace platform {
 
-/// The arguments behind the program's name in UTF-8. The parameters are those of `main`.
+/// Returns the arguments after the program's name in UTF-8. Pass the parameters of `main`; Windows ignores
+/// them and reads the command line from the system, since those of `main` have passed through the code page.
 [[nodiscard]] std::vector<std::string> Arguments(int count, char const* const* values);
 
-/// The full name of the running program's file in UTF-8; empty when the system does not tell.
+/// Returns the full path of the running program in UTF-8; empty when the system does not provide it.
 [[nodiscard]] std::string RunningProgram();
 
 }  // namespace platform

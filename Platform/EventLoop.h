@@ -1,7 +1,7 @@
-// EventLoop: what a program without a display waits in. One event of the system is taken at a time: a window
-// message on Windows, a step of dynamic data exchange elsewhere.
+// EventLoop: the waiting of a program without a display. It handles one event of the system at a time: a
+// window message on Windows, a step of dynamic data exchange elsewhere.
 //
-// All operations but `Wake` belong to one thread, the one that calls them first.
+// All operations except `Wake` belong to one thread, the one that calls them first.
 #pragma once
 
 #include <chrono>
@@ -10,23 +10,23 @@ namespace platform {
 
 class EventLoop {
   public:
-    /// As a time to wait: until something happens.
+    /// As the limit of `Wait`: no timeout.
     static constexpr std::chrono::milliseconds Forever{-1};
 
-    /// Handles at most one pending event, of which at most one DDE transaction. False when nothing was
-    /// pending.
+    /// Handles at most one pending event, which includes at most one DDE transaction. Returns false if no
+    /// event was pending.
     static bool DispatchOne();
 
-    /// Returns when an event is pending, the time is up or `Wake` was called, also when that was before.
-    /// Takes no processor time meanwhile.
+    /// Blocks until an event is pending, the limit has passed or `Wake` is called; a call of `Wake` since the
+    /// last wait counts. Uses no processor time.
     static void Wait(std::chrono::milliseconds limit);
 
-    /// Ends the wait that goes on, or the next one. From any thread.
+    /// Ends the current wait, or else the next one. May be called from any thread.
     static void Wake() noexcept;
 
-    /// For a foreign loop that has the program's waiting: a file descriptor that is readable while the system
-    /// has an event for `DispatchOne`, -1 on Windows, where every loop takes window messages by itself. A
-    /// loop that was woken by it calls `DispatchOne` until that answers false.
+    /// Returns a file descriptor that is readable while `DispatchOne` has an event to handle, for another
+    /// event loop to watch; -1 on Windows, where every loop dispatches window messages. When the descriptor
+    /// is readable, that loop must call `DispatchOne` until it returns false.
     [[nodiscard]] static int Descriptor();
 };
 

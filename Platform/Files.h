@@ -1,6 +1,5 @@
-// Files: what the standard library leaves out of file handling. Names are in the suite's code page on the
-// floors above; here they are the system's own: UTF-8 on POSIX, UTF-8 too on Windows, where it is widened for
-// the system's calls.
+// Files: file operations that the standard library lacks. Names are UTF-8 on every system; the floors above
+// convert them from the suite's code page.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +10,8 @@
 
 namespace platform {
 
-/// What tells two states of a file apart. Two changes that follow each other within a step of the file
-/// system's clock, some milliseconds, can leave the same identity.
+/// Identifies the state of a file. Two changes within one step of the file system's clock, some milliseconds,
+/// can yield the same identity.
 struct FileIdentity {
     std::uint64_t device = 0;
     std::uint64_t node = 0;
@@ -22,33 +21,35 @@ struct FileIdentity {
     friend bool operator==(FileIdentity const&, FileIdentity const&) = default;
 };
 
-/// None when there is no such file.
+/// Returns the file's identity; none if there is no such file.
 [[nodiscard]] std::optional<FileIdentity> Identify(std::string const& path);
 
-/// The file that a symbolic link stands for in the end; any other name as it is.
+/// Returns the final target of a symbolic link; any other name unchanged.
 [[nodiscard]] std::string FollowLinks(std::string const& path);
 
-/// The whole content; none when the file cannot be read.
+/// Returns the whole content; none if the file cannot be read.
 [[nodiscard]] std::optional<std::string> ReadWhole(std::string const& path);
 
-/// Puts a new content in place of a file's, or makes the file: at any moment the name stands for the old or
-/// for the new content, whole, and after a crash of the machine too. Keeps the permissions of a file that it
-/// replaces, and follows a symbolic link. False when that failed; the old file then stands. The new content
-/// is prepared in "PATH.replacing" beside it, which a process that is killed leaves behind and the next one
-/// takes over; several processes take turns. A file that may not be written is not replaced either.
+/// Replaces the content of a file, or creates the file. At any moment the name refers to the complete old or
+/// the complete new content, even after a system crash. Keeps the permissions of the file and follows a
+/// symbolic link. Does not replace a file that is not writable. Returns false on failure, with the old file
+/// unchanged.
+///
+/// The new content is written to "PATH.replacing" first, which a killed process leaves behind and the next
+/// one reuses. Concurrent processes take turns.
 [[nodiscard]] bool ReplaceAtomically(std::string const& path, std::string_view content);
 
-/// A lock between processes (and threads) that is held as long as the object lives; the system releases it
-/// when the process dies. Waits until the lock is free.
+/// A lock between processes and threads, held for the lifetime of the object; the system releases it when the
+/// process ends. The constructor waits until the lock is free.
 class FileLock {
   public:
-    /// Locks on a file of its own, which is made beside the one that it guards and stays there.
+    /// Locks a file of its own, which is created beside the guarded one and remains there.
     explicit FileLock(std::string const& lockFile);
     FileLock(FileLock const&) = delete;
     FileLock& operator=(FileLock const&) = delete;
     ~FileLock();
 
-    /// False when the lock file could not be made, in a directory that cannot be written to for example.
+    /// Returns false if the lock file could not be created, for example in a directory that is not writable.
     [[nodiscard]] bool IsHeld() const noexcept;
 
   private:
@@ -56,24 +57,24 @@ class FileLock {
     std::unique_ptr<Handle> handle_;
 };
 
-/// Handles of open files, for callers that want the system's own sharing rules. A handle is opaque.
+/// Opaque handles of open files, for callers that need the system's sharing rules.
 enum class FileAccess : int { Read, Write, ReadWrite };
 enum class FileDisposition : int { OpenExisting, OpenOrCreate };
-/// Null on failure. Sharing: a reader shares with readers and writers, a writer with readers only. On POSIX
-/// that binds only those who open files by this operation.
+/// Opens a file; returns null on failure. Sharing: a reader shares with readers and writers, a writer with
+/// readers only. On POSIX this binds only files that are opened by this operation.
 [[nodiscard]] void* OpenFile(std::string const& path, FileAccess access, FileDisposition disposition);
 bool CloseFile(void* handle);
-/// The count holds the number asked for on entry and the number done on return.
+/// `count` is the number of bytes requested on entry and the number transferred on return.
 bool ReadFile(void* handle, void* target, unsigned long& count);
 bool WriteFile(void* handle, void const* source, unsigned long& count);
 bool SeekToStart(void* handle);
-/// To the start, then cuts everything off.
+/// Moves to the start and discards the whole content.
 bool Truncate(void* handle);
 
-/// The name in the short form of 8.3 characters where the system has one, else the name as it is.
+/// Returns the short form of the name (8.3 characters) if the system has one, else the name unchanged.
 [[nodiscard]] std::string ShortPath(std::string const& path);
-/// The network name behind a drive ("X:"), none where the system has no drives or this one is no network
-/// drive. `connected` asks for the connections of now, else for the remembered ones.
+/// Returns the network name of a drive ("X:"); none if the system has no drives or this one is not a network
+/// drive. `connected` searches the current connections, else the remembered ones.
 [[nodiscard]] std::optional<std::string> NetworkNameOfDrive(std::string const& drive, bool connected);
 
 }  // namespace platform

@@ -1,4 +1,4 @@
-// Library: shared libraries that are loaded while the program runs.
+// Library: shared libraries loaded at run time.
 #pragma once
 
 #include <string>
@@ -7,11 +7,11 @@ namespace platform {
 
 /// ".dll" or ".so".
 [[nodiscard]] char const* LibrarySuffix() noexcept;
-/// Loads a library by its file name, found as the system finds libraries. On failure null, and `error` is the
-/// system's error number, never 0: on POSIX, whose loader gives none, always ELIBACC.
+/// Loads a library, which is searched for as the system does. Returns null on failure and stores the system's
+/// error number in `error`: never 0, and always ELIBACC on POSIX, whose loader provides none.
 [[nodiscard]] void* LoadLibraryFile(std::string const& fileName, unsigned long& error);
-/// The address of an exported function; on failure null and the system's error number (ENOSYS on
-/// POSIX).
+/// Returns the address of an exported function; null on failure, with the system's error number (ENOSYS on
+/// POSIX) in `error`.
 [[nodiscard]] void* FunctionAddress(void* library, std::string const& name, unsigned long& error);
 void FreeLibraryFile(void* library);
 

@@ -1,4 +1,4 @@
-// Locale: what the system knows of its user's language and ways of writing.
+// Locale: the user's language and formats, as configured in the system.
 #pragma once
 
 #include <string>
@@ -6,14 +6,14 @@
 
 namespace platform {
 
-/// The Windows language identifier, 0 when unknown.
+/// Returns the Windows language identifier, 0 if unknown.
 [[nodiscard]] unsigned short LanguageIdentifier() noexcept;
-/// The decimal separator, one byte; "." where the system's own is longer.
+/// Returns the decimal separator, one byte; "." if the system's is longer.
 [[nodiscard]] char DecimalSeparator() noexcept;
-/// The date in the user's short form, in UTF-8; "year-month-day" for a day that the calendar has not.
+/// Returns the date in the user's short format, in UTF-8; "year-month-day" for a day that does not exist.
 [[nodiscard]] std::string ShortDate(int year, int month, int day);
 
-/// Between UTF-8 and the encoding of the system's plain texts: the same on POSIX, the ANSI code page on
+/// Converts between UTF-8 and the encoding of the system's plain text: UTF-8 on POSIX, the ANSI code page on
 /// Windows. A character that the target lacks becomes "?".
 [[nodiscard]] std::string ToSystemText(std::string_view utf8);
 [[nodiscard]] std::string FromSystemText(std::string_view text);

@@ -1,5 +1,6 @@
-// PrintQueue: the system's printers. Names and titles are UTF-8. It needs a library of the system's and is
-// not part of the ground floor that every program carries: whoever prints adds its source file.
+// PrintQueue: the system's printers. Names and titles are UTF-8. The implementation needs a system library
+// that not every program should load, so it is not part of the ground floor: a program that prints adds its
+// source file.
 #pragma once
 
 #include <optional>
@@ -14,16 +15,17 @@ struct PrintQueue {
     bool hasColours = false;
 };
 
-/// None when there is no such queue, or none at all can be asked. An empty name is the default queue.
+/// Returns the queue; none if it does not exist or no print server can be reached. An empty name selects the
+/// default queue.
 [[nodiscard]] std::optional<PrintQueue> FindPrintQueue(std::string const& name);
 
-/// The upright paper, in hundredths of a millimetre.
+/// The size of the paper in portrait orientation, in hundredths of a millimetre.
 struct PrintMedia {
     int width = 0;
     int height = 0;
 };
 
-/// What the upright paper cannot be printed on along its edges, in hundredths of a millimetre.
+/// The unprintable edges of the paper in portrait orientation, in hundredths of a millimetre.
 struct PrintMargins {
     int left = 0;
     int top = 0;
@@ -31,7 +33,7 @@ struct PrintMargins {
     int bottom = 0;
 };
 
-/// No margins where the queue tells none of this paper.
+/// Returns the margins of a paper; all 0 if the queue does not state them.
 [[nodiscard]] PrintMargins MarginsOf(std::string const& queue, PrintMedia const& media);
 
 struct PrintRequest {
@@ -40,7 +42,7 @@ struct PrintRequest {
     bool isLandscape = false;
 };
 
-/// Hands a document over to a queue. False when it was refused.
+/// Submits a document to a queue. Returns false if it is refused.
 [[nodiscard]] bool SubmitPdf(std::string const& queue, PrintRequest const& request, std::string_view pdf);
 
 }  // namespace platform

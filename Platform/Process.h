@@ -1,4 +1,4 @@
-// Process: another program, started by this one.
+// Process: programs started by this one.
 #pragma once
 
 #include <memory>
@@ -10,25 +10,25 @@ namespace platform {
 
 class Process {
   public:
-    /// What `Wait` answers for a program that was ended from outside.
+    /// The result of `Wait` for a program that was killed.
     static constexpr int Killed = -1;
 
-    /// Starts a program by its file name, which is searched as the system searches programs when it names no
-    /// directory. The arguments arrive as they are, blanks and quotes included. Null when it could not be
+    /// Starts a program by its file name, which is searched for as the system does if it names no directory.
+    /// Arguments are passed unchanged, blanks and quotes included. Returns null if the program cannot be
     /// started.
     [[nodiscard]] static std::unique_ptr<Process> Start(std::string const& program,
                                                         std::vector<std::string> const& arguments = {});
     Process(Process const&) = delete;
     Process& operator=(Process const&) = delete;
-    /// Lets go of the program, which runs on if it still does.
+    /// Detaches from the program, which keeps running.
     ~Process();
 
-    /// The number that the system knows the program by.
+    /// Returns the process number.
     [[nodiscard]] long Id() const noexcept;
     [[nodiscard]] bool IsRunning() noexcept;
-    /// Waits for the program's end and returns its exit code.
+    /// Waits for the program to exit and returns its exit code.
     int Wait() noexcept;
-    /// Ends the program wherever it is, with nothing written and nothing cleaned up.
+    /// Ends the program immediately, without giving it a chance to clean up.
     void Kill() noexcept;
 
   private:
@@ -37,16 +37,17 @@ class Process {
     std::unique_ptr<State> state_;
 };
 
-/// Starts a program that lives on its own, and waits for nothing. The command line is the program's name and
-/// its arguments, divided by blanks; double quotes keep blanks together. True when the program was started.
+/// Starts an independent program and does not wait for it. The command line is the program's name and its
+/// arguments, separated by blanks; double quotes keep blanks together. Returns true if the program was
+/// started.
 ///
-/// It runs in `directory`, where one is given, else in the current one. There it is looked for first, then in
+/// It runs in `directory` if given, else in the current directory. It is searched for there first, then in
 /// the directory of the running program, then on the system's path. On Windows its window is minimised.
-/// Elsewhere it has a session of its own and no standard streams, so that nobody waits at the end of a pipe
-/// for it.
+/// Elsewhere it has a session of its own and no standard streams, so that it keeps no pipe of this program
+/// open.
 bool StartProgram(std::string const& commandLine, std::optional<std::string> const& directory = std::nullopt);
 
-/// The system's number of this process.
+/// Returns the number of this process.
 [[nodiscard]] unsigned long ProcessNumber() noexcept;
 
 }  // namespace platform

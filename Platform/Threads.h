@@ -1,4 +1,4 @@
-// Threads: what std::thread leaves out, priorities and an end from outside.
+// Threads: what std::thread lacks, priorities and termination from outside.
 #pragma once
 
 #include <chrono>
@@ -7,31 +7,31 @@
 
 namespace platform {
 
-/// The system's priority: normal, one below and one above.
+/// The thread priority: normal, one step below and one above.
 enum class Priority : int { Low = -1, Normal = 0, High = 1 };
 
 /// A running thread.
 class NativeThread {
   public:
-    /// Starts the routine; null when the system refuses.
+    /// Starts the routine; returns null if the system refuses.
     [[nodiscard]] static std::unique_ptr<NativeThread> Start(std::function<unsigned()> routine);
     NativeThread(NativeThread const&) = delete;
     NativeThread& operator=(NativeThread const&) = delete;
-    /// Lets go of the thread, which runs on if it still does.
+    /// Detaches from the thread, which keeps running.
     ~NativeThread();
 
-    /// False when the system refuses; raising a priority may need a privilege.
+    /// Returns false if the system refuses; raising a priority may need a privilege.
     bool SetPriority(Priority priority) noexcept;
     [[nodiscard]] Priority GetPriority() const noexcept;
 
-    /// Waits for the routine's end, at most so long; true once it has ended.
+    /// Waits until the routine has ended, but not longer than `limit`; returns whether it has.
     bool WaitForEnd(std::chrono::milliseconds limit);
 
-    /// Ends the thread from outside. Windows ends it wherever it is. A POSIX thread cannot be ended at any
-    /// point without harm to what it holds: there it ends at its next cancellation point (a blocking call of
-    /// the system, or `pthread_testcancel`), its stack being unwound; one that reaches none goes on. A
-    /// routine that may be ended so must let the unwinding pass: no `catch (...)` that does not throw again,
-    /// and no waiting in a `noexcept` function. Does not wait for the end, on either system.
+    /// Ends the thread from outside, without waiting for it. Windows ends it at any point. POSIX cannot do so
+    /// safely: the thread ends at its next cancellation point (a blocking system call, or
+    /// `pthread_testcancel`), with its stack unwound; a thread that reaches none continues. A routine that
+    /// may be killed must let the unwinding pass: no `catch (...)` that does not rethrow, and no blocking
+    /// call in a `noexcept` function.
     void Kill() noexcept;
 
   private:

@@ -1,4 +1,4 @@
-// UserFolders: where the system keeps a user's own things.
+// UserFolders: the user's own folders.
 #pragma once
 
 #include <filesystem>
@@ -6,12 +6,12 @@
 
 namespace platform {
 
-/// The folder for the settings of programs: $XDG_CONFIG_HOME, else ~/.config; %APPDATA% on Windows. It need
-/// not exist.
+/// Returns the folder for settings of programs: $XDG_CONFIG_HOME, else ~/.config; %APPDATA% on Windows. It
+/// may not exist.
 [[nodiscard]] std::filesystem::path SettingsFolder();
 
-/// A new folder for temporary files, which only the user can enter; the caller removes it. Its name begins
-/// with `prefix`. Empty where none can be made.
+/// Creates a folder for temporary files that only the user can access; the caller removes it. Its name begins
+/// with `prefix`. Returns an empty path on failure.
 [[nodiscard]] std::filesystem::path MakePrivateFolder(std::string const& prefix);
 
 }  // namespace platform

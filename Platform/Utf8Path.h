@@ -1,4 +1,4 @@
-// Utf8Path: names of files as UTF-8, which all services here take, and as the standard library's paths.
+// Utf8Path: converts file names between UTF-8, which all services here take, and std::filesystem::path.
 #pragma once
 
 #include <filesystem>

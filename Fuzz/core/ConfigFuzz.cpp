@@ -1,4 +1,4 @@
-// Any bytes as an ini file, and any names and value written to it: one key changes, and nothing else does.
+// Writes any group, key and value into any ini file: one key changes and nothing else does.
 //
 // Input: group, key and value, each ended by a zero byte, then the file.
 #include "SV/core/detail/IniText.h"
@@ -28,7 +28,7 @@ std::string_view TakeField(std::string_view& input) {
 
 using Values = std::map<std::pair<std::string, std::string>, std::string>;
 
-/// Every key that the text shows, each of which must have a value.
+/// Returns all keys and values of the text; every listed key must have a value.
 Values ValuesOf(IniText const& text) {
     Values values;
     for (std::string const& group : text.GroupNames()) {
@@ -41,8 +41,8 @@ Values ValuesOf(IniText const& text) {
     return values;
 }
 
-/// The values but for those of one key, by a text that holds nothing else. Names that cannot be held are no
-/// key's.
+/// Returns the values except that of one key, which is identified by a text that contains nothing else. Names
+/// that cannot be stored identify no key.
 Values Without(Values values, std::string_view group, std::string_view key) {
     IniText target;
     target.SetValue(group, key, "");

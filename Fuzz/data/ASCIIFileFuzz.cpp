@@ -1,5 +1,5 @@
-// Any bytes as a data file, read by any sequence of operations: a failure stays on its line, a success takes
-// one line, and every file ends.
+// Reads any data file by any sequence of operations: a failure stays on its line, a success advances one
+// line, and every file ends.
 #include "KVUtils/Source/data/ASCIIFile.h"
 #include "KVUtils/Tests/data/ASCIIFileReaders.h"
 
@@ -19,7 +19,7 @@ void Require(bool isKept) {
     if (!isKept) std::abort();
 }
 
-/// The first byte chooses modes, the second how many of the next are operations; the rest is the file.
+/// The first byte selects modes, the second the number of operations that follow; the rest is the file.
 struct Input {
     explicit Input(std::string_view bytes) {
         if (bytes.size() < 2) return;
@@ -41,7 +41,7 @@ bool Apply(kv::ASCIIFile& file, int reader) {
 
 int ReaderOf(char operation) { return static_cast<unsigned char>(operation) % (kv::test::Readers + 1); }
 
-/// A look at the line `ahead` lines on, if it is a free one, after which the stream is as it was.
+/// Returns the line `ahead` lines after the current one, if it is free text, and restores the stream.
 std::string Peek(std::stringstream& stream, kv::ASCIIFile const& file, int ahead) {
     auto const state = stream.rdstate();
     auto const place = stream.rdbuf()->pubseekoff(0, std::ios::cur, std::ios::in);
@@ -68,7 +68,7 @@ void CheckStream(Input const& input) {
     Require(file.GetError() == 0);
 }
 
-/// A named file, of lines ended by CR if no LF comes early.
+/// Reads a named file, whose lines end with CR unless an LF comes early.
 void CheckFile(Input const& input) {
     static std::string const path =
         (std::filesystem::temp_directory_path() / ("ASCIIFileFuzz." + std::to_string(std::random_device()())))

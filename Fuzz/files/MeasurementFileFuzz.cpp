@@ -1,4 +1,4 @@
-// Any bytes at all: they are samples within the promised limits, or a ReadError of one line.
+// Reads any bytes: they yield samples within the documented limits, or a ReadError of one line.
 #include "Apps/files/MeasurementFile.h"
 
 #include <cstddef>

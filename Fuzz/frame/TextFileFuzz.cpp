@@ -1,4 +1,5 @@
-// The two passes over a text file, on any bytes: they end, agree on the entries, and keep to their limits.
+// Runs the two passes over a text file on any bytes: they terminate, agree on the entries and keep their
+// limits.
 #include "KVUtils/Source/frame/detail/TextFile.h"
 
 #include <algorithm>
@@ -19,7 +20,7 @@ void Require(bool condition) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
-    // The first byte says which of the questions are answered with a stop, by their number.
+    // The first byte is the number of the question that is answered with a stop.
     std::string_view const file(reinterpret_cast<char const*>(data), size);
     unsigned const stopAt = size == 0 ? 0 : data[0];
 
@@ -48,7 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
         Require(text.find_first_of(std::string_view("\n\r\0", 3)) == std::string_view::npos);
     });
     Require(length <= size);
-    // Of a faultless file only a last entry without its line end is read beyond those counted.
+    // In a faultless file only a last entry without a line end is read in addition to those counted.
     if (isFaultless) Require(texts == groups.entryCount || texts == groups.entryCount + 1);
     return 0;
 }

@@ -1,5 +1,5 @@
-// What a mail server may say, in any pieces: the responses are the same however they are cut; what they tell
-// of a message becomes texts and files whose names stay in their folder and are unlike each other.
+// Reads any bytes as those of a mail server, in any pieces: the responses do not depend on the pieces; the
+// parts of a message become texts and files with safe and unique names.
 #include "Platform/mail/posix/Gmime.h"
 #include "Platform/mail/posix/ImapResponse.h"
 #include "Platform/mail/posix/MailParts.h"
@@ -49,9 +49,9 @@ void CheckParts(ImapValue const& structure) {
 }
 
 void CheckItems(ImapValue const& items) {
-    std::string const received = ReceivedDate(items.Behind("INTERNALDATE").text);
+    std::string const received = ReceivedDate(items.ValueOf("INTERNALDATE").text);
     Require(received.empty() || received.size() >= 16);
-    MailParts const parts = PartsOf(items.Behind("BODYSTRUCTURE"));
+    MailParts const parts = PartsOf(items.ValueOf("BODYSTRUCTURE"));
     for (std::size_t i = 0; i + 1 < items.items.size(); i += 2) {
         if (!items[i].text.starts_with("BODY[")) continue;
         MailHead const head = ParseHead(items[i + 1].text);
@@ -76,7 +76,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
         auto const value = ParseImap(response);
         if (!value) continue;
         for (ImapValue const& item : value->items) CheckItems(item);
-        if (value->items.size() > 3) CheckParts((*value)[3].Behind("BODYSTRUCTURE"));
+        if (value->items.size() > 3) CheckParts((*value)[3].ValueOf("BODYSTRUCTURE"));
     }
     CheckName(SafeFileName(stream));
     if (auto const recipient = ParseRecipient(stream))

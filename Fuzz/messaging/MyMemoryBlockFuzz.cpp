@@ -1,4 +1,4 @@
-// Any sequence of operations on a byte buffer, side by side with a plain model of it.
+// Runs any sequence of operations on a byte buffer and on a simple model of it.
 #include "KVUtils/Source/messaging/MYMEMBLO.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@ void Require(bool isKept) {
     if (!isKept) std::abort();
 }
 
-/// The buffer as places in a vector.
+/// The buffer as a vector with positions.
 struct Model {
     void Put(std::string_view bytes) {
         std::size_t capacity = storage.size();
@@ -107,7 +107,7 @@ void Apply(kv::MyMemoryBlock& block, Model& model, unsigned operation, std::stri
 
 }  // namespace
 
-/// The capacity, then operations: each a number, a count and so many bytes.
+/// Input: the capacity, then operations, each an opcode, a count and that many bytes.
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
     std::string_view input(reinterpret_cast<char const*>(data), size);
     if (input.empty()) return 0;

@@ -1,5 +1,5 @@
-// Bytes of a peer that may say anything: whatever they are and however they are cut, the frames are the same,
-// lie within what was read, and take no more memory than what has arrived.
+// Reads any bytes of a peer, in any pieces: the frames do not depend on the pieces, lie within the bytes
+// read, and take no more memory than these.
 #include "Platform/posix/DdeFrame.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace {
 using platform::detail::Frame;
 using platform::detail::FrameReader;
 
-// What a stream was cut into, in a form that compares.
+// The frames of a stream, in a comparable form.
 struct Outcome {
     std::vector<std::string> frames;
     bool isMalformed = false;

@@ -9,99 +9,90 @@
 
 namespace tests {
 
+using namespace platform;
+
 namespace {
 
 constinit std::array<DdeEndpoint*, 4> endpoints{};
 
+/// A string handle for the lifetime of this object.
+struct StringHandle {
+    StringHandle(std::uint32_t owner, char const* text)
+        : instance(owner), handle(DdeCreateStringHandleA(owner, text, CP_WINANSI)) {}
+    StringHandle(StringHandle const&) = delete;
+    StringHandle& operator=(StringHandle const&) = delete;
+    ~StringHandle() { DdeFreeStringHandle(instance, handle); }
+
+    std::uint32_t instance;
+    HSZ handle;
+};
+
 }  // namespace
 
 template <std::size_t Slot>
-platform::HDDEDATA DdeEndpoint::Callback(unsigned transaction, unsigned /*format*/,
-                                         platform::HCONV conversation, platform::HSZ string1,
-                                         platform::HSZ string2, platform::HDDEDATA data,
-                                         std::uintptr_t /*value1*/, std::uintptr_t /*value2*/) {
+HDDEDATA DdeEndpoint::Callback(unsigned transaction, unsigned /*format*/, HCONV conversation, HSZ string1,
+                               HSZ string2, HDDEDATA data, std::uintptr_t /*value1*/,
+                               std::uintptr_t /*value2*/) {
     return endpoints[Slot]->Handle(transaction, conversation, string1, string2, data);
 }
 
 DdeEndpoint::DdeEndpoint(std::string const& topic, char const* service) {
-    auto const free = std::ranges::find(endpoints, nullptr);
-    if (free == endpoints.end()) throw std::logic_error("too many endpoints");
-    *free = this;
-    slot_ = static_cast<std::size_t>(free - endpoints.begin());
-    constexpr std::array<platform::PFNCALLBACK, 4> callbacks{&Callback<0>, &Callback<1>, &Callback<2>,
-                                                             &Callback<3>};
-    if (platform::DdeInitializeA(&instance_, callbacks[slot_], 0, 0) != platform::DMLERR_NO_ERROR) {
-        *free = nullptr;
-        throw std::runtime_error("DdeInitializeA refuses");
-    }
-    service_ = platform::DdeCreateStringHandleA(instance_, service, platform::CP_WINANSI);
-    topic_ = platform::DdeCreateStringHandleA(instance_, topic.c_str(), platform::CP_WINANSI);
-    if (platform::DdeNameService(instance_, service_, nullptr, platform::DNS_REGISTER) == nullptr) {
-        throw std::runtime_error("DdeNameService refuses");
-    }
+    constexpr std::array<PFNCALLBACK, 4> callbacks{&Callback<0>, &Callback<1>, &Callback<2>, &Callback<3>};
+    slot_ = static_cast<std::size_t>(std::ranges::find(endpoints, nullptr) - endpoints.begin());
+    if (DdeInitializeA(&instance_, callbacks.at(slot_), 0, 0) != DMLERR_NO_ERROR)
+        throw std::runtime_error("DdeInitializeA failed");
+    endpoints[slot_] = this;
+    service_ = DdeCreateStringHandleA(instance_, service, CP_WINANSI);
+    topic_ = DdeCreateStringHandleA(instance_, topic.c_str(), CP_WINANSI);
+    if (DdeNameService(instance_, service_, nullptr, DNS_REGISTER) == nullptr)
+        throw std::runtime_error("DdeNameService failed");
 }
 
 DdeEndpoint::~DdeEndpoint() {
-    platform::DdeNameService(instance_, service_, nullptr, platform::DNS_UNREGISTER);
-    platform::DdeFreeStringHandle(instance_, topic_);
-    platform::DdeFreeStringHandle(instance_, service_);
-    platform::DdeUninitialize(instance_);
+    DdeNameService(instance_, service_, nullptr, DNS_UNREGISTER);
+    for (HSZ const handle : {topic_, service_}) DdeFreeStringHandle(instance_, handle);
+    DdeUninitialize(instance_);
     endpoints[slot_] = nullptr;
 }
 
-platform::HCONV DdeEndpoint::Connect(char const* topic, char const* service) const {
-    platform::HSZ const serviceHandle =
-        platform::DdeCreateStringHandleA(instance_, service, platform::CP_WINANSI);
-    platform::HSZ const topicHandle =
-        platform::DdeCreateStringHandleA(instance_, topic, platform::CP_WINANSI);
-    platform::HCONV const conversation = platform::DdeConnect(instance_, serviceHandle, topicHandle, nullptr);
-    platform::DdeFreeStringHandle(instance_, topicHandle);
-    platform::DdeFreeStringHandle(instance_, serviceHandle);
-    return conversation;
+HCONV DdeEndpoint::Connect(char const* topic, char const* service) const {
+    StringHandle const serviceHandle(instance_, service);
+    StringHandle const topicHandle(instance_, topic);
+    return DdeConnect(instance_, serviceHandle.handle, topicHandle.handle, nullptr);
 }
 
-bool DdeEndpoint::Poke(platform::HCONV conversation, char const* item, std::string_view data) const {
-    platform::HSZ const itemHandle = platform::DdeCreateStringHandleA(instance_, item, platform::CP_WINANSI);
-    platform::HDDEDATA const taken = platform::DdeClientTransaction(
-        data.data(), static_cast<std::uint32_t>(data.size()), conversation, itemHandle, platform::CF_TEXT,
-        platform::XTYP_POKE, platform::TIMEOUT_ASYNC, nullptr);
-    platform::DdeFreeStringHandle(instance_, itemHandle);
-    return taken != nullptr;
+bool DdeEndpoint::Poke(HCONV conversation, char const* item, std::string_view data) const {
+    StringHandle const name(instance_, item);
+    return DdeClientTransaction(data.data(), static_cast<std::uint32_t>(data.size()), conversation,
+                                name.handle, CF_TEXT, XTYP_POKE, TIMEOUT_ASYNC, nullptr) != nullptr;
 }
 
-std::string DdeEndpoint::Text(platform::HSZ string) const {
-    std::string text(platform::DdeQueryStringA(instance_, string, nullptr, 0, platform::CP_WINANSI), '\0');
-    platform::DdeQueryStringA(instance_, string, text.data(), static_cast<std::uint32_t>(text.size() + 1),
-                              platform::CP_WINANSI);
-    return text;
+std::string DdeEndpoint::Text(HSZ string) const {
+    std::array<char, 256> text{};
+    return {text.data(), DdeQueryStringA(instance_, string, text.data(), text.size(), CP_WINANSI)};
 }
 
-platform::HDDEDATA DdeEndpoint::Handle(unsigned transaction, platform::HCONV conversation,
-                                       platform::HSZ string1, platform::HSZ string2,
-                                       platform::HDDEDATA data) {
+HDDEDATA DdeEndpoint::Handle(unsigned transaction, HCONV conversation, HSZ string1, HSZ string2,
+                             HDDEDATA data) {
     std::uint32_t length = 0;
-    auto const* const bytes =
-        reinterpret_cast<char const*>(data == nullptr ? nullptr : platform::DdeAccessData(data, &length));
-    std::string_view const view(bytes, bytes == nullptr ? 0 : length);
+    auto const* const bytes = data == nullptr ? nullptr : DdeAccessData(data, &length);
+    std::string const text(reinterpret_cast<char const*>(bytes), length);
     switch (transaction) {
-        case platform::XTYP_CONNECT:
+        case XTYP_CONNECT:
             log_.push_back("connect " + Text(string2) + ' ' + Text(string1));
-            return platform::DdeAnswer(accepts && platform::DdeCmpStringHandles(string1, topic_) == 0 &&
-                                       platform::DdeCmpStringHandles(string2, service_) == 0);
-        case platform::XTYP_CONNECT_CONFIRM:
+            return DdeAnswer(accepts && DdeCmpStringHandles(string1, topic_) == 0 &&
+                             DdeCmpStringHandles(string2, service_) == 0);
+        case XTYP_CONNECT_CONFIRM:
             log_.emplace_back("confirm");
             break;
-        case platform::XTYP_POKE:
-            if (onPoke) {
-                onPoke(conversation, Text(string2), view);
-            } else {
-                log_.push_back("poke " + Text(string2) + ' ' + std::string(view));
-            }
+        case XTYP_POKE:
+            onPoke ? onPoke(conversation, Text(string2), text)
+                   : log_.push_back("poke " + Text(string2) + ' ' + text);
             break;
-        case platform::XTYP_EXECUTE:
-            log_.push_back("execute " + std::string(view));
+        case XTYP_EXECUTE:
+            log_.push_back("execute " + text);
             break;
-        case platform::XTYP_DISCONNECT:
+        case XTYP_DISCONNECT:
             log_.emplace_back("disconnect");
             if (onDisconnect) onDisconnect(conversation);
             break;
@@ -109,8 +100,8 @@ platform::HDDEDATA DdeEndpoint::Handle(unsigned transaction, platform::HCONV con
             return nullptr;
     }
     if (data == nullptr) return nullptr;
-    platform::DdeUnaccessData(data);
-    return platform::DdeAnswer(platform::DDE_FACK);
+    DdeUnaccessData(data);
+    return DdeAnswer(DDE_FACK);
 }
 
 bool RunUntil(std::function<bool()> const& condition, int limitMs) {
@@ -118,7 +109,7 @@ bool RunUntil(std::function<bool()> const& condition, int limitMs) {
     auto const deadline = Clock::now() + std::chrono::milliseconds(limitMs);
     while (!condition()) {
         if (Clock::now() > deadline) return false;
-        if (!platform::EventLoop::DispatchOne()) platform::EventLoop::Wait(std::chrono::milliseconds(10));
+        if (!EventLoop::DispatchOne()) EventLoop::Wait(std::chrono::milliseconds(10));
     }
     return true;
 }

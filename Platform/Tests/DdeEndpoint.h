@@ -1,4 +1,4 @@
-// DdeEndpoint: an instance of dynamic data exchange that notes what it is called with, for tests.
+// DdeEndpoint: an instance of dynamic data exchange that logs its callbacks.
 #pragma once
 
 #include "Platform/Ddeml.h"
@@ -11,7 +11,7 @@
 
 namespace tests {
 
-/// Registers one service and accepts one topic. Up to four at a time.
+/// Registers one service and accepts one topic. The maximum is four at a time.
 class DdeEndpoint {
   public:
     static constexpr char const* Service = "KVUtilsTest";
@@ -28,7 +28,7 @@ class DdeEndpoint {
     [[nodiscard]] std::vector<std::string> const& Log() const noexcept { return log_; }
     void ClearLog() { log_.clear(); }
 
-    /// Called in place of the note of a poke, where set.
+    /// Called instead of logging a poke, if set.
     std::function<void(platform::HCONV, std::string_view item, std::string_view data)> onPoke;
     std::function<void(platform::HCONV)> onDisconnect;
     bool accepts = true;
@@ -49,7 +49,7 @@ class DdeEndpoint {
     std::vector<std::string> log_;
 };
 
-/// Dispatches until the condition holds; false when it did not within the limit.
-[[nodiscard]] bool RunUntil(std::function<bool()> const& condition, int limitMs = 60'000);
+/// Dispatches events until the condition holds; returns false on timeout.
+[[nodiscard]] bool RunUntil(std::function<bool()> const& condition, int limitMs = 20'000);
 
 }  // namespace tests

@@ -1,4 +1,4 @@
-// DdeProcess: what tests with another program at the other end of a conversation share.
+// DdeProcess: a fixture for tests with another program at the other end of a conversation.
 #pragma once
 
 #include "Platform/Tests/DdeEndpoint.h"
@@ -17,19 +17,18 @@ class DdeProcessTest : public testing::Test {
     static PeerProcess StartDdePeer(std::vector<std::string> const& arguments) {
         return StartPeer(KV_DDE_PEER, arguments);
     }
-    /// A conversation with a program that was just started; null when it does not come up.
+    /// Connects to a program that was just started; returns null on timeout.
     static platform::HCONV ConnectWhenReady(DdeEndpoint const& client, char const* topic) {
         platform::HCONV conversation = nullptr;
         EXPECT_TRUE(RunUntil([&] { return (conversation = client.Connect(topic)) != nullptr; })) << topic;
         return conversation;
     }
-    // Runs while the test's own loop does.
-    static testing::AssertionResult EndsWith(PeerProcess const& peer, int exitCode) {
-        if (!RunUntil([&] { return !peer->IsRunning(); }, 60'000))
-            return testing::AssertionFailure() << "runs still";
+    /// Runs the loop until the program has exited.
+    static testing::AssertionResult ExitsWith(PeerProcess const& peer, int exitCode) {
+        if (!RunUntil([&] { return !peer->IsRunning(); })) return testing::AssertionFailure() << "still runs";
         int const code = peer->Wait();
         if (code == exitCode) return testing::AssertionSuccess();
-        return testing::AssertionFailure() << "ended with " << code;
+        return testing::AssertionFailure() << "exited with " << code;
     }
 
     RuntimeDirectory directory_;

@@ -6,68 +6,53 @@
 #include <chrono>
 #include <thread>
 
-namespace platform {
+using namespace std::chrono_literals;
+using platform::EventLoop;
 
 namespace {
 
-using std::chrono::milliseconds;
-using Clock = std::chrono::steady_clock;
+// A lost wake waits this long and fails, where a program would hang.
+constexpr auto Long = 10s;
 
-double MsSince(Clock::time_point start) {
-    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+/// Returns how long a wait lasts.
+double WaitMs(std::chrono::milliseconds limit) {
+    auto const start = std::chrono::steady_clock::now();
+    EventLoop::Wait(limit);
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
 }
 
-// Takes what earlier tests left behind, a wake too.
-void Drain() {
-    EventLoop::Wait(milliseconds(0));
-    while (EventLoop::DispatchOne()) continue;
-}
-
-// Whether a wait lasts its time. An event of the system's own may end one, but not each of five.
+/// Returns whether a wait lasts its time. An event of the system may end one, but not each of five.
 template <class Prepare>
-bool LastsItsTime(Prepare prepare, milliseconds time) {
+bool LastsItsTime(Prepare const& prepare) {
     for (int attempt = 0; attempt < 5; ++attempt) {
+        EventLoop::Wait(0ms);  // takes what earlier tests left, including a wake
+        while (EventLoop::DispatchOne()) continue;
+        EXPECT_FALSE(EventLoop::DispatchOne());
         prepare();
-        auto const start = Clock::now();
-        EventLoop::Wait(time);
-        if (MsSince(start) >= static_cast<double>(time.count()) - 5) return true;
+        if (WaitMs(300ms) >= 295) return true;
     }
     return false;
 }
 
-TEST(EventLoopTest, NothingIsPending) {
-    Drain();
-    EXPECT_FALSE(EventLoop::DispatchOne());
-}
-
-TEST(EventLoopTest, WaitsItsTimeAndTakesNoProcessorTime) {
+TEST(EventLoopTest, WaitsItsTimeWithoutProcessorTime) {
     double const processor = tests::ProcessorMs();
-    EXPECT_TRUE(LastsItsTime(Drain, milliseconds(300)));
+    EXPECT_TRUE(LastsItsTime([] {}));
     EXPECT_LT(tests::ProcessorMs() - processor, 90.0) << "30 percent: a busy loop takes all";
 }
 
-TEST(EventLoopTest, AWakeBeforeTheWaitCounts) {
-    auto const wakeTwice = [] {
-        Drain();
+TEST(EventLoopTest, AnyNumberOfWakesEndsOneWait) {
+    EXPECT_TRUE(LastsItsTime([] {
         EventLoop::Wake();
         EventLoop::Wake();
-        EventLoop::Wait(EventLoop::Forever);  // a lost wake would hang here
-    };
-    EXPECT_TRUE(LastsItsTime(wakeTwice, milliseconds(50))) << "any number of wakes ends one wait";
-}
-
-TEST(EventLoopTest, AnotherThreadWakes) {
+        EXPECT_LT(WaitMs(Long), 5000) << "a wake before the wait counts";
+    }));
     for (int round = 0; round < 200; ++round) {
-        // Some wakes come before the wait, some within it; a lost one would hang here.
-        std::thread other([round] {
+        std::jthread const other([round] {  // wakes before or during the wait
             std::this_thread::sleep_for(std::chrono::microseconds(round % 20 * 10));
             EventLoop::Wake();
         });
-        EventLoop::Wait(EventLoop::Forever);
-        other.join();
+        ASSERT_LT(WaitMs(Long), 5000) << "round " << round;
     }
 }
 
 }  // namespace
-
-}  // namespace platform

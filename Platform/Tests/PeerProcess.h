@@ -1,4 +1,4 @@
-// PeerProcess: another program that a test runs beside itself, killed with its owner at the latest.
+// PeerProcess: a program that a test runs, killed by its owner's destructor.
 #pragma once
 
 #include "Platform/Process.h"

@@ -1,5 +1,5 @@
-// RuntimeDirectory: a private directory for the sockets of a test, in place of the user's own. Windows keeps
-// conversations in the session and needs none.
+// RuntimeDirectory: replaces the user's directory for sockets by a private one. Windows keeps conversations
+// in the session and needs none.
 #pragma once
 
 #include "Platform/Tests/TemporaryDirectory.h"
@@ -18,7 +18,7 @@ class RuntimeDirectory {
     ~RuntimeDirectory() { Set(before_); }
 
     [[nodiscard]] std::filesystem::path const& Path() const noexcept { return directory_.Path(); }
-    /// Where the sockets lie.
+    /// Returns the directory of the sockets.
     [[nodiscard]] std::filesystem::path Sockets() const { return Path() / "kvutils-dde"; }
 
   private:

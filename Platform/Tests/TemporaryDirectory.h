@@ -1,4 +1,4 @@
-// TemporaryDirectory: a directory of a test's own, gone with everything in it when the test ends.
+// TemporaryDirectory: a directory for one test, removed with its content by the destructor.
 #pragma once
 
 #include <filesystem>
@@ -26,14 +26,14 @@ class TemporaryDirectory {
     }
 
     [[nodiscard]] std::filesystem::path const& Path() const noexcept { return path_; }
-    /// The full name of an entry in it.
+    /// Returns the full name of an entry.
     [[nodiscard]] std::string operator/(std::string_view name) const { return (path_ / name).string(); }
 
   private:
     std::filesystem::path path_;
 };
 
-/// The bytes of a file, line ends included; empty without the file.
+/// Returns the bytes of a file; empty if there is no such file.
 inline std::string Bytes(std::filesystem::path const& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};

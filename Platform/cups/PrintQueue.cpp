@@ -1,4 +1,4 @@
-// The queues of CUPS, on the computer that its own settings name.
+// The queues of CUPS, on the host that its own settings name.
 #include "Platform/PrintQueue.h"
 
 #include <cups/cups.h>
@@ -58,7 +58,7 @@ bool Send(char const* queue, int job, std::string const& title, std::string_view
 std::optional<PrintQueue> FindPrintQueue(std::string const& name) {
     Destination const destination = Find(name);
     if (destination == nullptr) return std::nullopt;
-    // A queue that does not say is asked when the job comes.
+    // A queue that does not state this is asked when the job is submitted.
     bool const accepts = OptionOf(*destination, "printer-is-accepting-jobs") != "false";
     auto const type = OptionOf(*destination, "printer-type");
     unsigned long const bits = type.empty() ? 0 : std::stoul(std::string(type));

@@ -1,16 +1,17 @@
-// MailEntries: what a mail client's library exports, in the published forms of Simple MAPI and of the Common
-// Messaging Calls (CMC). The library binds these entries by name at run time; libkvmail supplies them where
-// the system has no mail client that does.
+// MailEntries: the functions that a mail client's library exports, as published for Simple MAPI and the
+// Common Messaging Calls (CMC). They are bound by name at run time; libkvmail provides them on systems
+// without such a mail client.
 //
-// `ULONG` has 32 bits and a session handle the size of a pointer, on every system. Texts are bytes that end
-// with a zero, in the code page of the suite (Windows-1252), as a mail client takes them in the system's ANSI
-// code page; a character that the code page lacks arrives as "?". What an entry only reads is `const` here.
+// `ULONG` has 32 bits and a session handle the size of a pointer, on every system. Texts are zero-terminated
+// and in the suite's code page (Windows-1252), where a mail client uses the system's ANSI code page; a
+// character that the code page lacks becomes "?". Unlike the published declarations, parameters that are only
+// read are `const`.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 
-// How the entries are called: on 32-bit Windows they take their arguments off the stack themselves.
+// On 32-bit Windows the entries remove their arguments from the stack themselves.
 #ifdef _WIN32
 #define KV_MAIL_CALL __stdcall
 #else
@@ -20,12 +21,12 @@
 namespace platform {
 
 using ULONG = std::uint32_t;
-/// A session; 0 is none.
+/// A session; 0 means none.
 using LHANDLE = std::uintptr_t;
-/// The number of a window, in the size that MAPI takes it.
+/// A window handle as an integer.
 using ULONG_PTR = std::uintptr_t;
 
-/// A sender or receiver. The name of an originator that libkvmail reports is "name/address".
+/// A sender or recipient. libkvmail reports the name of a sender as "name/address".
 struct MapiRecipDesc {
     ULONG ulReserved;
     ULONG ulRecipClass;
@@ -35,7 +36,7 @@ struct MapiRecipDesc {
     void* lpEntryID;
 };
 
-/// An attached file. The path is empty as long as the file has not been fetched.
+/// An attached file. The path is empty if the file has not been fetched.
 struct MapiFileDesc {
     ULONG ulReserved;
     ULONG flFlags;
@@ -61,7 +62,7 @@ struct MapiMessage {
     MapiFileDesc* lpFiles;
 };
 
-/// Room for a message identifier, its final zero included.
+/// The size of a message identifier with its terminating zero.
 inline constexpr std::size_t MapiMessageIdSize = 512;
 
 inline constexpr ULONG MAPI_LOGON_UI = 0x1;
@@ -100,18 +101,18 @@ inline constexpr ULONG CMC_E_SERVICE_UNAVAILABLE = 24;
 inline constexpr ULONG CMC_E_TEXT_TOO_LARGE = 25;
 inline constexpr ULONG CMC_E_UNSUPPORTED_FLAG = 33;
 
-/// `cmc_send_documents`: recipients, subject, text, flags, file paths, file names, the delimiter between
-/// several of one kind, and the number of a window.
+/// `cmc_send_documents`: recipients, subject, text, flags, file paths, file names, the delimiter of these
+/// lists, and a window handle.
 using CmcSendDocumentsEntry = ULONG(KV_MAIL_CALL*)(char const* recipients, char const* subject,
                                                    char const* text, ULONG flags, char const* filePaths,
                                                    char const* fileNames, char const* delimiter, ULONG uiId);
 using MAPILogonEntry = ULONG(KV_MAIL_CALL*)(ULONG_PTR window, char const* profile, char const* password,
                                             ULONG flags, ULONG reserved, LHANDLE* session);
-/// The message behind `seed`, or the first for an empty one, goes into `id`, which has `MapiMessageIdSize`
-/// bytes.
+/// Stores the identifier of the message after `seed`, or of the first one if `seed` is empty, in `id`, which
+/// has `MapiMessageIdSize` bytes.
 using MAPIFindNextEntry = ULONG(KV_MAIL_CALL*)(LHANDLE session, ULONG_PTR window, char const* messageType,
                                                char const* seed, ULONG flags, ULONG reserved, char* id);
-/// The message, which the caller releases by `MAPIFreeBuffer`.
+/// Returns the message, which the caller releases by `MAPIFreeBuffer`.
 using MAPIReadMailEntry = ULONG(KV_MAIL_CALL*)(LHANDLE session, ULONG_PTR window, char const* id, ULONG flags,
                                                ULONG reserved, MapiMessage** message);
 using MAPIDeleteMailEntry = ULONG(KV_MAIL_CALL*)(LHANDLE session, ULONG_PTR window, char const* id,

@@ -21,23 +21,15 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A frame on a socket on which little was sent yet: the system takes it whole, or the peer is gone.
-bool SendFrame(int socket, FrameKind kind, std::string_view text1, std::string_view text2) {
-    FrameHeader const header(kind, text1, text2);
-    std::array const parts{std::as_bytes(std::span(&header, 1)), std::as_bytes(std::span(text1)),
-                           std::as_bytes(std::span(text2))};
-    std::size_t sent = 0;
-    return SendParts(socket, parts, sent) && sent == sizeof header + header.bodyLength;
-}
-
-// A server that refuses ends the socket.
+// A server that refuses closes the socket.
 bool IsAccepted(int socket) {
     FrameHeader answer;
     return recv(socket, &answer, sizeof answer, MSG_DONTWAIT) == sizeof answer && answer.IsValid() &&
            answer.kind == FrameKind::Accept;
 }
 
-// Waits for one of the calls to be answered, and takes it out. Answers this process's own callers meanwhile.
+// Waits until one of the calls is answered, and removes and returns it. Serves peers that call this process
+// while it waits.
 Descriptor AwaitAnswer(std::vector<Descriptor>& calls, Clock::time_point deadline) {
     auto const remaining = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
     if (remaining <= 0) {
@@ -70,13 +62,13 @@ HCONV CallPeers(DdeInstance const& instance, std::string_view service, std::stri
     std::uint32_t const number = instance.GetNumber();
     std::vector<Descriptor> calls = instance.GetPlace().CallAll();
     std::erase_if(calls, [&](Descriptor const& call) {
-        return !SendFrame(call.Number(), FrameKind::Connect, service, topic);
+        return !SendWhole(call.Number(), FrameKind::Connect, service, topic);
     });
     auto const deadline = Clock::now() + std::chrono::milliseconds(DdeConnectLimitMs);
-    // An own caller's callback may have ended the instance.
+    // A callback called while waiting may have ended the instance.
     while (!calls.empty() && exchange.FindInstance(number) != nullptr) {
         Descriptor call = AwaitAnswer(calls, deadline);
-        if (!call || !IsAccepted(call.Number()) || !SendFrame(call.Number(), FrameKind::Confirm, {}, {}))
+        if (!call || !IsAccepted(call.Number()) || !SendWhole(call.Number(), FrameKind::Confirm, {}, {}))
             continue;
         return exchange.Add(
             std::make_shared<Conversation>(Conversation::Side::Client, std::move(call), number));

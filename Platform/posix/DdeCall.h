@@ -1,4 +1,4 @@
-// DdeCall: the client's way into a conversation.
+// DdeCall: opens a conversation as its client.
 #pragma once
 
 #include "Platform/Ddeml.h"
@@ -8,8 +8,8 @@
 
 namespace platform::detail {
 
-/// Asks all who listen, at once, and opens a conversation with the first that accepts; null when none does
-/// within `DdeConnectLimitMs`. Peers that ask this process meanwhile are answered.
+/// Asks all listening instances at once and opens a conversation with the first that accepts; returns null if
+/// none does within `DdeConnectLimitMs`. Serves peers that call this process while it waits.
 [[nodiscard]] HCONV CallPeers(DdeInstance const& instance, std::string_view service, std::string_view topic);
 
 }  // namespace platform::detail

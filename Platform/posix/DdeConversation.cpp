@@ -12,14 +12,6 @@
 
 namespace platform::detail {
 
-namespace {
-
-std::span<std::byte const> BytesOf(FrameHeader const& header) noexcept {
-    return std::as_bytes(std::span(&header, 1));
-}
-
-}  // namespace
-
 Conversation::Conversation(Side side, Descriptor socket, std::uint32_t instance)
     : side_(side),
       state_(side == Side::Client ? State::Open : State::Calling),
@@ -44,7 +36,7 @@ bool Conversation::Step(std::uint32_t ready) {
     if ((ready & EPOLLOUT) != 0) Flush();
     if (state_ == State::Ended) return false;
     bool const isReadable = (ready & ~std::uint32_t{EPOLLOUT}) != 0;
-    // One that leaves hears nothing but that the peer has gone before it.
+    // A conversation that is leaving ignores everything except the end of the peer.
     if (state_ == State::Leaving) return isReadable && PeerIsGone();
     return Receive(isReadable);
 }
@@ -100,10 +92,7 @@ bool Conversation::AnswerConnect(std::string_view service, std::string_view topi
     topic_ = exchange.Strings().Share(topic);
     bool const isAccepted = Call(XTYP_CONNECT, 0, topic_, service_, nullptr) != nullptr;
     if (state_ == State::Ended) return true;
-    FrameHeader const accept(FrameKind::Accept, {}, {});
-    std::array const parts{BytesOf(accept)};
-    std::size_t sent = 0;
-    if (isAccepted && SendParts(socket_.Number(), parts, sent) && sent == sizeof accept) {
+    if (isAccepted && SendWhole(socket_.Number(), FrameKind::Accept, {}, {})) {
         state_ = State::Accepted;
     } else {
         PeerIsGone();
@@ -132,7 +121,7 @@ bool Conversation::HandleTransaction(Frame const& frame) {
 bool Conversation::PeerIsGone() {
     bool const wasOpen = state_ == State::Open;
     End();
-    // The handle is good until the callback has returned.
+    // The handle is valid until the callback returns.
     if (wasOpen) Call(XTYP_DISCONNECT, 0, nullptr, nullptr, nullptr);
     Exchange::Instance().Forget(handle_);
     return wasOpen;
@@ -165,7 +154,7 @@ bool Conversation::Keep(FrameParts parts, std::size_t alreadySent) {
     try {
         outgoing_.Append(parts, alreadySent);
     } catch (std::bad_alloc const&) {
-        // Half a frame must not be followed by another one.
+        // No other frame may follow half a frame.
         if (alreadySent > 0) {
             isBroken_ = true;
             shutdown(socket_.Number(), SHUT_RDWR);

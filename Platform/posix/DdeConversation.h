@@ -18,25 +18,26 @@ namespace platform::detail {
 class Conversation final : public Watcher, public std::enable_shared_from_this<Conversation> {
   public:
     enum class Side : int { Client, Server };
-    /// A client is open from the start; a server is calling until it accepted, and open when that was
-    /// confirmed. Leaving: ended by this side, with bytes to send. An ended one has no socket.
+    /// A client is open from the start; a server is calling until it has accepted, and open once that is
+    /// confirmed. A leaving conversation was ended by this side and still has bytes to send. An ended one has
+    /// no socket.
     enum class State : int { Calling, Accepted, Open, Leaving, Ended };
 
     Conversation(Side side, Descriptor socket, std::uint32_t instance);
     ~Conversation() override;
 
-    /// Begins to watch the socket. False when the system refuses.
+    /// Starts watching the socket. Returns false if the system refuses.
     [[nodiscard]] bool Start();
 
     bool Step(std::uint32_t ready) override;
 
-    /// Sends a transaction of a client, or keeps it to be sent. False when the conversation has ended.
+    /// Sends a transaction of a client, or queues it. Returns false if the conversation has ended.
     [[nodiscard]] bool Send(FrameKind kind, std::string_view item, unsigned format,
                             std::span<std::byte const> data);
 
-    /// Ends it from this side; a client with bytes to send stays until they are gone.
+    /// Ends the conversation from this side; a client stays until its queued bytes are sent.
     void Leave();
-    /// Sends kept bytes, as many as the system takes. False when no byte can be brought to the peer any more.
+    /// Sends as many queued bytes as the system accepts. Returns false if the peer can no longer be reached.
     bool Flush();
 
     [[nodiscard]] State GetState() const noexcept { return state_; }
@@ -49,7 +50,7 @@ class Conversation final : public Watcher, public std::enable_shared_from_this<C
     void SetHandle(HCONV handle) noexcept { handle_ = handle; }
 
   private:
-    // Each returns whether the program's callback was called.
+    // Each returns whether it called the program's callback.
     bool Receive(bool isReadable);
     bool Handle(Frame const& frame);
     bool AnswerConnect(std::string_view service, std::string_view topic);
@@ -71,7 +72,7 @@ class Conversation final : public Watcher, public std::enable_shared_from_this<C
     HSZ topic_ = nullptr;
     FrameReader reader_;
     OutgoingBytes outgoing_;
-    // Sending has shown that the peer is gone; the loop will hear it too, and tell the program.
+    // Sending failed because the peer is gone; the loop will notice this as well and notify the program.
     bool isBroken_ = false;
 };
 

@@ -12,11 +12,11 @@ namespace {
 
 constexpr unsigned IndexBits = 20;
 constexpr std::uintptr_t IndexMask = (std::uintptr_t{1} << IndexBits) - 1;
-// Peers that have connected and say nothing hold a descriptor each: of more than these the oldest goes.
+// Peers that connect and remain silent hold a descriptor each: beyond this number the oldest is dropped.
 constexpr std::ptrdiff_t MostCallers = 256;
-// At the end of an instance: how long peers may take nothing of what was sent to them before it is given up.
-constexpr int FarewellLimitMs = 10'000;
-// More than this is given back when the transaction is over.
+// The timeout for a peer that reads nothing of its queued data when an instance ends.
+constexpr int DrainTimeoutMs = 10'000;
+// Storage above this size is released when the transaction is over.
 constexpr std::size_t LargestKept = 1U << 20;
 
 bool IsCalling(std::shared_ptr<Conversation> const& conversation) {
@@ -28,12 +28,12 @@ bool IsCaller(std::shared_ptr<Conversation> const& conversation) {
            (conversation != nullptr && conversation->GetState() == Conversation::State::Accepted);
 }
 
-// Waits until the peer took what was sent to it, or takes nothing any more.
-void SeeOff(Conversation& conversation) {
+// Waits until the peer has read what was sent to it, or stops reading.
+void Drain(Conversation& conversation) {
     while (conversation.GetState() == Conversation::State::Leaving) {
         std::size_t const kept = conversation.CountKept();
         pollfd waiting{conversation.GetSocket(), POLLOUT, 0};
-        int const count = poll(&waiting, 1, FarewellLimitMs);
+        int const count = poll(&waiting, 1, DrainTimeoutMs);
         if (count < 0 && errno == EINTR) continue;
         if (count <= 0 || !conversation.Flush() || conversation.CountKept() == kept) return;
     }
@@ -57,7 +57,7 @@ DdeInstance* Exchange::FindInstance(std::uint32_t number) const noexcept {
 }
 
 void Exchange::EndInstance(std::uint32_t number) {
-    // From here on nothing calls the callback.
+    // After this nothing calls the callback.
     std::erase_if(instances_, [number](auto const& instance) { return instance->GetNumber() == number; });
     std::vector<std::shared_ptr<Conversation>> conversations;
     for (Place const& place : places_) {
@@ -66,9 +66,9 @@ void Exchange::EndInstance(std::uint32_t number) {
         }
     }
     for (auto const& conversation : conversations) conversation->Leave();
-    // A peer in this process takes its bytes when the loop runs, which is not now.
+    // A peer in this process reads only when the loop runs, which it does not now.
     for (auto const& conversation : conversations) {
-        if (!conversation->IsOfThisProcess()) SeeOff(*conversation);
+        if (!conversation->IsOfThisProcess()) Drain(*conversation);
     }
 }
 
@@ -127,7 +127,7 @@ std::shared_ptr<Conversation> Exchange::Find(HCONV handle) const noexcept {
 }
 
 void Exchange::Forget(HCONV handle) noexcept {
-    // Destroyed behind the table's back: its end comes back to the table.
+    // Destroyed after its removal from the table, since its destructor uses the table.
     std::shared_ptr<Conversation> const conversation = Find(handle);
     if (conversation != nullptr)
         places_[(reinterpret_cast<std::uintptr_t>(handle) & IndexMask) - 1].conversation.reset();

@@ -1,4 +1,4 @@
-// DdeExchange: what the instances of this process share, and what stands behind the handles.
+// DdeExchange: state shared by all instances of this process, and the tables of their handles.
 #pragma once
 
 #include "Platform/Ddeml.h"
@@ -20,7 +20,8 @@ using TransactionData = std::vector<std::byte>;
 /// One per process.
 class Exchange {
   public:
-    /// Made at the first call and never destroyed: a program may end its instances from a static destructor.
+    /// Created at the first call and never destroyed: a program may end its instances from a static
+    /// destructor.
     static Exchange& Instance();
 
     Exchange(Exchange const&) = delete;
@@ -29,26 +30,26 @@ class Exchange {
     [[nodiscard]] StringTable& Strings() noexcept { return strings_; }
 
     [[nodiscard]] DdeInstance* NewInstance(PFNCALLBACK callback, MeetingPlace place);
-    /// Null for a number that is no instance's.
+    /// Returns null if no instance has this number.
     [[nodiscard]] DdeInstance* FindInstance(std::uint32_t number) const noexcept;
-    /// Ends it and its conversations, which takes as long as peers keep taking what was sent to them.
+    /// Ends the instance and its conversations; blocks while peers keep reading what was sent to them.
     void EndInstance(std::uint32_t number);
 
-    /// The sockets at which peers ask to be connected.
+    /// Returns the sockets on which peers wait to be connected.
     [[nodiscard]] std::vector<int> WaitingSockets() const;
-    /// Answers the peer at one of them.
+    /// Serves the peer on one of them.
     void StepWaiting(int socket);
 
-    /// Begins to watch a conversation and gives it its handle; null when the system refuses.
+    /// Starts watching a conversation and assigns its handle; returns null if the system refuses.
     HCONV Add(std::shared_ptr<Conversation> conversation);
-    /// Null for a handle that stands for no conversation.
+    /// Returns null for a stale handle.
     [[nodiscard]] std::shared_ptr<Conversation> Find(HCONV handle) const noexcept;
     void Forget(HCONV handle) noexcept;
 
-    /// Keeps the data of a transaction while its callback runs.
+    /// Stores the data of a transaction while its callback runs.
     [[nodiscard]] HDDEDATA OpenTransaction(std::span<std::byte const> bytes);
     void CloseTransaction() noexcept;
-    /// Null for the handle of a transaction that is over.
+    /// Returns null for the handle of a finished transaction.
     [[nodiscard]] TransactionData const* FindData(HDDEDATA data) const noexcept;
 
   private:
@@ -67,12 +68,12 @@ class Exchange {
     std::uint32_t lastInstance_ = 0;
     std::vector<Place> places_;
     std::uint32_t lastGeneration_ = 0;
-    // The transactions whose callbacks run, innermost last; behind them those whose storage is used again.
+    // The transactions whose callbacks are running, innermost last, followed by storage for reuse.
     std::vector<std::unique_ptr<TransactionData>> data_;
     std::size_t openData_ = 0;
 };
 
-/// The data of a transaction, open as long as this lives.
+/// The data of a transaction, valid for the lifetime of this object.
 class OpenData {
   public:
     OpenData(Exchange& exchange, std::span<std::byte const> bytes)

@@ -7,9 +7,9 @@ namespace platform::detail {
 
 namespace {
 
-// Enough for some dozens of usual messages at a time.
+// Holds some dozens of typical messages.
 constexpr std::size_t FirstCapacity = 64U << 10;
-// More than this is given back once it is empty: one large message does not hold its memory for good.
+// A buffer above this size is released once it is empty.
 constexpr std::size_t LargestKept = 1U << 20;
 
 }  // namespace

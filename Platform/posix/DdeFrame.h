@@ -1,9 +1,9 @@
-// DdeFrame: what two instances of dynamic data exchange say to each other over a local socket.
+// DdeFrame: the protocol between two instances of dynamic data exchange on a local socket.
 //
-// A frame is a header of 16 bytes, two texts and data. Numbers are in the machine's own order, since both
-// ends are on one machine. The conversation begins with Connect by the client and Accept by the server, or
-// the server's end of the socket; then Confirm by the client, since it may have been accepted by several.
-// After that the client alone sends: Poke and Execute. The end of the socket ends the conversation.
+// A frame is a header of 16 bytes, two texts and data. Numbers have the machine's byte order, since both ends
+// are on one machine. A conversation begins with Connect from the client and Accept from the server, which
+// closes the socket to refuse; then the client sends Confirm, since several servers may have accepted. After
+// that only the client sends: Poke and Execute. Closing the socket ends the conversation.
 #pragma once
 
 #include "Platform/Ddeml.h"
@@ -36,18 +36,22 @@ struct FrameHeader {
     std::uint16_t length1 = 0;
     std::uint16_t length2 = 0;
 
-    /// The header of a frame with this content. Texts and data must be within the limits.
+    /// The texts and the data must be within the limits.
     FrameHeader(FrameKind frameKind, std::string_view text1, std::string_view text2,
                 std::size_t dataLength = 0, unsigned dataFormat = 0) noexcept;
     FrameHeader() = default;
 
-    /// Whether a frame of this kind may begin so.
+    /// Returns whether the header is valid for its kind.
     [[nodiscard]] bool IsValid() const noexcept;
 };
 
 static_assert(sizeof(FrameHeader) == 16);
 
-/// One frame; the texts and the data point into the reader that gave it.
+[[nodiscard]] inline std::span<std::byte const> BytesOf(FrameHeader const& header) noexcept {
+    return std::as_bytes(std::span(&header, 1));
+}
+
+/// One frame; the texts and the data point into the reader that returned it.
 struct Frame {
     FrameKind kind;
     unsigned format;
@@ -56,28 +60,27 @@ struct Frame {
     std::span<std::byte const> data;
 };
 
-/// Cuts a stream of bytes into frames. Takes memory for what has arrived, not for what a header announces.
+/// Splits a stream of bytes into frames. Allocates memory for bytes received, not for bytes that a header
+/// announces.
 class FrameReader {
   public:
     enum class Result : int { Frame, Incomplete, Malformed };
 
-    /// Room for bytes to come, never empty; what was put there is then announced to `Commit`. Frames that
-    /// were given before are no longer valid.
+    /// Returns space for more bytes, never empty; pass the number of bytes stored to `Commit`. Invalidates
+    /// the frames returned before.
     [[nodiscard]] std::span<std::byte> Space();
     void Commit(std::size_t count) noexcept { end_ += count; }
 
-    /// Gives the next frame and steps over it. After Malformed the stream is of no more use.
+    /// Extracts the next frame. After Malformed the stream is unusable.
     [[nodiscard]] Result Next(Frame& frame) noexcept;
-    /// Whether `Next` would give a frame, or find the stream malformed.
+    /// Returns whether `Next` would return a frame or Malformed.
     [[nodiscard]] bool HasNext() const noexcept;
 
-    /// Whether the last bytes of the stream belong to a frame that is not whole.
-    [[nodiscard]] bool IsInsideFrame() const noexcept { return begin_ < end_; }
-    /// Bytes of memory held.
+    /// Returns the size of the buffer in bytes.
     [[nodiscard]] std::size_t Capacity() const noexcept { return buffer_.size(); }
 
   private:
-    // The next header; false when it is not whole yet.
+    // Copies the next header; returns false if it is incomplete.
     [[nodiscard]] bool PeekHeader(FrameHeader& header) const noexcept;
 
     std::vector<std::byte> buffer_;

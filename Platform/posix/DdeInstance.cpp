@@ -23,7 +23,7 @@ bool DdeInstance::Step(std::uint32_t /*ready*/) {
         return false;
     }
     auto const caller = std::make_shared<Conversation>(Conversation::Side::Server, std::move(peer), number_);
-    // A client's first words come with its call.
+    // The client sends its first frame when it connects.
     return Exchange::Instance().Add(caller) != nullptr && caller->Step(EPOLLIN);
 }
 

@@ -1,4 +1,4 @@
-// DdeInstance: one instance of dynamic data exchange, a callback and the services that are registered for it.
+// DdeInstance: one instance of dynamic data exchange: a callback and its registered services.
 #pragma once
 
 #include "Platform/Ddeml.h"
@@ -12,13 +12,13 @@
 
 namespace platform::detail {
 
-/// Listens as long as a service is registered.
+/// Listens while at least one service is registered.
 class DdeInstance final : public Watcher {
   public:
     DdeInstance(std::uint32_t number, PFNCALLBACK callback, MeetingPlace place);
     ~DdeInstance() override;
 
-    /// Takes in the next peer.
+    /// Accepts the next peer.
     bool Step(std::uint32_t ready) override;
 
     bool Register(HSZ service);
@@ -29,21 +29,21 @@ class DdeInstance final : public Watcher {
     [[nodiscard]] std::uint32_t GetNumber() const noexcept { return number_; }
     [[nodiscard]] PFNCALLBACK GetCallback() const noexcept { return callback_; }
     [[nodiscard]] MeetingPlace const& GetPlace() const noexcept { return place_; }
-    /// -1 while it does not listen.
+    /// Returns -1 while it does not listen.
     [[nodiscard]] int GetListener() const noexcept { return listener_.Number(); }
 
-    /// Notes an operation's error and gives its answer.
-    template <class Answer>
-    Answer Fail(unsigned error, Answer answer) noexcept {
+    /// Stores an operation's error and returns its result.
+    template <class Result>
+    Result Fail(unsigned error, Result result) noexcept {
         lastError_ = error;
-        return answer;
+        return result;
     }
     [[nodiscard]] unsigned TakeLastError() noexcept { return std::exchange(lastError_, DMLERR_NO_ERROR); }
 
   private:
     [[nodiscard]] bool StartListening();
     void StopListening();
-    // Takes a waiting peer off the queue when the process has no descriptor left for it.
+    // Drops a waiting peer when the process has no free descriptor.
     void TurnAway();
 
     std::uint32_t number_;
@@ -52,7 +52,7 @@ class DdeInstance final : public Watcher {
     std::vector<HSZ> services_;
     Descriptor listener_;
     std::string listenerName_;
-    // Given up for the moment in which a peer is turned away.
+    // Closed for the moment in which a peer is dropped.
     Descriptor reserve_;
     unsigned lastError_ = DMLERR_NO_ERROR;
 };

@@ -17,9 +17,9 @@ namespace platform::detail {
 
 namespace {
 
-// A name that begins so is a socket that does not listen yet.
+// The first character of the name of a socket that does not listen yet.
 constexpr char Unfinished = '.';
-// After this many seconds an unfinished socket is a dead program's.
+// After this many seconds the program that created an unfinished socket is considered dead.
 constexpr long UnfinishedLimit = 60;
 constexpr mode_t OthersBits = S_IRWXG | S_IRWXO;
 constexpr int Backlog = 4096;
@@ -28,7 +28,7 @@ bool IsPrivate(struct stat const& status) noexcept {
     return status.st_uid == geteuid() && (status.st_mode & OthersBits) == 0;
 }
 
-// Empty when the user's runtime directory is one in which others could exchange what lies there.
+// Returns an empty name if other users could replace files in the runtime directory.
 std::string DirectoryName() {
     char const* const runtime = std::getenv("XDG_RUNTIME_DIR");
     struct stat status {};
@@ -39,8 +39,8 @@ std::string DirectoryName() {
     return std::string(runtime) + "/kvutils-dde";
 }
 
-// The address of a name below a directory. It goes by the directory's descriptor: a path may be longer than
-// an address has room for, and may come to mean another directory meanwhile.
+// Builds the address of a name in a directory, which is given by its descriptor: a path may be longer than an
+// address can hold, and may refer to another directory later.
 bool FillAddress(sockaddr_un& address, int directory, std::string const& name) noexcept {
     address.sun_family = AF_UNIX;
     int const length = std::snprintf(address.sun_path, sizeof address.sun_path, "/proc/self/fd/%d/%s",
@@ -56,7 +56,7 @@ Descriptor NewSocket() noexcept {
     return Descriptor(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
 }
 
-// Never given twice, even when process numbers come round again.
+// Unique even if the system reuses process numbers.
 std::string NewName() {
     static unsigned count = 0;
     auto const now = std::chrono::system_clock::now().time_since_epoch().count();
@@ -68,7 +68,7 @@ struct CloseDirectory {
 };
 
 std::vector<std::string> NamesIn(int directory) {
-    // A descriptor of its own, since reading moves the position in the directory.
+    // Needs its own descriptor, since reading moves the position in the directory.
     std::unique_ptr<DIR, CloseDirectory> const list(
         fdopendir(openat(directory, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC)));
     std::vector<std::string> names;
@@ -98,7 +98,8 @@ Descriptor MeetingPlace::Listen(std::string& name) const {
     Descriptor listener = NewSocket();
     if (!listener || !FillAddress(address, directory_.Number(), unfinished)) return {};
     if (bind(listener.Number(), Generic(address), sizeof address) != 0) return {};
-    // It gets its name only when it is private and listens: a named socket that refuses is a dead program's.
+    // Renamed only when it is private and listens: a named socket that refuses connections belongs to a dead
+    // program.
     if (fchmodat(directory_.Number(), unfinished.c_str(), S_IRUSR | S_IWUSR, 0) != 0 ||
         listen(listener.Number(), Backlog) != 0 ||
         renameat(directory_.Number(), unfinished.c_str(), directory_.Number(), finished.c_str()) != 0) {

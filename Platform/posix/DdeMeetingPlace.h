@@ -1,10 +1,10 @@
-// DdeMeetingPlace: the directory in which the instances of one user find each other, one listening socket
-// each.
+// DdeMeetingPlace: the directory in which the instances of one user find each other, with one listening
+// socket each.
 //
-// It is `kvutils-dde` in $XDG_RUNTIME_DIR, or /tmp/kvutils-dde-UID where that variable names no directory. It
-// must be the user's own and open to nobody else, and so must every socket in it; others are not touched. The
-// runtime directory must be the user's own too, and nobody else's to write to. At both ends of a connection
-// the kernel's word on who the peer is has to agree.
+// It is `kvutils-dde` in $XDG_RUNTIME_DIR, or /tmp/kvutils-dde-UID if that variable does not name a
+// directory. The directory and every socket in it must belong to the user and grant no one else access;
+// others are left alone. The runtime directory must belong to the user and not be writable to others. Both
+// ends of a connection verify the peer's user with the kernel.
 #pragma once
 
 #include "Platform/posix/Descriptor.h"
@@ -16,16 +16,15 @@ namespace platform::detail {
 
 class MeetingPlace {
   public:
-    /// Makes the directory when there is none. False, with nothing touched, when it is not private.
+    /// Creates the directory if necessary. Returns false, and changes nothing, if it is not private.
     [[nodiscard]] bool Open();
 
-    /// A socket that listens under a name of its own, which goes into `name`; none on failure.
+    /// Returns a listening socket and stores its unique name in `name`; none on failure.
     [[nodiscard]] Descriptor Listen(std::string& name) const;
-    /// Takes the name of a socket away, as long as it is this user's.
+    /// Removes the name of a socket.
     void Remove(std::string const& name) const;
 
-    /// Sockets that are being connected to everyone who listens. What dead programs left behind is cleaned
-    /// up.
+    /// Connects to all listening sockets. Removes the sockets of programs that have ended.
     [[nodiscard]] std::vector<Descriptor> CallAll() const;
 
   private:
@@ -34,9 +33,10 @@ class MeetingPlace {
     Descriptor directory_;
 };
 
-/// The next peer at a listening socket; none, and `errno` set, when there is none or it is of another user.
+/// Accepts the next peer of a listening socket; none, with `errno` set, if there is none or it belongs to
+/// another user.
 [[nodiscard]] Descriptor AcceptPeer(int listener);
-/// Whether the other end is a program of this user, and its process.
+/// Returns whether the peer is a program of this user, and stores its process number in `process`.
 [[nodiscard]] bool IsPeerOfUser(int socket, int& process);
 
 }  // namespace platform::detail

@@ -13,9 +13,9 @@ namespace platform::detail {
 namespace {
 
 constexpr std::size_t MostParts = 3;
-// What a program that runs no loop keeps before it tries to send again.
+// The number of bytes that a program without a running loop queues before it tries to send again.
 constexpr std::size_t FlushEvery = 64U << 10;
-// More than this is given back once it is empty.
+// A buffer above this size is released once it is empty.
 constexpr std::size_t LargestKept = 1U << 20;
 
 constexpr int Flags = MSG_DONTWAIT | MSG_NOSIGNAL;
@@ -28,7 +28,7 @@ bool SendParts(int socket, FrameParts parts, std::size_t& sent) noexcept {
     assert(parts.size() <= MostParts);
     std::array<iovec, MostParts> vectors{};
     std::ranges::transform(parts, vectors.begin(), [](std::span<std::byte const> part) {
-        // The system's structure serves for reading too, and has no const.
+        // The system uses the structure for reading as well, so it is not const.
         return iovec{const_cast<std::byte*>(part.data()), part.size()};
     });
     msghdr message{};
@@ -38,6 +38,13 @@ bool SendParts(int socket, FrameParts parts, std::size_t& sent) noexcept {
     if (count < 0) return MayTakeMoreLater();
     sent += static_cast<std::size_t>(count);
     return true;
+}
+
+bool SendWhole(int socket, FrameKind kind, std::string_view text1, std::string_view text2) noexcept {
+    FrameHeader const header(kind, text1, text2);
+    std::array const parts{BytesOf(header), std::as_bytes(std::span(text1)), std::as_bytes(std::span(text2))};
+    std::size_t sent = 0;
+    return SendParts(socket, parts, sent) && sent == sizeof header + header.bodyLength;
 }
 
 void OutgoingBytes::Append(FrameParts parts, std::size_t skipped) {

@@ -1,4 +1,4 @@
-// DdeStrings: the texts behind string handles. Equal texts, but for the case of ASCII letters, share one
+// DdeStrings: the table of string handles. Texts that differ only in the case of ASCII letters share one
 // handle.
 #pragma once
 
@@ -13,28 +13,27 @@
 
 namespace platform::detail {
 
-/// -1, 0 or 1, without regard to the case of ASCII letters.
+/// Returns -1, 0 or 1, ignoring the case of ASCII letters.
 [[nodiscard]] int CompareIgnoreCase(std::string_view left, std::string_view right) noexcept;
 
 class StringTable {
   public:
-    /// The shared handle of a text, for one more user.
+    /// Returns the shared handle of a text and adds a user to it; null if the table is full.
     [[nodiscard]] HSZ Share(std::string_view text);
-    /// A handle of its own for exactly this spelling, which `Share` and `Find` do not see.
+    /// Returns a separate handle for exactly this spelling, which `Share` and `Find` do not see.
     [[nodiscard]] HSZ Own(std::string_view text);
-    /// The shared handle that is in use; null when there is none. The users stay as many.
+    /// Returns the shared handle in use for a text, without adding a user; null if there is none.
     [[nodiscard]] HSZ Find(std::string_view text) const noexcept;
-    /// Counts one more user. False for a handle that is not in use.
+    /// Adds a user. Returns false for a handle that is not in use.
     bool Keep(HSZ string) noexcept;
-    /// Counts one user less. False for a handle that is not in use.
+    /// Removes a user. Returns false for a handle that is not in use.
     bool Free(HSZ string) noexcept;
 
-    /// The text, valid until the next handle is made; none for a handle that is not in use.
+    /// Returns the text, valid until the next handle is created; none for a handle that is not in use.
     [[nodiscard]] std::optional<std::string_view> Text(HSZ string) const noexcept;
 
   private:
-    // Places are used again, their storage too: the handle of a message's name is made and freed with each
-    // message.
+    // Entries are reused with their storage, since each message creates and frees the handle of its name.
     struct Place {
         std::string text;
         unsigned users = 0;
@@ -50,7 +49,7 @@ class StringTable {
     std::vector<Place> places_;
 };
 
-/// A handle in use as long as this lives.
+/// Holds a handle for the lifetime of this object.
 class StringUse {
   public:
     StringUse(StringTable& table, HSZ string) noexcept : table_(table), string_(string) {}

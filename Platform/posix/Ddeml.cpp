@@ -130,7 +130,7 @@ unsigned char const* DdeAccessData(HDDEDATA data, std::uint32_t* length) {
     detail::TransactionData const* const found = Exchange::Instance().FindData(data);
     if (found == nullptr) return nullptr;
     if (length != nullptr) *length = static_cast<std::uint32_t>(found->size());
-    // Not null for data of no bytes either.
+    // Empty data must not be null either.
     static constexpr unsigned char nothing = 0;
     return found->empty() ? &nothing : reinterpret_cast<unsigned char const*>(found->data());
 }

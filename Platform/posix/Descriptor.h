@@ -1,4 +1,4 @@
-// Descriptor: an open file that is closed when its owner goes.
+// Descriptor: owns a file descriptor.
 #pragma once
 
 #include <cerrno>
@@ -24,14 +24,14 @@ class Descriptor {
 
     [[nodiscard]] int Number() const noexcept { return number_; }
     [[nodiscard]] explicit operator bool() const noexcept { return number_ >= 0; }
-    /// The number, which the caller closes.
+    /// Gives up the number, which the caller must close.
     [[nodiscard]] int Release() noexcept { return std::exchange(number_, -1); }
 
   private:
     int number_ = -1;
 };
 
-/// Calls again what a signal interrupted.
+/// Repeats a system call that a signal interrupted.
 template <class Call>
 auto Retry(Call const& call) noexcept {
     while (true) {

@@ -13,7 +13,7 @@ namespace {
 using detail::Descriptor;
 using detail::Retry;
 
-// The handle is the descriptor's number plus 1, so that none of them is null.
+// The handle is the descriptor's number plus 1, so that it is never null.
 void* ToHandle(int number) noexcept {
     return reinterpret_cast<void*>(std::intptr_t{number} + 1);  // NOLINT(performance-no-int-to-ptr)
 }
@@ -36,7 +36,7 @@ bool IsDirectory(Descriptor const& file) noexcept {
     return ::fstat(file.Number(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-/// Moves up to `count` bytes by calls that may move fewer; the count becomes what was moved.
+/// Transfers up to `count` bytes by calls that may transfer fewer; stores the number transferred in `count`.
 template <class Move>
 bool MoveAll(unsigned long& count, Move const& move) {
     unsigned long done = 0;
@@ -57,7 +57,7 @@ void* OpenFile(std::string const& path, FileAccess access, FileDisposition dispo
     int const flags = AccessFlags(access) | create | O_CLOEXEC;
     Descriptor file(Retry([&] { return ::open(path.c_str(), flags, PlainFile); }));
     if (!file || IsDirectory(file)) return nullptr;
-    // One writer at a time; readers come and go beside it.
+    // Only one writer is allowed at a time; readers are not restricted.
     bool const isWriter = access != FileAccess::Read;
     if (isWriter && ::flock(file.Number(), LOCK_EX | LOCK_NB) != 0) return nullptr;
     return ToHandle(file.Release());

@@ -17,7 +17,7 @@ namespace {
 using detail::Descriptor;
 using detail::Retry;
 
-constexpr mode_t PlainFile = 0666;  // less what the user's mask takes away
+constexpr mode_t PlainFile = 0666;  // before the umask
 
 std::int64_t Nanoseconds(timespec const& time) noexcept {
     return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
@@ -48,33 +48,33 @@ bool IsSameFile(Descriptor const& file, std::string const& path) noexcept {
            open.st_dev == named.st_dev && open.st_ino == named.st_ino;
 }
 
-/// Opens a file to prepare a content in, empty and locked against others who prepare the same one.
-Descriptor OpenToPrepare(std::string const& path) {
+/// Opens the file for the new content, empty and locked against other writers.
+Descriptor OpenReplacement(std::string const& path) {
     while (true) {
         Descriptor file = Open(path, O_WRONLY | O_CREAT | O_NOFOLLOW);
-        // Left behind by another user's program: it cannot be written, but it can be taken away.
+        // A file left by another user's program is not writable but can be removed.
         if (!file && errno == EACCES && ::unlink(path.c_str()) == 0) continue;
         if (!file || Retry([&] { return ::flock(file.Number(), LOCK_EX); }) != 0) return {};
-        // Whoever held the lock before has renamed the file meanwhile, so this may not be it any more.
+        // The previous holder of the lock has renamed the file, so this may be another one.
         if (!IsSameFile(file, path)) continue;
         if (::ftruncate(file.Number(), 0) != 0) return {};
         return file;
     }
 }
 
-/// Gives the new file the permissions of the one that it replaces, and its owner where that is allowed.
-bool TakePermissions(Descriptor const& file, std::string const& from) noexcept {
+/// Copies the permissions of the replaced file and, if allowed, its owner.
+bool CopyPermissions(Descriptor const& file, std::string const& from) noexcept {
     struct stat old = {};
     if (::stat(from.c_str(), &old) != 0) return errno == ENOENT;
     struct stat own = {};
     bool const isOther =
         ::fstat(file.Number(), &own) == 0 && (own.st_uid != old.st_uid || own.st_gid != old.st_gid);
     bool const isGiven = !isOther || ::fchown(file.Number(), old.st_uid, old.st_gid) == 0;
-    // Bits that lend the owner's rights are not lent by another owner.
+    // Set-user-ID bits must not grant another owner's rights.
     return ::fchmod(file.Number(), old.st_mode & (isGiven ? 07777U : 0777U)) == 0;
 }
 
-/// Makes the new name outlive a crash of the machine; where a file system cannot, the content is still whole.
+/// Makes the new name survive a system crash. File systems that cannot do so still keep the content whole.
 void SyncDirectory(std::string const& path) {
     if (Descriptor const directory = Open(DirectoryOf(path), O_RDONLY | O_DIRECTORY)) {
         ::fsync(directory.Number());
@@ -86,14 +86,14 @@ void SyncDirectory(std::string const& path) {
 std::optional<FileIdentity> Identify(std::string const& path) {
     struct stat status = {};
     if (::stat(path.c_str(), &status) != 0) return std::nullopt;
-    // The time of the last change of any kind too: a copy may bring an old time of modification with it.
+    // Includes the time of the last status change: copying may set an old modification time.
     return FileIdentity{static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino),
                         static_cast<std::uint64_t>(status.st_size),
                         std::max(Nanoseconds(status.st_mtim), Nanoseconds(status.st_ctim))};
 }
 
 std::string FollowLinks(std::string const& path) {
-    constexpr int MostLinks = 40;  // as the system follows
+    constexpr int MostLinks = 40;  // as the system allows
     std::string name = path;
     for (int links = 0; links < MostLinks; ++links) {
         std::array<char, PATH_MAX> target = {};
@@ -109,7 +109,8 @@ std::optional<std::string> ReadWhole(std::string const& path) {
     Descriptor const file = Open(path, O_RDONLY);
     struct stat status = {};
     if (!file || ::fstat(file.Number(), &status) != 0) return std::nullopt;
-    // One byte more than the size: the read that finds the end needs room. Some files do not know their size.
+    // One byte more than the size, since the read that detects the end needs space. Some files report a size
+    // of 0.
     std::string content(static_cast<std::size_t>(std::max<off_t>(status.st_size, 0)) + 1, '\0');
     std::size_t length = 0;
     while (true) {
@@ -126,13 +127,13 @@ std::optional<std::string> ReadWhole(std::string const& path) {
 
 bool ReplaceAtomically(std::string const& path, std::string_view content) {
     std::string const target = FollowLinks(path);
-    // The directory's rights would do for a replacement, but a file that may not be written is meant to stay.
+    // Write access to the directory would suffice, but a file that is not writable must not be replaced.
     if (::access(target.c_str(), W_OK) != 0 && errno != ENOENT) return false;
     std::string const fresh = target + ".replacing";
-    Descriptor const file = OpenToPrepare(fresh);
+    Descriptor const file = OpenReplacement(fresh);
     if (!file) return false;
     bool const isReady =
-        WriteAll(file, content) && TakePermissions(file, target) && ::fsync(file.Number()) == 0;
+        WriteAll(file, content) && CopyPermissions(file, target) && ::fsync(file.Number()) == 0;
     if (!isReady || ::rename(fresh.c_str(), target.c_str()) != 0) {
         ::unlink(fresh.c_str());
         return false;
@@ -146,7 +147,7 @@ struct FileLock::Handle {
 };
 
 FileLock::FileLock(std::string const& lockFile) {
-    // A lock needs no right to write, which another user's lock file may refuse.
+    // Locking needs no write access, which another user's lock file may refuse.
     Descriptor file = Open(lockFile, O_RDWR | O_CREAT);
     if (!file) file = Open(lockFile, O_RDONLY);
     if (!file || Retry([&] { return ::flock(file.Number(), LOCK_EX); }) != 0) return;

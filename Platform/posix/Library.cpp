@@ -9,7 +9,7 @@ char const* LibrarySuffix() noexcept { return ".so"; }
 
 void* LoadLibraryFile(std::string const& fileName, unsigned long& error) {
     void* const library = ::dlopen(fileName.c_str(), RTLD_NOW | RTLD_LOCAL);
-    // The loader reports in words only; this is the system's number for what they say.
+    // The loader reports text only; this is the matching error number.
     if (library == nullptr) error = ELIBACC;
     return library;
 }

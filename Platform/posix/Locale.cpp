@@ -14,7 +14,7 @@ namespace platform {
 
 namespace {
 
-/// The time structure for a day; its weekday is computed, which some locales print.
+/// Returns the time structure of a day, including the weekday, which some locales print.
 std::tm DayAsTm(std::chrono::year_month_day date) noexcept {
     std::tm day = {};
     day.tm_year = static_cast<int>(date.year()) - 1900;
@@ -26,7 +26,7 @@ std::tm DayAsTm(std::chrono::year_month_day date) noexcept {
     return day;
 }
 
-/// A text of the locale in UTF-8; as it is when the system cannot convert it.
+/// Converts a text of the locale to UTF-8; returns it unchanged if the system cannot convert it.
 std::string LocaleTextAsUtf8(std::string text) {
     std::string_view const set = ::nl_langinfo(CODESET);
     if (set == "UTF-8") return text;

@@ -1,13 +1,13 @@
-// Names of locales ("de_CH", "pt_BR") as Windows language identifiers.
+// LocaleNames: Windows language identifiers of locale names ("de_CH", "pt_BR").
 #pragma once
 
 #include <string_view>
 
 namespace platform::detail {
 
-/// The identifier for the language and country of a locale's name, whatever its character set and variant
-/// ("de_CH.UTF-8@euro"). A country that Windows does not know beside this language gives the language's own
-/// identifier, an unknown language 0, and so do "C" and "POSIX".
+/// Returns the identifier for the language and country of a locale name, ignoring character set and variant
+/// ("de_CH.UTF-8@euro"). A country unknown to Windows for this language yields the language's own identifier;
+/// an unknown language, "C" and "POSIX" yield 0.
 [[nodiscard]] unsigned short LanguageIdentifierOf(std::string_view localeName) noexcept;
 
 }  // namespace platform::detail

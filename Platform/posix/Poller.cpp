@@ -9,8 +9,8 @@ namespace platform::detail {
 
 namespace {
 
-// A conversation whose frames lie in its buffer is stepped without asking the system; every so often the
-// system is asked all the same, so that it does not hide the others.
+// Buffered frames of a conversation are handled without asking the system; it is asked after this many steps
+// all the same, so that one conversation does not starve the others.
 constexpr int StepsBetweenPolls = 32;
 
 epoll_event EventOf(std::uint32_t events, Watcher* watcher) {
@@ -45,7 +45,7 @@ void Poller::Change(int descriptor, std::uint32_t events, Watcher& watcher) cons
 void Poller::Remove(int descriptor, Watcher& watcher) {
     epoll_ctl(epoll_, EPOLL_CTL_DEL, descriptor, nullptr);
     if (!watcher.queued_) return;
-    std::ranges::replace(queue_, &watcher, nullptr);
+    std::erase(queue_, &watcher);
     watcher.queued_ = false;
 }
 
@@ -53,10 +53,6 @@ void Poller::Append(Watcher& watcher, std::uint32_t ready) {
     watcher.ready_ |= ready;
     if (watcher.queued_) return;
     watcher.queued_ = true;
-    if (first_ > queue_.size() / 2) {
-        queue_.erase(queue_.begin(), queue_.begin() + static_cast<std::ptrdiff_t>(first_));
-        first_ = 0;
-    }
     queue_.push_back(&watcher);
 }
 
@@ -77,8 +73,8 @@ void Poller::Poll(int limitMs) {
 bool Poller::DispatchOne() {
     if (!HasQueued() || stepsSincePoll_ >= StepsBetweenPolls) Poll(0);
     while (HasQueued()) {
-        Watcher* const watcher = queue_[first_++];
-        if (watcher == nullptr) continue;
+        Watcher* const watcher = queue_.front();
+        queue_.pop_front();
         watcher->queued_ = false;
         ++stepsSincePoll_;
         if (watcher->Step(std::exchange(watcher->ready_, 0))) return true;
@@ -88,12 +84,13 @@ bool Poller::DispatchOne() {
 
 void Poller::Wait(std::chrono::milliseconds limit) {
     if (HasQueued()) return;
-    // Either this thread sees `woken_`, or the one that wakes sees `waiting_`.
+    // Either this thread sees `woken_`, or the waking thread sees `waiting_`.
     waiting_ = true;
     if (!woken_)
         Poll(limit.count() < 0 ? -1 : static_cast<int>(std::min<std::int64_t>(limit.count(), 1 << 30)));
     waiting_ = false;
-    // An exchange and not a store: whatever was done before the wake is seen behind it.
+    // An exchange rather than a store, to synchronise with the waking thread: what it did before `Wake` is
+    // visible after this.
     woken_.exchange(false);
 }
 

@@ -1,17 +1,16 @@
-// Poller: the descriptors that the event loop watches, and the queue of those that have something to do.
+// Poller: watches the event loop's descriptors and queues their watchers.
 #pragma once
 
 #include <array>
 #include <atomic>
 #include <chrono>
-#include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <sys/epoll.h>
-#include <vector>
 
 namespace platform::detail {
 
-/// Stands behind a watched descriptor.
+/// Handles the events of a watched descriptor.
 class Watcher {
   public:
     Watcher() = default;
@@ -19,9 +18,8 @@ class Watcher {
     Watcher& operator=(Watcher const&) = delete;
     virtual ~Watcher() = default;
 
-    /// Does one step. `ready` holds the EPOLL bits that are known, 0 when the watcher itself asked to be
-    /// called again. True when the step was an event of the program: nothing else is done in this turn of the
-    /// loop then.
+    /// Handles one step. `ready` holds the reported EPOLL bits, 0 if the watcher itself asked to be called
+    /// again. Returns true if the step was an event of the program, which ends the turn of the loop.
     virtual bool Step(std::uint32_t ready) = 0;
 
   private:
@@ -31,47 +29,45 @@ class Watcher {
     std::uint32_t ready_ = 0;
 };
 
-/// One per process. All operations but `Wake` belong to the loop's thread.
+/// The only instance per process. All operations except `Wake` belong to the loop's thread.
 class Poller {
   public:
-    /// Made at the first call and never destroyed: threads may wake it while the program ends.
+    /// Created at the first call and never destroyed: threads may wake the loop while the program exits.
     static Poller& Instance();
 
     Poller(Poller const&) = delete;
     Poller& operator=(Poller const&) = delete;
 
-    /// Watches a descriptor for `events` (EPOLL bits). False when the system refuses.
+    /// Watches a descriptor for `events` (EPOLL bits). Returns false if the system refuses.
     [[nodiscard]] bool Add(int descriptor, std::uint32_t events, Watcher& watcher) const;
     void Change(int descriptor, std::uint32_t events, Watcher& watcher) const;
-    /// Must come before the descriptor is closed.
+    /// Must be called before the descriptor is closed.
     void Remove(int descriptor, Watcher& watcher);
 
-    /// Has the watcher called again without asking the system.
+    /// Calls the watcher again without asking the system.
     void CallAgain(Watcher& watcher) { Append(watcher, 0); }
 
-    /// Steps watchers until one had an event of the program; false when none had.
+    /// Steps watchers until one reports an event of the program; returns false if none does.
     bool DispatchOne();
-    /// A signal ends the wait too.
+    /// A signal also ends the wait.
     void Wait(std::chrono::milliseconds limit);
     void Wake() noexcept;
 
-    /// The descriptor that is readable while a watched one is ready.
+    /// Returns a descriptor that is readable while a watched one is ready.
     [[nodiscard]] int Descriptor() const noexcept { return epoll_; }
 
   private:
     Poller();
     ~Poller() = default;
 
-    // Asks the system and appends what is ready to the queue.
+    // Polls the system and queues the watchers that are ready.
     void Poll(int limitMs);
     void Append(Watcher& watcher, std::uint32_t ready);
-    [[nodiscard]] bool HasQueued() const noexcept { return first_ < queue_.size(); }
+    [[nodiscard]] bool HasQueued() const noexcept { return !queue_.empty(); }
 
     int epoll_ = -1;
     int wakeUp_ = -1;
-    // Null where a watcher was removed.
-    std::vector<Watcher*> queue_;
-    std::size_t first_ = 0;
+    std::deque<Watcher*> queue_;
     int stepsSincePoll_ = 0;
     std::array<epoll_event, 64> events_{};
     std::atomic<bool> woken_ = false;

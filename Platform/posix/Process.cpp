@@ -16,13 +16,13 @@ struct Process::State {
     pid_t id = 0;
     std::optional<int> exitCode;
 
-    /// Takes the exit code from the system, once. False while the program runs.
+    /// Obtains the exit code from the system, once. Returns false while the program runs.
     bool Collect(int options) noexcept {
         if (exitCode) return true;
         int status = 0;
         pid_t const ended = detail::Retry([&] { return ::waitpid(id, &status, options); });
         if (ended == 0) return false;
-        // Nobody to wait for (-1): someone else of this program has taken the code.
+        // On -1 another part of this program has already collected the code.
         exitCode = ended == id && WIFEXITED(status) ? WEXITSTATUS(status) : Killed;
         return true;
     }
@@ -44,7 +44,7 @@ std::unique_ptr<Process> Process::Start(std::string const& program,
     return std::unique_ptr<Process>(new Process(std::move(state)));
 }
 
-// A program that still runs leaves an entry in the system's table when it ends, until this one ends.
+// A program that still runs becomes a zombie when it exits, until this program exits.
 Process::~Process() { state_->Collect(WNOHANG); }
 
 long Process::Id() const noexcept { return state_->id; }
@@ -57,7 +57,7 @@ int Process::Wait() noexcept {
 }
 
 void Process::Kill() noexcept {
-    // Once collected, the number may be another program's.
+    // Once collected, the system may reuse the number.
     if (!state_->exitCode) ::kill(state_->id, SIGKILL);
 }
 

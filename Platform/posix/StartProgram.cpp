@@ -55,7 +55,7 @@ std::vector<fs::path> SearchedDirectories(std::optional<std::string> const& dire
     return directories;
 }
 
-/// Empty when there is none.
+/// Returns an empty path if there is no such program.
 fs::path Find(std::string const& program, std::optional<std::string> const& directory) {
     if (program.empty() || program.find('/') != std::string::npos) return IsProgram(program) ? program : "";
     for (fs::path const& place : SearchedDirectories(directory)) {
@@ -64,7 +64,7 @@ fs::path Find(std::string const& program, std::optional<std::string> const& dire
     return {};
 }
 
-/// The settings of a program that is independent of this one.
+/// The spawn attributes of an independent program.
 class Independent {
   public:
     explicit Independent(std::optional<std::string> const& directory) {
@@ -92,7 +92,7 @@ class Independent {
         ::posix_spawnattr_destroy(&attributes_);
     }
 
-    /// The number of the process, or -1.
+    /// Returns the process number, or -1.
     [[nodiscard]] pid_t Spawn(fs::path const& program, std::vector<std::string>& words) const {
         std::vector<char*> arguments;
         for (std::string& word : words) arguments.push_back(word.data());
@@ -117,7 +117,7 @@ bool StartProgram(std::string const& commandLine, std::optional<std::string> con
     if (program.empty()) return false;
     pid_t const child = Independent(directory).Spawn(program, words);
     if (child < 0) return false;
-    // Nobody asks for its end, which must be taken all the same, or the dead would pile up.
+    // Collects the exit code, so that no zombie remains.
     std::thread([child] { ::waitpid(child, nullptr, 0); }).detach();
     return true;
 }

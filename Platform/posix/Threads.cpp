@@ -12,11 +12,11 @@ namespace platform {
 
 namespace {
 
-/// What the thread and its owner both know; it lives as long as either.
+/// State shared by the thread and its owner.
 struct Shared {
     std::mutex mutex;
     std::condition_variable changed;
-    pid_t id = 0;  // of the system's scheduler; 0 before the thread runs
+    pid_t id = 0;  // of the scheduler; 0 before the thread runs
     bool hasEnded = false;
 };
 
@@ -25,7 +25,7 @@ struct Job {
     std::shared_ptr<Shared> shared;
 };
 
-/// Tells the owner of the thread's life, its end by cancellation included.
+/// Reports the thread's start and end to its owner, even if it is cancelled.
 class Announcement {
   public:
     explicit Announcement(Shared& shared) : shared_(shared) {
@@ -52,7 +52,7 @@ void* Run(void* argument) {
     return nullptr;
 }
 
-/// A step of priority in the scheduler's "nice" numbers, of which the lower go first.
+/// One step of priority in "nice" values, of which lower ones have precedence.
 constexpr int NiceStep = 5;
 
 }  // namespace
@@ -60,7 +60,7 @@ constexpr int NiceStep = 5;
 struct NativeThread::State {
     pthread_t handle = 0;
     std::shared_ptr<Shared> shared;
-    int normal = 0;  // the nice number that the thread started with
+    int normal = 0;  // the nice value at the start
     Priority last = Priority::Normal;
 };
 
@@ -72,7 +72,7 @@ std::unique_ptr<NativeThread> NativeThread::Start(std::function<unsigned()> rout
     auto job = std::make_unique<Job>(Job{std::move(routine), state->shared});
     state->normal = ::getpriority(PRIO_PROCESS, 0);
     if (::pthread_create(&state->handle, nullptr, Run, job.get()) != 0) return nullptr;
-    static_cast<void>(job.release());  // the thread's own now
+    static_cast<void>(job.release());  // owned by the thread
     std::unique_lock lock(state->shared->mutex);
     state->shared->changed.wait(lock, [&] { return state->shared->id != 0; });
     lock.unlock();
@@ -82,7 +82,7 @@ std::unique_ptr<NativeThread> NativeThread::Start(std::function<unsigned()> rout
 NativeThread::~NativeThread() { ::pthread_detach(state_->handle); }
 
 bool NativeThread::SetPriority(Priority priority) noexcept {
-    // Holding the lock keeps the thread from ending, so that its number is not another's yet.
+    // Holding the lock keeps the thread from ending and its number from being reused.
     std::lock_guard const lock(state_->shared->mutex);
     if (state_->shared->hasEnded) return false;
     int const nice = state_->normal - NiceStep * static_cast<int>(priority);

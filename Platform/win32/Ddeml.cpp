@@ -1,4 +1,4 @@
-// The contract comes first: behind the system's header its constants' names are macros.
+// The contract comes first: <windows.h> defines the names of its constants as macros.
 #include "Platform/Ddeml.h"
 
 #include <array>
@@ -8,7 +8,7 @@
 
 namespace {
 
-// The contract's values, for comparison with the system's.
+// The contract's values, to be compared with the system's.
 constexpr std::array transactions{
     platform::XTYP_ERROR,           platform::XTYP_ADVDATA, platform::XTYP_EXECUTE,   platform::XTYP_CONNECT,
     platform::XTYP_CONNECT_CONFIRM, platform::XTYP_POKE,    platform::XTYP_DISCONNECT};
@@ -37,7 +37,7 @@ static_assert(errors == std::array<unsigned, 5>{DMLERR_INVALIDPARAMETER, DMLERR_
                                                 DMLERR_SYS_ERROR});
 static_assert(codePage == CP_WINANSI);
 
-// Handles pass through as they are.
+// Handles are converted without change.
 ::HSZ System(platform::HSZ string) noexcept { return reinterpret_cast<::HSZ>(string); }
 ::HCONV System(platform::HCONV conversation) noexcept { return reinterpret_cast<::HCONV>(conversation); }
 ::HDDEDATA System(platform::HDDEDATA data) noexcept { return reinterpret_cast<::HDDEDATA>(data); }
@@ -47,8 +47,8 @@ platform::HCONV Ours(::HCONV conversation) noexcept {
 }
 platform::HDDEDATA Ours(::HDDEDATA data) noexcept { return reinterpret_cast<platform::HDDEDATA>(data); }
 
-// The system does not tell a callback its instance, so that each instance has a function of its own which
-// passes the call on, of a type with the system's handles and calling convention.
+// The system does not pass its instance to a callback. So each instance has a function of its own, with the
+// system's handle types and calling convention, that forwards the call.
 constexpr std::size_t mostInstances = 16;
 
 struct Slot {
@@ -75,8 +75,8 @@ constexpr std::array<::PFNCALLBACK, mostInstances> MakePassers(std::index_sequen
 constexpr std::array<::PFNCALLBACK, mostInstances> passers =
     MakePassers(std::make_index_sequence<mostInstances>());
 
-/// Whether the program at the other end, or its instance, is gone.
-bool HasLostItsPartner(::HCONV conversation) noexcept {
+/// Returns whether the peer's program, or its instance, is gone.
+bool IsPartnerGone(::HCONV conversation) noexcept {
     CONVINFO info = {};
     info.cb = sizeof info;
     return ::DdeQueryConvInfo(conversation, QID_SYNC, &info) != 0 && info.hwndPartner != nullptr &&
@@ -140,13 +140,13 @@ bool DdeDisconnect(HCONV conversation) { return ::DdeDisconnect(System(conversat
 HDDEDATA DdeClientTransaction(void const* data, std::uint32_t length, HCONV conversation, HSZ item,
                               unsigned format, unsigned transaction, std::uint32_t timeout,
                               std::uint32_t* result) {
-    // Let go of before the system notices: a conversation that it has given up itself stands, under Wine, in
-    // the way of every later one with that topic, and a peer that runs again would not be found.
-    if (HasLostItsPartner(System(conversation))) {
+    // Disconnected before the system notices: under Wine a conversation that the system itself has ended
+    // blocks every later one with that topic, so that a restarted peer would not be found.
+    if (IsPartnerGone(System(conversation))) {
         ::DdeDisconnect(System(conversation));
         return nullptr;
     }
-    // The system copies the data and has no const.
+    // The system copies the data; its parameter lacks const.
     auto* const bytes = static_cast<LPBYTE>(const_cast<void*>(data));
     DWORD number = 0;
     ::HDDEDATA const answer =

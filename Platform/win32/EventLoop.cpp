@@ -6,7 +6,7 @@ namespace platform {
 
 namespace {
 
-// Made at the first call and never closed: threads may wake the loop while the program ends.
+// Created at the first call and never closed: threads may wake the loop while the program exits.
 HANDLE WakeUp() noexcept {
     static HANDLE const event = CreateEventW(nullptr, FALSE, FALSE, nullptr);
     return event;

@@ -4,7 +4,7 @@
 #include <array>
 #include <vector>
 
-// Behind <windows.h>, whose names it uses.
+// Requires <windows.h> before it.
 #include <winnetwk.h>
 
 namespace platform {
@@ -25,11 +25,11 @@ DWORD AccessBits(FileAccess access) noexcept {
     }
 }
 
-/// The remote name of the first resource in a list that the system goes through, whose local name is the
-/// drive's.
+/// Searches the system's list of resources and returns the remote name of the first one with the drive's
+/// local name.
 std::optional<std::string> FindRemoteName(HANDLE resources, std::wstring const& drive) {
     constexpr DWORD BufferSize = 100'000;
-    // Of the resource's type, for its alignment.
+    // Elements of the resource's type ensure its alignment.
     std::vector<NETRESOURCEW> buffer(BufferSize / sizeof(NETRESOURCEW));
     while (true) {
         DWORD count = static_cast<DWORD>(-1);  // as many as fit

@@ -16,25 +16,24 @@ using detail::Widen;
 
 constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-/// Whether another program is in the way for a moment: one that reads the file, or is just replacing it.
-bool IsPassing(DWORD error) noexcept {
+/// Returns whether the error is temporary: another program reads or replaces the file.
+bool IsTemporary(DWORD error) noexcept {
     return error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED || error == ERROR_LOCK_VIOLATION;
 }
 
-/// Calls again, so often and 5 ms apart, what another program is in the way of. The call says whether it
-/// succeeded.
+/// Repeats a call, 5 ms apart, while another program blocks it. The call returns whether it succeeded.
 template <class Call>
-bool Persist(int attempts, Call const& call) {
+bool CallRepeatedly(int attempts, Call const& call) {
     for (; attempts > 0; --attempts) {
         if (call()) return true;
-        if (!IsPassing(::GetLastError())) return false;
+        if (!IsTemporary(::GetLastError())) return false;
         ::Sleep(5);
     }
     return false;
 }
 
 constexpr int ReaderAttempts = 40;
-constexpr int WriterAttempts = 1000;  // many writers may be waiting for their turn
+constexpr int WriterAttempts = 1000;  // many writers may be waiting
 
 bool IsReadOnly(std::wstring const& name) noexcept {
     DWORD const attributes = ::GetFileAttributesW(name.c_str());
@@ -64,8 +63,8 @@ bool WriteAll(HANDLE file, std::string_view content) noexcept {
     return true;
 }
 
-/// Gives the new file the access list and the attributes of the one that it replaces, if there is one.
-void TakePermissions(std::wstring const& to, std::wstring const& from) {
+/// Copies the access list and the attributes of the replaced file, if any.
+void CopyPermissions(std::wstring const& to, std::wstring const& from) {
     DWORD size = 0;
     ::GetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
     std::vector<std::byte> list(size);
@@ -77,19 +76,19 @@ void TakePermissions(std::wstring const& to, std::wstring const& from) {
     if (attributes != INVALID_FILE_ATTRIBUTES) ::SetFileAttributesW(to.c_str(), attributes);
 }
 
-/// Renames an open file over another, so that nobody comes between the last byte and the new name.
+/// Renames an open file, so that no other program can open it between the last write and the renaming.
 bool RenameOver(HANDLE file, std::wstring const& target) {
     std::size_t const bytes = target.size() * sizeof(wchar_t);
-    // Allocated as a whole number of the structure, for its alignment.
+    // Elements of the structure ensure its alignment.
     std::vector<FILE_RENAME_INFO> room(bytes / sizeof(FILE_RENAME_INFO) + 2);
     FILE_RENAME_INFO& rename = room.front();
     rename.ReplaceIfExists = TRUE;
     rename.FileNameLength = static_cast<DWORD>(bytes);
-    // The name goes on behind the one character that the structure declares.
+    // The name extends past the one character that the structure declares.
     auto* const bytesOfRoom = reinterpret_cast<std::byte*>(room.data());
     std::memcpy(bytesOfRoom + offsetof(FILE_RENAME_INFO, FileName), target.data(), bytes);
     auto const size = static_cast<DWORD>(room.size() * sizeof(FILE_RENAME_INFO));
-    return Persist(ReaderAttempts, [&] {
+    return CallRepeatedly(ReaderAttempts, [&] {
         return ::SetFileInformationByHandle(file, FileRenameInfo, room.data(), size) != 0;
     });
 }
@@ -101,7 +100,7 @@ std::wstring FullName(std::wstring const& name) {
     return full;
 }
 
-/// The identity of what a link stands for.
+/// Returns the identity of a link's target.
 std::optional<FileIdentity> IdentifyTarget(std::wstring const& name) {
     Handle const file(::CreateFileW(name.c_str(), FILE_READ_ATTRIBUTES, ShareAll, nullptr, OPEN_EXISTING,
                                     FILE_FLAG_BACKUP_SEMANTICS, nullptr));
@@ -118,7 +117,8 @@ std::optional<FileIdentity> Identify(std::string const& path) {
     WIN32_FILE_ATTRIBUTE_DATA about = {};
     if (::GetFileAttributesExW(name.c_str(), GetFileExInfoStandard, &about) == 0) return std::nullopt;
     if ((about.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return IdentifyTarget(name);
-    // The file's number would take opening it, which costs many times as much; its birthday stands for that.
+    // Obtaining the file's number requires opening the file, which costs many times as much; the creation
+    // time replaces it.
     FILETIME const& made = about.ftCreationTime;
     return FileIdentity{0, Join(made.dwHighDateTime, made.dwLowDateTime),
                         Join(about.nFileSizeHigh, about.nFileSizeLow), Nanoseconds(about.ftLastWriteTime)};
@@ -141,7 +141,7 @@ std::optional<std::string> ReadWhole(std::string const& path) {
     std::wstring const name = Widen(path);
     if (IsDirectory(name)) return std::nullopt;
     Handle file;
-    bool const isOpen = Persist(ReaderAttempts, [&] {
+    bool const isOpen = CallRepeatedly(ReaderAttempts, [&] {
         file = Handle(::CreateFileW(name.c_str(), GENERIC_READ, ShareAll, nullptr, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
         return static_cast<bool>(file);
@@ -164,15 +164,15 @@ bool ReplaceAtomically(std::string const& path, std::string_view content) {
     std::wstring const fresh = target + L".replacing";
     if (IsReadOnly(target) || IsDirectory(target)) return false;
     Handle file;
-    // Shared with nobody: others who prepare the same file wait for their turn here.
-    bool const isOpen = Persist(WriterAttempts, [&] {
+    // Not shared: other writers wait here.
+    bool const isOpen = CallRepeatedly(WriterAttempts, [&] {
         file = Handle(::CreateFileW(fresh.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
         return static_cast<bool>(file);
     });
     if (!isOpen) return false;
-    TakePermissions(fresh, target);
-    // A writer that was killed may have left more than is written now.
+    CopyPermissions(fresh, target);
+    // A killed writer may have left a longer content.
     bool const isReady = ::SetEndOfFile(file.Get()) != 0 && WriteAll(file.Get(), content) &&
                          ::FlushFileBuffers(file.Get()) != 0;
     if (isReady && RenameOver(file.Get(), target)) return true;

@@ -9,7 +9,7 @@ namespace platform {
 unsigned short LanguageIdentifier() noexcept { return ::GetUserDefaultLangID(); }
 
 char DecimalSeparator() noexcept {
-    std::array<wchar_t, 4> text = {};  // three characters at most, and the zero
+    std::array<wchar_t, 4> text = {};  // maximum three characters, and the zero
     int const size = ::GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, text.data(), text.size());
     bool const isOneByte = size == 2 && text[0] < 0x80;
     return isOneByte ? static_cast<char>(text[0]) : '.';

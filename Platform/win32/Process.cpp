@@ -6,8 +6,8 @@ namespace platform {
 
 namespace {
 
-/// The word in quotes, so that the usual taking apart of a command line yields it again: a backslash counts
-/// as itself unless backslashes lead up to a quote, where each of them is doubled and the quote escaped.
+/// Quotes a word so that the usual parsing of a command line restores it: backslashes are doubled before a
+/// quote, and quotes are escaped.
 std::wstring Quoted(std::wstring const& word) {
     std::wstring quoted = L"\"";
     std::size_t backslashes = 0;

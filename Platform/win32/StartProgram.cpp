@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Another current directory for a while.
+/// Changes the current directory for the lifetime of the object.
 class CurrentDirectory {
   public:
     explicit CurrentDirectory(std::optional<std::string> const& directory) {
@@ -29,7 +29,7 @@ class CurrentDirectory {
     fs::path before_ = fs::current_path();
 };
 
-/// UTF-8 in the system's code page.
+/// Converts UTF-8 to the system's code page.
 std::string Ansi(std::string const& text) {
     std::wstring const wide = PathOf(text).wstring();
     int const size = WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), nullptr, 0,

@@ -10,7 +10,7 @@ namespace platform {
 
 bool IsTerminal(std::FILE* stream) {
     std::intptr_t const handle = _get_osfhandle(_fileno(stream));
-    // -2 is a stream that has no file at all, as in a program without a console.
+    // -2 is a stream without a file, as in a program without a console.
     if (handle == -1 || handle == -2) return false;
     // NOLINTNEXTLINE(performance-no-int-to-ptr): the system keeps its handles in integers.
     HANDLE const console = reinterpret_cast<HANDLE>(handle);

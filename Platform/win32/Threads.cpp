@@ -27,7 +27,7 @@ std::unique_ptr<NativeThread> NativeThread::Start(std::function<unsigned()> rout
     auto job = std::make_unique<std::function<unsigned()>>(std::move(routine));
     std::uintptr_t const thread = ::_beginthreadex(nullptr, 0, Run, job.get(), 0, nullptr);
     if (thread == 0) return nullptr;
-    static_cast<void>(job.release());  // the thread's own now
+    static_cast<void>(job.release());  // owned by the thread
     auto state = std::make_unique<State>();
     state->thread = detail::Handle(reinterpret_cast<HANDLE>(thread));  // NOLINT(performance-no-int-to-ptr)
     return std::unique_ptr<NativeThread>(new NativeThread(std::move(state)));

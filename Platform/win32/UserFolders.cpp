@@ -13,7 +13,7 @@ std::filesystem::path SettingsFolder() {
     return folder == nullptr ? L"" : folder;
 }
 
-// The folder for temporary files is the user's own here.
+// The folder for temporary files is private to the user on Windows.
 std::filesystem::path MakePrivateFolder(std::string const& prefix) {
     std::error_code error;
     std::filesystem::path const temporary = std::filesystem::temp_directory_path(error);

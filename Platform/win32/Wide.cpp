@@ -11,7 +11,7 @@ std::wstring Decode(std::string_view text, UINT codePage) {
 }
 
 std::string Encode(std::wstring_view text, UINT codePage) {
-    // UTF-8 lacks nothing, and its conversion takes neither of the two.
+    // UTF-8 has every character, and its conversion allows neither of the two.
     bool const isUtf8 = codePage == CP_UTF8;
     DWORD const flags = isUtf8 ? 0 : WC_NO_BEST_FIT_CHARS;
     char const* const lost = isUtf8 ? nullptr : "?";

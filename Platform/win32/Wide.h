@@ -1,4 +1,4 @@
-// Wide: the system's calls take UTF-16, the services above take UTF-8.
+// Wide: conversions from UTF-8, which the services take, to UTF-16, which the system takes.
 #pragma once
 
 #include <windows.h>
@@ -10,13 +10,13 @@
 namespace platform::detail {
 
 [[nodiscard]] std::wstring Decode(std::string_view text, UINT codePage);
-/// A character that the code page lacks becomes "?", never one that looks alike.
+/// A character that the code page lacks becomes "?", never a similar one.
 [[nodiscard]] std::string Encode(std::wstring_view text, UINT codePage);
 
 [[nodiscard]] inline std::wstring Widen(std::string_view utf8) { return Decode(utf8, CP_UTF8); }
 [[nodiscard]] inline std::string Narrow(std::wstring_view text) { return Encode(text, CP_UTF8); }
 
-/// An object of the system's that is closed when its owner goes.
+/// Owns a handle of a system object.
 class Handle {
   public:
     Handle() noexcept = default;
@@ -34,7 +34,7 @@ class Handle {
 
     [[nodiscard]] HANDLE Get() const noexcept { return handle_; }
     [[nodiscard]] explicit operator bool() const noexcept { return handle_ != nullptr; }
-    /// The handle, which the caller closes.
+    /// Gives up the handle, which the caller must close.
     [[nodiscard]] HANDLE Release() noexcept { return std::exchange(handle_, nullptr); }
 
   private:

@@ -1,5 +1,5 @@
-// What does not belong to the user's own programs is kept out, and what a program sends wrongly hurts itself
-// alone.
+// Other users' programs are refused, and a program that sends malformed bytes loses only its own
+// conversation.
 #include "Platform/Ddeml.h"
 #include "Platform/Tests/DdeEndpoint.h"
 #include "Platform/Tests/RuntimeDirectory.h"
@@ -12,17 +12,11 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
-#include <functional>
-#include <memory>
 #include <stdexcept>
-#include <string>
-#include <string_view>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
-#include <vector>
 
 namespace platform {
 
@@ -35,10 +29,10 @@ using detail::FrameKind;
 using tests::DdeEndpoint;
 using tests::RunUntil;
 
-// A user that the machine need not have.
+// The number of another user, which need not exist.
 constexpr uid_t Stranger = 12345;
 
-// A program that speaks bytes, not frames.
+// A client that sends arbitrary bytes.
 class RawClient {
   public:
     explicit RawClient(fs::path const& name) : socket_(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
@@ -53,7 +47,7 @@ class RawClient {
     RawClient& operator=(RawClient const&) = delete;
     ~RawClient() { Close(); }
 
-    // False once the receiver has ended the conversation, or does not take any more.
+    // Returns false if the receiver has ended the conversation or accepts no more.
     bool Send(std::string_view bytes) const {
         return send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT) ==
                static_cast<ssize_t>(bytes.size());
@@ -92,7 +86,7 @@ std::string Poke(std::string_view item, std::string_view data) {
 
 class DdeGuardTest : public testing::Test {
   protected:
-    // The only one there is.
+    // Returns the name of the only socket.
     [[nodiscard]] fs::path SocketName() const {
         for (fs::directory_entry const& entry : fs::directory_iterator(directory_.Sockets()))
             return entry.path();
@@ -113,29 +107,28 @@ TEST_F(DdeGuardTest, WrongBytesCostTheSenderItsConversation) {
     struct Row {
         char const* what;
         std::string bytes;
-        bool closes;  // the sender, behind the bytes
+        bool closes;  // after the bytes
     };
     for (Row const& row : {
              Row{"nothing", "", true},
              Row{"garbage", std::string(5000, 'G'), false},
              Row{"zeros", std::string(5000, '\0'), false},
              Row{"half a header", Connect().substr(0, 9), true},
-             Row{"a poke before the connection", Poke("ITEM", "data"), false},
-             Row{"a confirmation before the connection", Confirm(), false},
+             Row{"a poke before a connect", Poke("ITEM", "data"), false},
+             Row{"a confirm before a connect", Confirm(), false},
              Row{"an unknown topic", Connect("other"), false},
-             Row{"two connections", Connect() + Connect(), false},
-             Row{"an acceptance", Connect() + Confirm() + Bytes(FrameHeader(FrameKind::Accept, {}, {})),
-                 false},
+             Row{"two connects", Connect() + Connect(), false},
+             Row{"an accept", Connect() + Confirm() + Bytes(FrameHeader(FrameKind::Accept, {}, {})), false},
              Row{"half a poke", Connect() + Confirm() + half, true},
              Row{"too large a poke", Connect() + Confirm() + tooLarge, false},
-             Row{"garbage behind a poke", Connect() + Confirm() + Poke("ITEM", "x") + std::string(99, 'G'),
+             Row{"garbage after a poke", Connect() + Confirm() + Poke("ITEM", "x") + std::string(99, 'G'),
                  false},
          }) {
         receiver.ClearLog();
         RawClient client(name);
         EXPECT_TRUE(client.Send(row.bytes)) << row.what;
         if (row.closes) client.Close();
-        // A good conversation goes on beside it, and begins after it.
+        // A correct conversation works before and after it.
         HCONV const conversation = good.Connect("sink");
         ASSERT_NE(conversation, nullptr) << row.what;
         ASSERT_TRUE(good.Poke(conversation, "GOOD", "1"));
@@ -144,8 +137,7 @@ TEST_F(DdeGuardTest, WrongBytesCostTheSenderItsConversation) {
         EXPECT_TRUE(RunUntil([&] { return count("poke GOOD 1") == 1; })) << row.what;
         EXPECT_TRUE(RunUntil([&] { return row.closes || client.IsEnded(); })) << row.what;
         DdeDisconnect(conversation);
-        // Whoever was confirmed is disconnected, and nobody else; of a poke that is not whole nothing is
-        // seen.
+        // Only a confirmed client is disconnected; an incomplete poke is not delivered.
         EXPECT_TRUE(RunUntil([&] { return count("disconnect") == count("confirm"); })) << row.what;
         EXPECT_EQ(std::ranges::count_if(log, [](auto const& l) { return l.starts_with("poke ITEM"); }),
                   row.bytes.find("ITEMx") != std::string::npos ? 1 : 0)
@@ -162,7 +154,7 @@ TEST_F(DdeGuardTest, AnEndlessFrameTakesLittleMemory) {
     ASSERT_TRUE(client.Send(Bytes(FrameHeader(FrameKind::Poke, {}, {}, DdeLargestData, CF_TEXT))));
     long const before = tests::ResidentKiB();
     std::string const block(64 << 10, 'e');
-    // Behind the announced bytes garbage follows, at which the conversation ends.
+    // Garbage follows the announced bytes and ends the conversation.
     EXPECT_TRUE(RunUntil([&] {
         while (client.Send(block)) continue;
         return client.IsEnded();
@@ -171,7 +163,7 @@ TEST_F(DdeGuardTest, AnEndlessFrameTakesLittleMemory) {
     EXPECT_TRUE(RunUntil([&] { return receiver.Log().back() == "disconnect"; }));
 }
 
-TEST_F(DdeGuardTest, CallersThatSayNothingDoNotPileUp) {
+TEST_F(DdeGuardTest, SilentClientsAreLimited) {
     DdeEndpoint const receiver("sink");
     fs::path const name = SocketName();
     DdeEndpoint const good("bystander");
@@ -179,29 +171,29 @@ TEST_F(DdeGuardTest, CallersThatSayNothingDoNotPileUp) {
     for (int i = 0; i < 300; ++i) silent.push_back(std::make_unique<RawClient>(name));
     HCONV const conversation = good.Connect("sink");
     ASSERT_NE(conversation, nullptr);
-    EXPECT_TRUE(RunUntil([&] { return silent.front()->IsEnded(); })) << "the oldest goes";
+    EXPECT_TRUE(RunUntil([&] { return silent.front()->IsEnded(); })) << "the oldest is dropped";
     EXPECT_FALSE(silent.back()->IsEnded());
     EXPECT_TRUE(good.Poke(conversation, "GOOD", "1"));
     EXPECT_TRUE(RunUntil([&] { return receiver.Log().back() == "poke GOOD 1"; }));
 }
 
-TEST_F(DdeGuardTest, ABusySenderDoesNotHideOthers) {
+TEST_F(DdeGuardTest, ABusySenderDoesNotStarveOthers) {
     DdeEndpoint receiver("sink");
     DdeEndpoint const busy("busy");
     DdeEndpoint const other("other");
     HCONV const flood = busy.Connect("sink");
     HCONV const single = other.Connect("sink");
     std::size_t fromBusy = 0;
-    bool isHeard = false;
+    bool isReceived = false;
     receiver.onPoke = [&](HCONV, std::string_view item, std::string_view) {
         fromBusy += item == "FLOOD" ? 1U : 0U;
-        isHeard = isHeard || item == "SINGLE";
+        isReceived = isReceived || item == "SINGLE";
     };
     for (int i = 0; i < 200; ++i) ASSERT_TRUE(busy.Poke(flood, "FLOOD", "x"));
-    // From here on all of them lie in the receiver's memory.
+    // Now all of them are in the receiver's buffer.
     ASSERT_TRUE(RunUntil([&] { return fromBusy == 1; }));
     ASSERT_TRUE(other.Poke(single, "SINGLE", "x"));
-    EXPECT_TRUE(RunUntil([&] { return isHeard; }));
+    EXPECT_TRUE(RunUntil([&] { return isReceived; }));
     EXPECT_LT(fromBusy, 100U);
 }
 
@@ -229,7 +221,7 @@ TEST_F(DdeGuardTest, DirectoriesThatAreNotPrivateAreRefused) {
         {"of another user", [&] { static_cast<void>(chown(name.c_str(), Stranger, Stranger)); }},
         {"a link", [&] { fs::remove(sockets), fs::create_directory_symlink(directory_.Path(), sockets); }},
         {"a file", [&] { fs::remove(sockets), tests::PutBytes(sockets, "x"); }},
-        {"in a directory that all may write to", [&] { chmod(directory_.Path().c_str(), 0777); }},
+        {"in a directory writable to all", [&] { chmod(directory_.Path().c_str(), 0777); }},
         {"in another user's directory",
          [&] { static_cast<void>(chown(directory_.Path().c_str(), Stranger, Stranger)); }},
     };
@@ -272,7 +264,7 @@ TEST_F(DdeGuardTest, SocketsThatAreNotPrivateAreNotCalled) {
     }
 }
 
-// Who got past the names, say by a descriptor that was handed on, is still asked who it is.
+// A peer that bypasses the permissions, for example with an inherited descriptor, is still checked.
 TEST_F(DdeGuardTest, AnotherUsersProgramIsRefused) {
     if (geteuid() != 0) GTEST_SKIP() << "only root can be two users";
     auto const asStranger = [](auto const& work) {
@@ -288,7 +280,7 @@ TEST_F(DdeGuardTest, AnotherUsersProgramIsRefused) {
     EXPECT_TRUE(client->Send(Connect()));
     EXPECT_TRUE(RunUntil([&] { return client->IsEnded(); }));
 
-    // The other way round: a socket that looks like this user's, at which another one listens.
+    // The reverse: a socket that appears to be this user's, on which another user listens.
     for (fs::path const& path : {directory_.Path(), directory_.Sockets()}) chmod(path.c_str(), 0700);
     int const listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_un address{};
@@ -299,16 +291,16 @@ TEST_F(DdeGuardTest, AnotherUsersProgramIsRefused) {
     ASSERT_EQ(chmod(trap.c_str(), 0600), 0);
     asStranger([&] { ASSERT_EQ(listen(listener, 4), 0); });
     EXPECT_EQ(receiver.Connect("sink"), nullptr);
-    std::array<char, 64> heard{};
+    std::array<char, 64> received{};
     int const caller = accept(listener, nullptr, nullptr);
-    EXPECT_EQ(recv(caller, heard.data(), heard.size(), 0), 0) << "nothing is said to it";
+    EXPECT_EQ(recv(caller, received.data(), received.size(), 0), 0) << "nothing is sent to it";
     EXPECT_TRUE(receiver.Log().empty());
     close(caller);
     close(listener);
 }
 
-TEST_F(DdeGuardTest, ALongRuntimeDirectoryServesToo) {
-    // The address of a local socket has room for 107 bytes.
+TEST_F(DdeGuardTest, ALongRuntimeDirectoryWorks) {
+    // A socket address holds 107 bytes.
     fs::path const deep = directory_.Path() / std::string(100, 'd') / std::string(100, 'e');
     fs::create_directories(deep);
     setenv("XDG_RUNTIME_DIR", deep.c_str(), 1);

@@ -1,49 +1,38 @@
-// The end from outside as POSIX gives it: at the next cancellation point, with the stack unwound.
+// POSIX ends a killed thread at its next cancellation point and unwinds its stack.
+#include "Platform/Tests/TestSystem.h"
 #include "Platform/Threads.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <chrono>
-#include <thread>
+#include <memory>
 #include <unistd.h>
 
 using namespace std::chrono_literals;
 
-namespace {
-
-TEST(PosixThreads, KilledThreadsUnwind) {
+TEST(PosixThreads, EndWhereTheyWaitAndUnwind) {
     std::atomic<bool> isWaiting = false;
     std::atomic<bool> isReleased = false;
-    auto const thread = platform::NativeThread::Start([&] {
-        struct Holder {
-            std::atomic<bool>& flag;
-            ~Holder() { flag = true; }
-        } const holder{isReleased};
+    std::atomic<bool> isOver = false;
+    auto const waiting = platform::NativeThread::Start([&] {
+        auto const release = [](std::atomic<bool>* flag) { *flag = true; };
+        std::unique_ptr<std::atomic<bool>, decltype(release)> const holder(&isReleased, release);
         isWaiting = true;
-        // The call itself: AddressSanitizer takes frames between here and a cancelled call for dead stack.
+        // A direct call: AddressSanitizer takes frames between here and a cancelled call for dead stack.
         while (true) ::pause();
         return 0U;
     });
-    while (!isWaiting) std::this_thread::yield();
-    EXPECT_FALSE(thread->WaitForEnd(10ms));
-    thread->Kill();
-    ASSERT_TRUE(thread->WaitForEnd(10s));
-    EXPECT_TRUE(isReleased);
-}
-
-TEST(PosixThreads, OneThatNeverWaitsGoesOn) {
-    std::atomic<bool> isOver = false;
-    std::atomic<unsigned long> rounds = 0;
-    auto const thread = platform::NativeThread::Start([&] {
-        while (!isOver) ++rounds;
+    auto const busy = platform::NativeThread::Start([&] {
+        while (!isOver) continue;
         return 0U;
     });
-    while (rounds == 0) std::this_thread::yield();
-    thread->Kill();
-    EXPECT_FALSE(thread->WaitForEnd(50ms));
+    ASSERT_TRUE(tests::WaitUntil([&] { return isWaiting.load(); }));
+    EXPECT_FALSE(waiting->WaitForEnd(10ms));
+    waiting->Kill();
+    busy->Kill();
+    EXPECT_TRUE(waiting->WaitForEnd(10s));
+    EXPECT_TRUE(isReleased);
+    EXPECT_FALSE(busy->WaitForEnd(50ms)) << "a thread that never waits goes on";
     isOver = true;
-    EXPECT_TRUE(thread->WaitForEnd(10s));
+    EXPECT_TRUE(busy->WaitForEnd(10s));
 }
-
-}  // namespace

@@ -6,7 +6,7 @@
 
 namespace tests {
 
-// The C library's clock() is that of the wall here.
+// clock() of the C library measures real time here.
 double ProcessorMs() {
     FILETIME created;
     FILETIME ended;

@@ -1,6 +1,5 @@
+#include "Platform/mail/Tests/Kvmail.h"
 #include "Platform/mail/posix/ImapResponse.h"
-
-#include <gtest/gtest.h>
 
 #include <utility>
 
@@ -13,7 +12,6 @@ using platform::detail::ImapCutter;
 using platform::detail::ImapValue;
 using platform::detail::ParseImap;
 
-/// Texts in quotes, lists in parentheses.
 std::string Shown(ImapValue const& value) {
     if (value.kind == ImapValue::Kind::Nil) return "-";
     if (value.kind == ImapValue::Kind::Text) return "'" + value.text + "'";
@@ -22,67 +20,42 @@ std::string Shown(ImapValue const& value) {
     return "(" + text + ")";
 }
 
-TEST(ImapResponse, IsTakenApart) {
-    struct Row {
-        char const* response;
-        char const* shown;
-    };
-    static constexpr Row rows[] = {
-        {"* SEARCH 1 2", "('*' 'SEARCH' '1' '2')"},
-        {"* SEARCH", "('*' 'SEARCH')"},
-        {R"(* 1 FETCH (A "b \"c\" \\" NIL nil (D ())))", R"(('*' '1' 'FETCH' ('A' 'b "c" \' - - ('D' ()))))"},
-        {"* 1 FETCH (BODY[HEADER.FIELDS (TO CC)]<0> {4}\r\na)\r\n X)",
-         "('*' '1' 'FETCH' ('BODY[HEADER.FIELDS (TO CC)]<0>' 'a)\r\n' 'X'))"},
-        {"* 1 FETCH (((\"a\")(\"b\") \"mixed\"))", "('*' '1' 'FETCH' ((('a') ('b') 'mixed')))"},
-        {"* OK [UIDVALIDITY 5] it's (good", "('*' 'OK' 'UIDVALIDITY 5')"},
-        {"K1 NO no \"such thing", "('K1' 'NO')"},
-        {"+ go on", "('+' 'go' 'on')"},
-        {"* 1 FETCH (A", "malformed"},
-        {"* 1 FETCH A)", "malformed"},
-        {"* 1 FETCH (\"A)", "malformed"},
-        {"* 1 FETCH {9}\r\nshort", "malformed"},
-        {"* 1 FETCH {x}\r\n", "malformed"},
-        {"a\rb", "malformed"},
-    };
-    for (Row const& row : rows) {
-        auto const value = ParseImap(row.response);
-        EXPECT_EQ(value ? Shown(*value) : "malformed", row.shown) << row.response;
+TEST(ImapResponse, IsParsed) {
+    for (auto const& row : Table("responses.tsv")) {
+        auto const value = ParseImap(row.at(0));
+        EXPECT_EQ(value ? Shown(*value) : "malformed", row.at(1)) << row[0];
     }
+    for (std::size_t const depth : {DeepestImapList, DeepestImapList + 1, 1000000})
+        EXPECT_EQ(ParseImap(std::string(depth, '(') + std::string(depth, ')')).has_value(),
+                  depth <= std::size_t{DeepestImapList})
+            << depth;
 }
 
-TEST(ImapResponse, DepthHasAnEnd) {
-    auto const nested = [](int depth) {
-        return ParseImap(std::string(depth, '(') + std::string(depth, ')')).has_value();
-    };
-    EXPECT_TRUE(nested(DeepestImapList));
-    EXPECT_FALSE(nested(DeepestImapList + 1));
-    EXPECT_FALSE(nested(1000000));
-}
-
-TEST(ImapResponse, IsCutAtItsEndHoweverItArrives) {
+TEST(ImapResponse, DoesNotDependOnThePiecesOfTheStream) {
     std::string const stream = "* A {6}\r\nx\r\n* B\r\n* C {1}\r\ny {0}\r\n z\r\nK1 OK\r\nrest";
     std::vector<std::string> const expected = {"* A {6}\r\nx\r\n* B", "* C {1}\r\ny {0}\r\n z", "K1 OK"};
-    for (std::size_t cut = 1; cut <= stream.size(); ++cut) {
+    for (std::size_t piece = 1; piece <= stream.size(); ++piece) {
         ImapCutter cutter;
         std::vector<std::string> responses;
-        for (std::size_t at = 0; at < stream.size(); at += cut) {
-            cutter.Add(stream.substr(at, cut));
+        for (std::size_t at = 0; at < stream.size(); at += piece) {
+            cutter.Add(stream.substr(at, piece));
             while (auto response = cutter.Next()) responses.push_back(std::move(*response));
         }
-        EXPECT_EQ(responses, expected) << cut;
+        EXPECT_EQ(responses, expected) << piece;
     }
 }
 
-TEST(ImapResponse, SizeHasAnEnd) {
+TEST(ImapResponse, HasAMaximumSize) {
     ImapCutter announced;
     announced.Add("* A {999999999}\r\n");
     EXPECT_FALSE(announced.Next().has_value());
     EXPECT_TRUE(announced.IsOverfull());
     ImapCutter endless;
-    while (!endless.IsOverfull()) {
+    for (int i = 0; i < 20; ++i) {
         endless.Add(std::string(1U << 20, 'x'));
         ASSERT_FALSE(endless.Next().has_value());
     }
+    EXPECT_TRUE(endless.IsOverfull());
 }
 
 }  // namespace

@@ -1,14 +1,14 @@
-// What the tests of libkvmail share: the library as programs load it, an account, and real servers.
+// Shared by the tests of libkvmail: the library as programs load it, tables of cases, and real servers.
 #pragma once
 
 #include "Platform/Library.h"
 #include "Platform/Process.h"
 #include "Platform/Tests/TemporaryDirectory.h"
+#include "Platform/Tests/TestSystem.h"
 #include "Platform/mail/MailEntries.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -17,13 +17,43 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
-#include <string_view>
-#include <thread>
 #include <vector>
 
 namespace tests {
 
-/// The entries of libkvmail, which never leaves the program again.
+/// Returns the path of a file beside the tests.
+[[nodiscard]] inline std::filesystem::path DataFile(std::string const& name) {
+    return std::filesystem::path(KV_MAIL_SERVERS).parent_path() / name;
+}
+
+/// Returns the rows of a table beside the tests: cells between tabs, with the escapes \r \n \0 \xHH and \\.
+[[nodiscard]] inline std::vector<std::vector<std::string>> Table(std::string const& name) {
+    std::ifstream file(DataFile(name));
+    std::vector<std::vector<std::string>> rows;
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with("# ")) continue;
+        auto& row = rows.emplace_back(1);
+        for (std::size_t i = 0; i < line.size(); ++i) {
+            char c = line[i];
+            if (c == '\t') {
+                row.emplace_back();
+                continue;
+            }
+            if (c == '\\') {
+                c = line[++i];
+                if (c == 'x')
+                    c = static_cast<char>(std::stoi(line.substr((i += 2) - 1, 2), nullptr, 16));
+                else if (c != '\\')
+                    c = c == 'n' ? '\n' : c == 'r' ? '\r' : '\0';
+            }
+            row.back() += c;
+        }
+    }
+    EXPECT_GT(rows.size(), 3U) << name;
+    return rows;
+}
+
+/// The entries of libkvmail, which is never unloaded.
 struct Kvmail {
     Kvmail() {
         unsigned long error = 0;
@@ -51,7 +81,7 @@ struct Kvmail {
     platform::MAPIFreeBufferEntry freeBuffer = nullptr;
 };
 
-/// A variable of the environment, as long as the object lives.
+/// Sets an environment variable for the lifetime of the object.
 class Environment {
   public:
     Environment(char const* name, std::string const& value) : name_(name) {
@@ -67,16 +97,16 @@ class Environment {
     std::string before_;
 };
 
-/// Servers of the test's own, gone with it.
+/// Mail servers of one test.
 class MailServers {
   public:
     static constexpr char Program[] = "/usr/sbin/dovecot";
 
-    /// Why there can be none; empty when there can.
+    /// Returns what is missing to run them; empty if nothing is.
     [[nodiscard]] static std::string WhatIsMissing() {
         for (char const* const needed : {Program, "/usr/lib/dovecot/imap", "/usr/bin/openssl",
                                          "/usr/lib/python3/dist-packages/aiosmtpd/smtp.py"}) {
-            if (!std::filesystem::exists(needed)) return std::string("no ") + needed + " on this computer";
+            if (!std::filesystem::exists(needed)) return std::string("no ") + needed;
         }
         return {};
     }
@@ -84,14 +114,12 @@ class MailServers {
     MailServers()
         : process_(platform::Process::Start("/usr/bin/python3", {KV_MAIL_SERVERS, directory_ / ""})) {
         if (process_ == nullptr) throw std::runtime_error("cannot start the mail servers");
-        auto const deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-        while (!std::filesystem::exists(directory_ / "ports")) {
-            if (!process_->IsRunning() || std::chrono::steady_clock::now() > deadline)
-                throw std::runtime_error("the mail servers do not come up");
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        }
-        std::ifstream ports(directory_ / "ports");
-        ports >> imaps >> imap >> smtps >> breakingImaps >> breakingSmtps;
+        std::filesystem::path const file = directory_ / "ports";
+        static_cast<void>(WaitUntil([&] { return std::filesystem::exists(file) || !process_->IsRunning(); },
+                                    std::chrono::seconds(30)));
+        std::ifstream ports(file);
+        if (!(ports >> imaps >> imap >> smtps >> breakingImaps >> breakingSmtps))
+            throw std::runtime_error("the mail servers do not start");
     }
     MailServers(MailServers const&) = delete;
     MailServers& operator=(MailServers const&) = delete;
@@ -104,7 +132,7 @@ class MailServers {
 
     [[nodiscard]] std::string operator/(std::string_view name) const { return directory_ / name; }
 
-    /// A message that came in, as its bytes.
+    /// Puts a message into the mailbox.
     void Deliver(std::string const& name, std::string_view bytes) const {
         tests::PutBytes(directory_ / ("mail/tmp/" + name), bytes);
         std::filesystem::rename(directory_ / ("mail/tmp/" + name), directory_ / ("mail/new/" + name));

@@ -7,7 +7,7 @@ namespace {
 
 using namespace platform::detail;
 
-TEST(MailSending, NamesCountWhereThereIsOneForEachFile) {
+TEST(MailSending, NamesAreUsedIfThereIsOneForEachPath) {
     struct Row {
         char const* paths;
         char const* names;
@@ -28,7 +28,7 @@ TEST(MailSending, NamesCountWhereThereIsOneForEachFile) {
     }
 }
 
-TEST(MailSending, GoesOutInSevenBitsAndHidesWhoIsHidden) {
+TEST(MailSending, ComposesSevenBitLinesWithoutBlindCopies) {
     MailAccount account;
     account.name = "Bj\xC3\xB6rk";
     account.address = "a@example.org";

@@ -1,13 +1,13 @@
 #!/usr/bin/python3
-"""Servers of incoming and outgoing mail on the loopback, for the tests: Dovecot for IMAP, and aiosmtpd for SMTP, which
-starts without root or a system's mail set-up and puts what it takes into Dovecot's folder.
+"""Mail servers on the loopback interface for tests: Dovecot for IMAP and aiosmtpd for SMTP, which needs neither root nor
+a configured mail system and delivers into Dovecot's folder.
 
 usage: MailServers.py DIRECTORY
 
-Writes into the directory, which is its own: the certificate of the servers' authority as "ca.pem"; a bearer token that is
-valid as "token"; who sent to whom as "envelopes"; and when all is up "ports", a line each: IMAPS, IMAP with STARTTLS, SMTPS,
-then IMAPS and SMTPS through a wire that breaks after some bytes. The user is "anna", the password "secret"; mail goes to
-DIRECTORY/mail. Ends with the program that started it, or by SIGTERM.
+Writes to the directory: the certificate of the servers' authority as "ca.pem"; a valid bearer token as "token"; sender and
+recipients of each mail as "envelopes"; and when the servers are ready "ports", one per line: IMAPS, IMAP with STARTTLS,
+SMTPS, then IMAPS and SMTPS through a connection that breaks after some bytes. The user is "anna", the password "secret";
+mail is delivered to DIRECTORY/mail. Exits when its parent exits, or on SIGTERM.
 """
 import base64
 import ctypes
@@ -31,19 +31,21 @@ from aiosmtpd.controller import Controller
 from aiosmtpd.handlers import Mailbox
 from aiosmtpd.smtp import AuthResult, LoginPassword, SMTP
 
-USER, PASSWORD, KEY = "anna", "secret", b"a key that the tests alone know of"
-WIRE_BREAKS_AFTER = 20000
-STARTER = os.getppid()
+USER, PASSWORD, KEY = "anna", "secret", b"the key of the tests"
+BREAKS_AFTER = 20000
+PARENT = os.getppid()
+with open(os.path.join(os.path.dirname(os.path.abspath(__file__)), "dovecot.conf")) as template:
+    TEMPLATE = template.read()
 
 
-def die_with_parent():
+def exit_with_parent():
     ctypes.CDLL(None).prctl(1, signal.SIGTERM)
 
 
 def lead_a_group():
-    """Dovecot's processes for clients outlive their master, so all of them are ended together."""
+    """Dovecot's client processes outlive their master, so the whole group is ended."""
     os.setpgrp()
-    die_with_parent()
+    exit_with_parent()
 
 
 def free_port():
@@ -77,59 +79,6 @@ def make_token(user):
     return signed + b"." + web64(hmac.new(KEY, signed, hashlib.sha256).digest())
 
 
-DOVECOT = """
-protocols = imap
-base_dir = {here}/run
-state_dir = {here}/run
-log_path = {here}/dovecot.log
-default_internal_user = {user}
-default_internal_group = {group}
-default_login_user = {user}
-first_valid_uid = 1
-mail_location = maildir:{here}/mail
-ssl = required
-ssl_cert = <{here}/server.pem
-ssl_key = <{here}/server.key
-auth_mechanisms = plain xoauth2 oauthbearer
-auth_failure_delay = 0
-auth_verbose = yes
-passdb {{
-  driver = passwd-file
-  args = username_format=%u {here}/users
-}}
-passdb {{
-  driver = oauth2
-  mechanisms = xoauth2 oauthbearer
-  args = {here}/oauth2
-}}
-userdb {{
-  driver = static
-  args = uid={uid} gid={gid} home={here}
-}}
-service anvil {{
-  chroot =
-  unix_listener anvil-auth-penalty {{
-    mode = 0
-  }}
-}}
-service stats {{
-  chroot =
-}}
-service imap-login {{
-  chroot =
-  inet_listener imap {{
-    address = 127.0.0.1
-    port = {imap}
-  }}
-  inet_listener imaps {{
-    address = 127.0.0.1
-    port = {imaps}
-    ssl = yes
-  }}
-}}
-"""
-
-
 def put(name, text):
     os.makedirs(os.path.dirname(os.path.join(".", name)), exist_ok=True)
     with open(name, "w") as file:
@@ -138,7 +87,7 @@ def put(name, text):
 
 def start_dovecot(imaps, imap):
     here, uid, gid = os.getcwd(), os.getuid(), os.getgid()
-    put("dovecot.conf", DOVECOT.format(here=here, user=pwd.getpwuid(uid).pw_name, group=grp.getgrgid(gid).gr_name, uid=uid,
+    put("dovecot.conf", TEMPLATE.format(here=here, user=pwd.getpwuid(uid).pw_name, group=grp.getgrgid(gid).gr_name, uid=uid,
                                        gid=gid, imap=imap, imaps=imaps))
     put("users", f"{USER}:{{PLAIN}}{PASSWORD}\n")
     put("oauth2", f"introspection_mode = local\nlocal_validation_key_dict = fs:posix:prefix={here}/keys/\n"
@@ -150,7 +99,7 @@ def start_dovecot(imaps, imap):
 
 
 class Authenticator:
-    """Asks for what the tests' user knows: the password, or the token."""
+    """Checks the password; a token is checked by the server."""
 
     def __call__(self, server, session, envelope, mechanism, data):
         good = isinstance(data, LoginPassword) and data == LoginPassword(USER.encode(), PASSWORD.encode())
@@ -166,7 +115,7 @@ class Server(SMTP):
 
 
 class Delivery(Mailbox):
-    """Writes down who sent to whom, and refuses one recipient."""
+    """Records the envelopes and refuses one recipient."""
 
     async def handle_RCPT(self, server, session, envelope, address, options):
         if address.startswith("nobody@"):
@@ -195,7 +144,7 @@ def start_smtp(port):
 
 
 def carry(source, target, room):
-    """Until one side hangs up, or there is no room for more bytes; then both lose the connection."""
+    """Forwards up to `room` bytes, then disconnects both sides."""
     try:
         while room > 0 and (data := source.recv(min(4096, room))):
             target.sendall(data)
@@ -209,16 +158,16 @@ def carry(source, target, room):
             pass
 
 
-def serve_wire(listener, port, room_in, room_out):
+def serve_breaking(listener, port, room_in, room_out):
     while True:
         near, far = listener.accept()[0], socket.create_connection(("127.0.0.1", port))
         threading.Thread(target=carry, args=(near, far, room_in), daemon=True).start()
         threading.Thread(target=carry, args=(far, near, room_out), daemon=True).start()
 
 
-def start_wire(port, room_in, room_out):
+def start_breaking(port, room_in, room_out):
     listener = socket.create_server(("127.0.0.1", 0))
-    threading.Thread(target=serve_wire, args=(listener, port, room_in, room_out), daemon=True).start()
+    threading.Thread(target=serve_breaking, args=(listener, port, room_in, room_out), daemon=True).start()
     return listener.getsockname()[1]
 
 
@@ -228,11 +177,11 @@ def wait_for(port):
             return socket.create_connection(("127.0.0.1", port)).close()
         except ConnectionRefusedError:
             time.sleep(0.05)
-    sys.exit("a server does not come up")
+    sys.exit("a server does not start")
 
 
 def become_nobody():
-    """Mail servers do not serve root."""
+    """Mail servers refuse to serve root."""
     nobody = pwd.getpwnam("nobody")
     os.chown(".", nobody.pw_uid, nobody.pw_gid)
     os.setgroups([])
@@ -246,16 +195,16 @@ def main():
     logging.disable()
     if os.getuid() == 0:
         become_nobody()
-    die_with_parent()
-    if os.getppid() != STARTER:
-        sys.exit("nobody waits for the servers")
+    exit_with_parent()
+    if os.getppid() != PARENT:
+        sys.exit("the parent has exited")
     make_certificates()
     imaps, imap, smtps = free_port(), free_port(), free_port()
     dovecot = start_dovecot(imaps, imap)
     signal.signal(signal.SIGTERM, lambda *_: os.killpg(dovecot.pid, signal.SIGKILL))
     start_smtp(smtps)
     wait_for(imaps)
-    ports = [imaps, imap, smtps, start_wire(imaps, 1 << 40, WIRE_BREAKS_AFTER), start_wire(smtps, WIRE_BREAKS_AFTER, 1 << 40)]
+    ports = [imaps, imap, smtps, start_breaking(imaps, 1 << 40, BREAKS_AFTER), start_breaking(smtps, BREAKS_AFTER, 1 << 40)]
     put("ports.new", "\n".join(map(str, ports)) + "\n")
     os.rename("ports.new", "ports")
     dovecot.wait()

@@ -75,7 +75,7 @@ void CurlHandle::Perform(std::string const& what) {
     long answer = 0;
     curl_easy_getinfo(Get(), CURLINFO_RESPONSE_CODE, &answer);
     MailFault const fault = FaultOf(code);
-    // A server of outgoing mail that says no has not gone away, whatever libcurl calls it.
+    // libcurl reports a refusal by an SMTP server as a network error.
     throw MailError(fault == MailFault::Network && answer >= 400 ? MailFault::Server : fault,
                     what + ": " + words);
 }

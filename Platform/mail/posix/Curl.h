@@ -1,4 +1,4 @@
-// Curl: one transfer or connection of libcurl's, set up as all of ours are.
+// Curl: a libcurl handle with common settings.
 #pragma once
 
 #include "Platform/mail/posix/MailAccount.h"
@@ -20,10 +20,10 @@ class CurlHandle {
         Require(curl_easy_setopt(Get(), option, value));
     }
 
-    /// The server, over TLS with a certificate that is checked, and who asks it. `scheme` without "s" begins
-    /// TLS inside the connection.
+    /// Sets the server, with TLS and a verified certificate, and the user's credentials. `scheme` without "s"
+    /// selects STARTTLS.
     void SetServer(MailAccount const& account, MailServer const& server, std::string const& scheme);
-    /// Throws a `MailError` in the words of libcurl, below `what`, when that fails.
+    /// Performs the transfer. Throws a `MailError` with `what` and libcurl's message on failure.
     void Perform(std::string const& what);
 
   private:
@@ -33,8 +33,8 @@ class CurlHandle {
     std::unique_ptr<std::array<char, CURL_ERROR_SIZE>> words_;
 };
 
-/// Keeps a connection that the other side has cut from ending the program, as long as the object lives and on
-/// its thread alone.
+/// Blocks SIGPIPE for the lifetime of the object, on its thread only, so that a broken connection does not
+/// end the program.
 class SigpipeGuard {
   public:
     SigpipeGuard() noexcept;
@@ -43,7 +43,7 @@ class SigpipeGuard {
     ~SigpipeGuard();
 
   private:
-    bool wasOurs_ = false;  // blocked here, so that what is pending in the end came from here
+    bool wasOurs_ = false;  // blocked here, so a pending signal was caused here
 };
 
 }  // namespace platform::detail

@@ -1,5 +1,5 @@
-// The entries that the library exports. Nothing is shown and nothing printed; a failure is a number, and its
-// words go to the log. Calls take turns, from whatever threads they come.
+// The exported entries. They show and print nothing; a failure returns a number and is logged. Calls from
+// several threads are serialised.
 #include "Platform/mail/MailEntries.h"
 #include "Platform/mail/posix/Curl.h"
 #include "Platform/mail/posix/Gmime.h"
@@ -23,7 +23,7 @@ namespace {
 using namespace platform;
 using namespace platform::detail;
 
-// Released when the program ends at the latest, since the library stays loaded until then.
+// Destroyed when the program exits, since the library is never unloaded.
 struct State {
     std::mutex turn;
     std::map<LHANDLE, std::unique_ptr<MailStore>> sessions;
@@ -38,7 +38,7 @@ State& TheState() {
 
 std::string_view ViewOf(char const* text) noexcept { return text == nullptr ? "" : text; }
 
-/// Carries out an entry: 0, or the number of the failure.
+/// Executes an entry; returns 0 or the number of the failure.
 template <class Call>
 ULONG Answer(ULONG (*code)(MailFault), ULONG outOfMemory, ULONG failure, Call const& call) noexcept {
     try {
@@ -62,7 +62,7 @@ ULONG AnswerMapi(Call const& call) noexcept {
     return Answer(&MapiCode, MAPI_E_INSUFFICIENT_MEMORY, MAPI_E_FAILURE, call);
 }
 
-/// Carries out an entry that needs a session.
+/// Executes an entry that requires a session.
 template <class Call>
 ULONG AnswerIn(LHANDLE session, Call const& call) noexcept {
     return AnswerMapi([&]() -> ULONG {
@@ -88,7 +88,7 @@ FetchExtent ExtentOf(ULONG flags) noexcept {
 KV_MAIL_ENTRY cmc_send_documents(char const* recipients, char const* subject, char const* text, ULONG flags,
                                  char const* filePaths, char const* fileNames, char const* delimiter,
                                  ULONG /*uiId*/) {
-    // There is no window to show; what somebody wants to see first is not sent unseen.
+    // There is no user interface, and a mail that the user wants to see first must not be sent unseen.
     if ((flags & CMC_SEND_UI_REQUESTED) != 0) return CMC_E_UNSUPPORTED_FLAG;
     return Answer(&CmcCode, CMC_E_INSUFFICIENT_MEMORY, CMC_E_FAILURE, [&] {
         Send(LoadAccount(AccountFile()), MailFrom(ViewOf(recipients), ViewOf(subject), ViewOf(text),

@@ -1,4 +1,4 @@
-// Glib: what GLib and GMime hand out, given back when its owner goes.
+// Glib: owners of objects of GLib and GMime.
 #pragma once
 
 #include <glib-object.h>

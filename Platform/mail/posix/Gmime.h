@@ -1,5 +1,5 @@
-// Gmime: the library for MIME, ready for use. GMime, since it takes broken mail as it comes, decodes what
-// mail programs really send, and is kept up.
+// Gmime: initialises the MIME library GMime, chosen because it accepts malformed mail, decodes what mail
+// programs really send, and is maintained.
 #pragma once
 
 #include "Platform/mail/posix/Glib.h"
@@ -8,7 +8,7 @@
 
 namespace platform::detail {
 
-/// To be called before anything else of GMime's.
+/// Must be called before any other function of GMime.
 void StartGmime();
 
 }  // namespace platform::detail

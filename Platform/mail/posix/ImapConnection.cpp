@@ -11,9 +11,9 @@ namespace platform::detail {
 
 namespace {
 
-// An answer that trickles in may take this many times the time of silence that is allowed.
-constexpr int SlowAnswer = 4;
-// All responses to one command together.
+// A slow response may take this multiple of the timeout.
+constexpr int SlowResponseFactor = 4;
+// The maximum total size of the responses to one command.
 constexpr std::size_t LargestAnswer = 4 * ImapCutter::LargestResponse;
 
 [[noreturn]] void FailNetwork(std::string const& words) {
@@ -33,7 +33,7 @@ ImapConnection::ImapConnection(MailAccount const& account) : timeout_(account.ti
 }
 
 std::vector<ImapValue> ImapConnection::Command(std::string const& command) {
-    auto const deadline = Clock::now() + SlowAnswer * timeout_;
+    auto const deadline = Clock::now() + SlowResponseFactor * timeout_;
     std::string const tag = "K" + std::to_string(++commands_);
     received_ = 0;
     Send(tag + ' ' + command + "\r\n", deadline);
@@ -41,12 +41,12 @@ std::vector<ImapValue> ImapConnection::Command(std::string const& command) {
     while (true) {
         ImapValue response = Receive(deadline);
         if (response[0].Is("*")) {
-            if (response[1].Is("BYE")) FailNetwork("the server hangs up");
+            if (response[1].Is("BYE")) FailNetwork("connection closed by server");
             response.items.erase(response.items.begin());
             answers.push_back(std::move(response));
         } else if (response[0].Is(tag)) {
             if (response[1].Is("OK")) return answers;
-            throw MailError(MailFault::Server, "IMAP: the server refuses: " + command);
+            throw MailError(MailFault::Server, "IMAP: command refused by server: " + command);
         }
     }
 }
@@ -59,7 +59,7 @@ void ImapConnection::Send(std::string_view bytes, Clock::time_point deadline) {
         if (code == CURLE_AGAIN) {
             Wait(POLLOUT, deadline);
         } else if (code != CURLE_OK) {
-            FailNetwork("the connection is cut");
+            FailNetwork("connection lost");
         }
     }
 }
@@ -68,18 +68,17 @@ ImapValue ImapConnection::Receive(Clock::time_point deadline) {
     while (true) {
         if (auto const response = cutter_.Next()) {
             auto value = ParseImap(*response);
-            if (!value) FailNetwork("the server's answer makes no sense");
+            if (!value) FailNetwork("malformed response");
             return std::move(*value);
         }
-        if (cutter_.IsOverfull() || received_ > LargestAnswer)
-            FailNetwork("the server's answer is too large");
+        if (cutter_.IsOverfull() || received_ > LargestAnswer) FailNetwork("response too large");
         std::array<char, 16384> chunk;
         std::size_t count = 0;
         CURLcode const code = curl_easy_recv(curl_.Get(), chunk.data(), chunk.size(), &count);
         if (code == CURLE_AGAIN) {
             Wait(POLLIN, deadline);
         } else if (code != CURLE_OK || count == 0) {
-            FailNetwork("the connection is cut");
+            FailNetwork("connection lost");
         }
         received_ += count;
         cutter_.Add({chunk.data(), count});
@@ -92,7 +91,7 @@ void ImapConnection::Wait(short events, Clock::time_point deadline) {
     auto const limit = std::min<milliseconds>(left, timeout_);
     pollfd entry = {socket_, events, 0};
     if (limit.count() <= 0 || Retry([&] { return ::poll(&entry, 1, static_cast<int>(limit.count())); }) <= 0)
-        FailNetwork("the server is silent");
+        FailNetwork("timed out");
 }
 
 }  // namespace platform::detail

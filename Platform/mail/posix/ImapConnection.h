@@ -1,6 +1,6 @@
-// ImapConnection: a logged-on connection to the server of incoming mail. libcurl resolves, connects, checks
-// the certificate and logs on; the commands are spoken here, since libcurl's own do not take apart answers
-// with literals in them.
+// ImapConnection: an authenticated connection to the IMAP server. libcurl resolves, connects, verifies the
+// certificate and logs on; commands are implemented here, since libcurl's do not parse responses with
+// literals.
 #pragma once
 
 #include "Platform/mail/posix/Curl.h"
@@ -17,12 +17,12 @@ namespace platform::detail {
 
 class ImapConnection {
   public:
-    /// Throws a `MailError` when the server cannot be had or refuses the user.
+    /// Throws a `MailError` if the server cannot be reached or refuses the user.
     explicit ImapConnection(MailAccount const& account);
 
-    /// Sends a command and returns the untagged responses to it, each without its "*". Throws a `MailError`:
-    /// `Server` when the server refuses the command, `Network` when it goes away, falls silent or says what
-    /// no server says; the connection is of no use then.
+    /// Sends a command and returns its untagged responses, each without its "*". Throws a `MailError`:
+    /// `Server` if the server refuses the command; `Network` if it disconnects, times out or sends a
+    /// malformed response, after which the connection is unusable.
     [[nodiscard]] std::vector<ImapValue> Command(std::string const& command);
 
   private:
@@ -30,7 +30,7 @@ class ImapConnection {
 
     void Send(std::string_view bytes, Clock::time_point deadline);
     [[nodiscard]] ImapValue Receive(Clock::time_point deadline);
-    /// Waits until the connection can be read from or written to.
+    /// Waits until the connection is readable or writable.
     void Wait(short events, Clock::time_point deadline);
 
     CurlHandle curl_;

@@ -15,7 +15,8 @@ bool EqualsIgnoreCase(std::string_view left, std::string_view right) noexcept {
     return left.size() == right.size() && g_ascii_strncasecmp(left.data(), right.data(), left.size()) == 0;
 }
 
-/// The count of a literal that a line ends with, "{12}"; none when it ends with something else.
+/// Returns the size of the literal announced at the end of a line, "{12}"; none if there is no such
+/// announcement.
 std::optional<std::size_t> LiteralAtEnd(std::string_view line) noexcept {
     std::size_t const open = line.rfind('{');
     if (!line.ends_with('}') || open == std::string_view::npos) return std::nullopt;
@@ -42,7 +43,7 @@ class Parser {
         return {ImapValue::Kind::Text, std::string(text), {}};
     }
 
-    /// Up to the end of the text, or to a ")" that belongs to somebody else.
+    /// Parses up to the end of the text or a ")" that closes an outer list.
     bool Items(ImapValue& list, int depth) {
         while (true) {
             while (rest_.starts_with(' ')) rest_.remove_prefix(1);
@@ -120,7 +121,7 @@ class Parser {
                std::ranges::any_of(states, [&](std::string_view state) { return list.items[1].Is(state); });
     }
 
-    /// Takes in the code in front of the prose; what is left to parse is nothing.
+    /// Adds the code before the prose; nothing after it is parsed.
     std::string_view Code(ImapValue& list) const {
         std::size_t const begin = rest_.find_first_not_of(' ');
         if (begin == std::string_view::npos || rest_[begin] != '[') return {};
@@ -139,7 +140,7 @@ ImapValue const& ImapValue::operator[](std::size_t index) const noexcept {
     return index < items.size() ? items[index] : Nothing;
 }
 
-ImapValue const& ImapValue::Behind(std::string_view name) const noexcept {
+ImapValue const& ImapValue::ValueOf(std::string_view name) const noexcept {
     for (std::size_t i = 0; i + 1 < items.size(); i += 2) {
         if (items[i].Is(name)) return items[i + 1];
     }

@@ -1,4 +1,4 @@
-// ImapResponse: what an IMAP server says, cut into responses and taken apart. The server may say anything.
+// ImapResponse: splits and parses the responses of an IMAP server, which are not trusted.
 #pragma once
 
 #include <cstddef>
@@ -18,37 +18,37 @@ struct ImapValue {
     std::vector<ImapValue> items;
 
     [[nodiscard]] bool IsList() const noexcept { return kind == Kind::List; }
-    /// The item of a list, or NIL.
+    /// Returns an item of a list, or NIL.
     [[nodiscard]] ImapValue const& operator[](std::size_t index) const noexcept;
-    /// What stands in a list of names and values behind `name`, without regard to case, or NIL.
-    [[nodiscard]] ImapValue const& Behind(std::string_view name) const noexcept;
-    /// Whether this is that text, without regard to case.
+    /// Returns the value after `name` in a list of names and values, ignoring case, or NIL.
+    [[nodiscard]] ImapValue const& ValueOf(std::string_view name) const noexcept;
+    /// Returns whether this is a text that equals `word`, ignoring case.
     [[nodiscard]] bool Is(std::string_view word) const noexcept;
 };
 
-/// The values of one response, literals in it and its line end taken off; none when it is malformed or nested
-/// more than `DeepestImapList` deep. An atom with brackets is one text, "BODY[1.2]<0>". Behind "OK", "NO",
-/// "BAD" and their like stands prose for people, which is left out but for a code in brackets in front of it.
+/// Parses one response, which includes its literals but not its line end. Returns none if it is malformed or
+/// nested deeper than `DeepestImapList`. An atom with brackets is one text, "BODY[1.2]<0>". The
+/// human-readable text after "OK", "NO", "BAD" and the like is dropped, except a code in brackets before it.
 inline constexpr int DeepestImapList = 250;
 [[nodiscard]] std::optional<ImapValue> ParseImap(std::string_view response);
 
-/// Cuts the bytes of a server into responses.
+/// Splits a server's bytes into responses.
 class ImapCutter {
   public:
-    /// The most that one response may hold.
+    /// The maximum size of one response, in bytes.
     static constexpr std::size_t LargestResponse = 8U << 20;
 
     void Add(std::string_view bytes) { buffer_ += bytes; }
-    /// The next whole response without the line end behind it, none while some of it is missing.
+    /// Returns the next complete response without its line end; none if it is incomplete.
     [[nodiscard]] std::optional<std::string> Next();
-    /// Whether the response that has begun holds too much.
+    /// Returns whether the current response exceeds the maximum.
     [[nodiscard]] bool IsOverfull() const noexcept {
         return isOverfull_ || buffer_.size() > 2 * LargestResponse;
     }
 
   private:
     std::string buffer_;
-    std::size_t scanned_ = 0;  // up to where the response that has begun is known to go on
+    std::size_t scanned_ = 0;  // the current response extends at least to here
     bool isOverfull_ = false;
 };
 

@@ -21,7 +21,7 @@ constexpr std::size_t LargestSettingsFile = 64U << 10;
 
 [[noreturn]] void Refuse(std::string const& words) { throw MailError(MailFault::Configuration, words); }
 
-/// The file's keys, each of which is asked for once, so that what is left over is known to be a mistake.
+/// The file's keys. Each is taken once, so that the remaining ones are known to be mistakes.
 class Settings {
   public:
     Settings(std::string const& text, std::string const& fileName)
@@ -34,7 +34,7 @@ class Settings {
         Refuse(fileName + ": " + words);
     }
 
-    /// Empty when there is none.
+    /// Returns an empty text if there is no such key.
     [[nodiscard]] std::string Take(char const* group, char const* key) {
         std::string value = TakeText(g_key_file_get_string(file_.get(), group, key, nullptr));
         g_key_file_remove_key(file_.get(), group, key, nullptr);
@@ -53,14 +53,14 @@ class Settings {
         auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
         bool const isNumber = text.empty() || (error == std::errc() && end == text.data() + text.size());
         if (!isNumber || number < least || number > most)
-            Fail(group, key, "is no number from " + std::to_string(least) + " to " + std::to_string(most));
+            Fail(group, key, "is not a number from " + std::to_string(least) + " to " + std::to_string(most));
         return number;
     }
 
-    void RefuseTheRest() {
+    void RefuseUnknownKeys() {
         for (std::string const& group : Taken(g_key_file_get_groups(file_.get(), nullptr))) {
             auto const keys = Taken(g_key_file_get_keys(file_.get(), group.c_str(), nullptr, nullptr));
-            if (!keys.empty()) Fail(group, keys.front(), "is not known");
+            if (!keys.empty()) Fail(group, keys.front(), "is unknown");
         }
     }
 
@@ -84,23 +84,23 @@ MailServer TakeServer(Settings& settings, char const* group, int tlsPort, int st
     MailServer server;
     server.host = settings.Need(group, "server");
     if (server.host.find_first_of("/@#?\\ ") != std::string::npos)
-        settings.Fail(group, "server", "is no name of a computer");
+        settings.Fail(group, "server", "is not a host name");
     std::string const security = settings.Take(group, "security");
     if (!security.empty() && security != "tls" && security != "starttls")
-        settings.Fail(group, "security", "is neither tls nor starttls");
+        settings.Fail(group, "security", "is unknown (choose from tls, starttls)");
     server.startTls = security == "starttls";
     server.port = settings.Number(group, "port", server.startTls ? startTlsPort : tlsPort, 1, 65535);
     return server;
 }
 
-/// The content of a file that nobody but the user can read or change.
+/// Returns the content of a file that only the user can read and write.
 std::string ReadPrivate(std::string const& path) {
     Descriptor const file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status {};
     if (!file || ::fstat(file.Number(), &status) != 0) Refuse(path + ": cannot be read");
-    if (!S_ISREG(status.st_mode)) Refuse(path + ": is no file");
+    if (!S_ISREG(status.st_mode)) Refuse(path + ": not a regular file");
     if (status.st_uid != ::geteuid()) Refuse(path + ": belongs to another user");
-    if ((status.st_mode & 077U) != 0) Refuse(path + ": others have access to it; its mode must be 0600");
+    if ((status.st_mode & 077U) != 0) Refuse(path + ": accessible to other users (set its mode to 0600)");
     std::string text(LargestSettingsFile, '\0');
     auto const count = Retry([&] { return ::read(file.Number(), text.data(), text.size()); });
     if (count < 0) Refuse(path + ": cannot be read");
@@ -120,7 +120,7 @@ MailAccount Parse(std::string const& text, std::string const& fileName, std::str
     account.password = settings.Take("account", "password");
     tokenFile = settings.Take("account", "token_file");
     if (account.password.empty() == tokenFile.empty())
-        settings.Fail("account", "password", "or \"token_file\" is needed, one of the two");
+        settings.Fail("account", "password", "or \"token_file\" is required, but not both");
     account.imap = TakeServer(settings, "imap", 993, 143);
     account.folder = settings.Take("imap", "folder");
     if (account.folder.empty()) account.folder = "INBOX";
@@ -129,7 +129,7 @@ MailAccount Parse(std::string const& text, std::string const& fileName, std::str
     account.timeoutSeconds = settings.Number("limits", "timeout", 30, 1, 600);
     account.largestMail = std::uint64_t{1024 * 1024} *
                           static_cast<unsigned>(settings.Number("limits", "largest_mail_mb", 50, 1, 2000));
-    settings.RefuseTheRest();
+    settings.RefuseUnknownKeys();
     return account;
 }
 
@@ -149,7 +149,7 @@ MailAccount LoadAccount(std::string const& fileName) {
     std::string tokenFile;
     MailAccount account = Parse(ReadPrivate(fileName), fileName, tokenFile);
     if (!tokenFile.empty()) account.token = FirstLine(ReadPrivate(tokenFile));
-    if (account.password.empty() && account.token.empty()) Refuse(tokenFile + ": holds no token");
+    if (account.password.empty() && account.token.empty()) Refuse(tokenFile + ": contains no token");
     return account;
 }
 

@@ -1,4 +1,4 @@
-// MailAccount: whose mail it is, and where it lies: one file that only its owner may read.
+// MailAccount: the user's mail account, read from a file that only its owner may read.
 #pragma once
 
 #include <cstdint>
@@ -6,11 +6,11 @@
 
 namespace platform::detail {
 
-/// Spoken to over TLS only.
+/// A mail server, used over TLS only.
 struct MailServer {
     std::string host;
     int port = 0;
-    bool startTls = false;  // TLS begins inside the connection, else with it
+    bool startTls = false;  // else TLS from the start of the connection
 };
 
 struct MailAccount {
@@ -27,15 +27,15 @@ struct MailAccount {
     std::uint64_t largestMail = 0;  // in bytes, to send or to fetch
 };
 
-/// The account in a text of "[group]" lines with "key=value" lines below them. Throws a `MailError` that
-/// names `fileName` and what is wrong: a key that is missing or not known, a value that makes no sense.
+/// Parses an account from "[group]" lines, each followed by "key=value" lines. Throws a `MailError` that
+/// names `fileName` and what is wrong: a missing or unknown key, or an invalid value.
 [[nodiscard]] MailAccount ParseAccount(std::string const& text, std::string const& fileName);
 
-/// Where the account's file is: what the environment names as KVMAIL_ACCOUNT, else "kvutils/mail.ini" in the
-/// folder for settings.
+/// Returns the path of the account's file: the environment variable KVMAIL_ACCOUNT, else "kvutils/mail.ini"
+/// in the folder for settings.
 [[nodiscard]] std::string AccountFile();
-/// The user's account. Throws a `MailError` too when the file, or the one that holds the token, is not the
-/// user's own or others have any access to it.
+/// Reads the account. Also throws a `MailError` if the file, or the token file, does not belong to the user
+/// or grants others any access.
 [[nodiscard]] MailAccount LoadAccount(std::string const& fileName);
 
 }  // namespace platform::detail

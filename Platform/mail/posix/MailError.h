@@ -1,5 +1,5 @@
-// MailError: why something with mail did not work, in words for the log and as a kind that each family of
-// entries has a number for.
+// MailError: a mail failure, with a message for the log and a kind that maps to the numbers of each family of
+// entries.
 #pragma once
 
 #include "Platform/mail/MailEntries.h"
@@ -12,17 +12,17 @@ namespace platform::detail {
 enum class MailFault : int {
     Configuration,  // the account's file
     Logon,          // the server refuses the user
-    Network,        // the server is not there, is not the one it should be, or went away
-    Server,         // the server refuses what it was asked to do
-    Recipient,      // none, or one that is no address
-    FileMissing,    // of a file to send
+    Network,        // the server is unreachable, is not authentic, or disconnected
+    Server,         // the server refuses a command
+    Recipient,      // missing, or not an address
+    FileMissing,    // a file to send
     FileUnreadable,
-    FileUnwritable,  // of a file that came in
+    FileUnwritable,  // a received file
     TooLarge,
-    NoMessage  // no such message, any more
+    NoMessage  // there is no such message
 };
 
-/// Words never hold a password or a token.
+/// The message never contains a password or a token.
 class MailError : public std::runtime_error {
   public:
     MailError(MailFault fault, std::string const& words) : std::runtime_error(words), fault_(fault) {}
@@ -36,7 +36,7 @@ class MailError : public std::runtime_error {
 [[nodiscard]] ULONG CmcCode(MailFault fault) noexcept;
 [[nodiscard]] ULONG MapiCode(MailFault fault) noexcept;
 
-/// Adds a line to the file that the environment names as KVMAIL_LOG, if it names one.
+/// Appends a line to the file that the environment variable KVMAIL_LOG names, if it is set.
 void WriteLog(std::string const& line) noexcept;
 
 }  // namespace platform::detail

@@ -10,13 +10,13 @@ namespace platform::detail {
 
 namespace {
 
-/// One header value with the parameters of a list, to be decoded as those of a header are.
+/// Builds a header value from a list of parameters, to be parsed as a real header.
 std::string HeaderWith(ImapValue const& parameters) {
     std::string header = "attachment";
     for (std::size_t i = 0; i + 1 < parameters.items.size(); i += 2) {
         std::string const& key = parameters[i].text;
         header += "; " + key + '=';
-        // Extended values stand without quotes, and hold nothing that would need them.
+        // Extended values are not quoted, and contain nothing that requires it.
         header += key.ends_with('*') ? parameters[i + 1].text : Quoted(parameters[i + 1].text);
     }
     return header;
@@ -29,7 +29,7 @@ std::string Parameter(ImapValue const& parameters, char const* name) {
     return TextOrEmpty(g_mime_content_disposition_get_parameter(header.get(), name));
 }
 
-/// A part that has no parts of its own. The places of its fields are those of RFC 3501, 7.4.2.
+/// A part without parts of its own. The positions of its fields are defined by RFC 3501, 7.4.2.
 class Leaf {
   public:
     Leaf(ImapValue const& fields, std::string section) : fields_(fields), section_(std::move(section)) {}
@@ -64,7 +64,7 @@ class Leaf {
     std::string section_;
 };
 
-/// Numbers the parts of a multipart message and calls `visit` with each leaf, in their order.
+/// Calls `visit` for each leaf of a multipart message in order, with its section number.
 template <class Visit>
 void ForEachLeaf(ImapValue const& part, std::string const& section, Visit const& visit) {
     if (part.items.empty()) return;
@@ -75,7 +75,7 @@ void ForEachLeaf(ImapValue const& part, std::string const& section, Visit const&
     }
 }
 
-/// A character set's bytes in UTF-8; Windows-1252 where it is unknown or does not fit.
+/// Converts bytes of a character set to UTF-8, as Windows-1252 if the set is unknown or does not fit.
 std::string Utf8From(std::string const& bytes, std::string const& charset) {
     char const* const known = g_mime_charset_iconv_name(charset.empty() ? "us-ascii" : charset.c_str());
     gsize size = 0;
@@ -90,7 +90,7 @@ GOwned<GMimeMessage> ParseHeader(std::string_view header) {
     return OwnObject(g_mime_parser_construct_message(parser.get(), nullptr));
 }
 
-/// The first mailbox of a list, in groups too.
+/// Returns the first mailbox of a list, null if there is none at its top level.
 InternetAddressMailbox* FirstMailbox(InternetAddressList* list) {
     for (int i = 0; i < internet_address_list_length(list); ++i) {
         InternetAddress* const address = internet_address_list_get_address(list, i);

@@ -1,5 +1,5 @@
-// MailParts: what a message is made of, as its server describes it, so that its files can be listed without
-// being fetched; and the decoding of a part.
+// MailParts: the structure of a message as its server describes it, so that files are listed without being
+// fetched; and the decoding of a part.
 #pragma once
 
 #include "Platform/mail/posix/ImapResponse.h"
@@ -13,25 +13,25 @@
 namespace platform::detail {
 
 struct MailPart {
-    std::string section;  // its number by which the server knows it, "1.2"
+    std::string section;  // the server's number of the part, "1.2"
     std::string encoding;
     std::string charset;
-    std::string fileName;  // safe, in Windows-1252, unlike those of the other parts; empty for a text
+    std::string fileName;  // safe, unique in the message, in Windows-1252; empty for a text
 };
 
-/// The text that a person reads first, and the files, of a message.
+/// The main text and the files of a message.
 struct MailParts {
     std::optional<MailPart> text;
     std::vector<MailPart> files;
 };
 
-/// From a BODYSTRUCTURE. The text is the first one that is no file, plain rather than HTML. A file is what
-/// has a name or is to be shown apart, and whatever else is no text; an attached message is one file. More
-/// than `MostMailFiles` files are left out.
+/// Derives the parts from a BODYSTRUCTURE. The text is the first part that is not a file, plain text before
+/// HTML. A part is a file if it has a name, is marked as an attachment or is not a text; an attached message
+/// is one file. Files beyond `MostMailFiles` are omitted.
 inline constexpr std::size_t MostMailFiles = 200;
 [[nodiscard]] MailParts PartsOf(ImapValue const& structure);
 
-/// A part's bytes without their encoding for transport, in pieces.
+/// Decodes the transfer encoding of a part, in pieces.
 class PartDecoder {
   public:
     explicit PartDecoder(std::string const& encoding);
@@ -40,7 +40,7 @@ class PartDecoder {
     ~PartDecoder();
 
     [[nodiscard]] std::string Step(std::string_view bytes);
-    /// What is left in the end.
+    /// Returns the remaining bytes.
     [[nodiscard]] std::string Finish();
 
   private:
@@ -48,16 +48,14 @@ class PartDecoder {
     std::unique_ptr<State> state_;
 };
 
-/// A text, decoded, in UTF-8 and with LF at the end of its lines; what its character set does not have
-/// becomes
-/// "?".
+/// Decodes a text into UTF-8 with LF line ends; bytes that its character set does not define become "?".
 [[nodiscard]] std::string DecodeText(std::string_view bytes, std::string const& encoding,
                                      std::string const& charset);
 
-/// The head of a message in Windows-1252.
+/// The header fields of a message, in Windows-1252.
 struct MailHead {
     std::string subject;
-    std::string senderName;  // the address where there is no name
+    std::string senderName;  // the address if there is no name
     std::string senderAddress;
 };
 [[nodiscard]] MailHead ParseHead(std::string_view header);

@@ -7,7 +7,7 @@ namespace platform::detail {
 
 namespace {
 
-/// "name/address". The first "/" divides them, so that the name has none.
+/// Returns "name/address". The first "/" separates them, so the name must not contain one.
 std::string SenderOf(MailHead const& head) {
     std::string name = head.senderName;
     std::ranges::replace(name, '/', '-');

@@ -1,4 +1,4 @@
-// MailRecord: a message in the form that the entries hand out, which owns all that it points to.
+// MailRecord: a message in the form that the entries return; owns everything it points to.
 #pragma once
 
 #include "Platform/mail/MailEntries.h"

@@ -32,13 +32,13 @@ std::vector<OutgoingFile> FilesFrom(std::string_view filePaths, std::string_view
     return files;
 }
 
-/// The content of a file. `room` is what a mail has left for it.
+/// Returns the content of a file, and subtracts its size from `room`, the remaining size of the mail.
 std::string ReadFile(std::string const& path, std::uint64_t& room) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error))
         throw MailError(MailFault::FileMissing, path + ": no such file");
     std::uint64_t const size = std::filesystem::file_size(path, error);
-    if (!error && size > room) throw MailError(MailFault::TooLarge, path + ": too large for a mail");
+    if (!error && size > room) throw MailError(MailFault::TooLarge, path + ": file too large for a mail");
     std::ifstream file(path, std::ios::binary);
     std::string content(size, '\0');
     if (error || !file.read(content.data(), static_cast<std::streamsize>(size)))
@@ -71,7 +71,7 @@ GOwned<GMimePart> FilePart(OutgoingFile const& file, std::uint64_t& room) {
     return part;
 }
 
-void SetPeople(GMimeMessage* message, MailAccount const& account, OutgoingMail const& mail) {
+void SetAddresses(GMimeMessage* message, MailAccount const& account, OutgoingMail const& mail) {
     g_mime_message_add_mailbox(message, GMIME_ADDRESS_TYPE_FROM, account.name.c_str(),
                                account.address.c_str());
     for (Recipient const& recipient : mail.recipients) {
@@ -82,7 +82,7 @@ void SetPeople(GMimeMessage* message, MailAccount const& account, OutgoingMail c
 }
 
 void SetHead(GMimeMessage* message, MailAccount const& account, OutgoingMail const& mail) {
-    SetPeople(message, account, mail);
+    SetAddresses(message, account, mail);
     g_mime_message_set_subject(message, mail.subject.c_str(), "utf-8");
     std::unique_ptr<GDateTime, decltype(&g_date_time_unref)> const now(g_date_time_new_now_local(),
                                                                        &g_date_time_unref);
@@ -124,10 +124,10 @@ OutgoingMail MailFrom(std::string_view recipients, std::string_view subject, std
     OutgoingMail mail;
     for (std::string const& entry : SplitList(recipients, delimiter)) {
         auto recipient = ParseRecipient(Utf8FromAnsi(entry));
-        if (!recipient) throw MailError(MailFault::Recipient, "no mail address: " + entry);
+        if (!recipient) throw MailError(MailFault::Recipient, "not a mail address: " + entry);
         mail.recipients.push_back(std::move(*recipient));
     }
-    if (mail.recipients.empty()) throw MailError(MailFault::Recipient, "nobody to send to");
+    if (mail.recipients.empty()) throw MailError(MailFault::Recipient, "no recipients");
     mail.subject = Utf8FromAnsi(subject);
     std::ranges::replace_if(
         mail.subject, [](unsigned char c) { return c < ' '; }, ' ');
@@ -149,7 +149,7 @@ std::string Compose(MailAccount const& account, OutgoingMail const& mail) {
     g_mime_message_set_mime_part(message.get(),
                                  mail.files.empty() ? GMIME_OBJECT(text.get()) : GMIME_OBJECT(whole.get()));
     std::string printed = Printed(message.get());
-    if (printed.size() > account.largestMail) throw MailError(MailFault::TooLarge, "the mail is too large");
+    if (printed.size() > account.largestMail) throw MailError(MailFault::TooLarge, "mail too large");
     return printed;
 }
 

@@ -1,4 +1,4 @@
-// MailSending: a mail with files, put together and handed to the server of outgoing mail.
+// MailSending: composes a mail with files and sends it by SMTP.
 #pragma once
 
 #include "Platform/mail/posix/MailAccount.h"
@@ -21,17 +21,18 @@ struct OutgoingMail {
     std::vector<OutgoingFile> files;
 };
 
-/// From what crosses the entries: lists in Windows-1252 with a delimiter between their entries. Names count
-/// only where there is one for each path. Throws a `MailError` for a recipient that is no address, or none.
+/// Builds a mail from the parameters of the entries: lists in Windows-1252 with a delimiter. Names are used
+/// only if there is one for each path. Throws a `MailError` if a recipient is not an address, or there is
+/// none.
 [[nodiscard]] OutgoingMail MailFrom(std::string_view recipients, std::string_view subject,
                                     std::string_view text, std::string_view filePaths,
                                     std::string_view fileNames, std::string_view delimiter);
 
-/// The mail as it is sent, with CR LF, in seven bits. Recipients of a blind copy are not in it. Throws a
-/// `MailError` when a file cannot be read, or all is larger than the account allows.
+/// Returns the mail as sent: CR LF line ends, 7-bit characters, without the recipients of a blind copy.
+/// Throws a `MailError` if a file cannot be read or the mail is larger than the account allows.
 [[nodiscard]] std::string Compose(MailAccount const& account, OutgoingMail const& mail);
 
-/// Throws a `MailError` when the server does not take it for every recipient.
+/// Sends the mail. Throws a `MailError` if the server does not accept it for every recipient.
 void Send(MailAccount const& account, OutgoingMail const& mail);
 
 }  // namespace platform::detail

@@ -19,7 +19,7 @@ std::uint32_t NumberOf(std::string_view text) noexcept {
     return number;
 }
 
-/// The part of a message among its items, "BODY[...] bytes".
+/// Returns the body part among the items of a message, "BODY[...] bytes".
 std::string const& BodyAmong(ImapValue const& items) {
     static std::string const none;
     for (std::size_t i = 0; i + 1 < items.items.size(); i += 2) {
@@ -62,7 +62,7 @@ std::vector<ImapValue> MailStore::Command(std::string const& command) {
         if (isNew) throw;
         WriteLog(error.what());
     }
-    // Servers hang up on who says nothing for a while, and every command here may be said twice.
+    // Servers disconnect idle clients, and every command used here may be repeated.
     std::uint32_t const before = validity_;
     Connect();
     if (validity_ != before) throw MailError(MailFault::NoMessage, "IMAP: the folder has changed");
@@ -78,7 +78,7 @@ std::optional<MessageNumber> MailStore::FindNext(std::optional<MessageNumber> co
         RequireValid(*seed);
     } else {
         uids_.clear();
-        static_cast<void>(Command("NOOP"));  // after which a search sees what has come in
+        static_cast<void>(Command("NOOP"));  // lets the search see new messages
         for (ImapValue const& answer : Command("UID SEARCH UNDELETED")) {
             if (!answer[0].Is("SEARCH")) continue;
             for (std::size_t i = 1; i < answer.items.size(); ++i) uids_.push_back(NumberOf(answer[i].text));
@@ -96,9 +96,9 @@ StoredMail MailStore::Fetch(MessageNumber const& number, FetchExtent extent, boo
         number.uid, std::string("INTERNALDATE BODYSTRUCTURE BODY") + (peek ? ".PEEK" : "") + HeadItem);
     StoredMail mail;
     mail.head = ParseHead(BodyAmong(items));
-    mail.received = ReceivedDate(items.Behind("INTERNALDATE").text);
+    mail.received = ReceivedDate(items.ValueOf("INTERNALDATE").text);
     if (extent == FetchExtent::Head) return mail;
-    MailParts const parts = PartsOf(items.Behind("BODYSTRUCTURE"));
+    MailParts const parts = PartsOf(items.ValueOf("BODYSTRUCTURE"));
     if (parts.text) mail.text = FetchText(number.uid, *parts.text);
     if (extent == FetchExtent::Files) {
         mail.files = FetchFiles(number, parts.files);
@@ -113,13 +113,13 @@ void MailStore::Delete(MessageNumber const& number) {
     std::string const uid = std::to_string(number.uid);
     bool isThere = false;
     for (ImapValue const& answer : Command("UID STORE " + uid + " +FLAGS (\\Deleted)"))
-        isThere = isThere || (answer[1].Is("FETCH") && answer[2].Behind("UID").Is(uid));
+        isThere = isThere || (answer[1].Is("FETCH") && answer[2].ValueOf("UID").Is(uid));
     if (!isThere) throw MailError(MailFault::NoMessage, "IMAP: no message " + uid);
     try {
         static_cast<void>(Command("UID EXPUNGE " + uid));
     } catch (MailError const& error) {
-        // A server without this command keeps the message marked, which hides it here. A plain EXPUNGE would
-        // take along what others have marked.
+        // A server without this command keeps the message marked as deleted, which hides it here. A plain
+        // EXPUNGE would also remove messages that other clients have marked.
         if (error.Fault() != MailFault::Server) throw;
     }
 }
@@ -127,7 +127,7 @@ void MailStore::Delete(MessageNumber const& number) {
 ImapValue MailStore::FetchItems(std::uint32_t uid, std::string const& items) {
     std::string const number = std::to_string(uid);
     for (ImapValue& answer : Command("UID FETCH " + number + " (UID " + items + ')')) {
-        if (answer[1].Is("FETCH") && answer[2].Behind("UID").Is(number)) return std::move(answer.items[2]);
+        if (answer[1].Is("FETCH") && answer[2].ValueOf("UID").Is(number)) return std::move(answer.items[2]);
     }
     throw MailError(MailFault::NoMessage, "IMAP: no message " + number);
 }
@@ -160,7 +160,7 @@ void MailStore::FetchFile(std::uint32_t uid, MailPart const& part, NewFile& file
         ImapValue const items = FetchItems(uid, Range(part, begin, Chunk));
         std::string const& bytes = BodyAmong(items);
         count = bytes.size();
-        if (count > room) throw MailError(MailFault::TooLarge, "the files of the mail are too large");
+        if (count > room) throw MailError(MailFault::TooLarge, "files of the mail too large");
         room -= count;
         file.Write(decoder.Step(bytes));
     }

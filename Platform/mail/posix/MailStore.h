@@ -1,5 +1,4 @@
-// MailStore: the user's incoming mail on its server. A connection that was lost while nothing was asked is
-// made anew by the next question.
+// MailStore: the user's incoming mail on the IMAP server. Reconnects if the connection was lost while idle.
 #pragma once
 
 #include "Platform/mail/posix/ImapConnection.h"
@@ -16,15 +15,15 @@
 
 namespace platform::detail {
 
-/// What of a message is fetched.
+/// The extent of a message to fetch.
 enum class FetchExtent : int { Head, Text, Files };
 
 struct StoredFile {
-    std::string name;  // in Windows-1252, as is the path
-    std::string path;  // empty as long as the file has not been fetched
+    std::string name;  // in Windows-1252, like the path
+    std::string path;  // empty if the file has not been fetched
 };
 
-/// A message, its texts in Windows-1252.
+/// A message, with its texts in Windows-1252.
 struct StoredMail {
     MailHead head;
     std::string received;  // "YYYY/MM/DD HH:MM"
@@ -32,31 +31,32 @@ struct StoredMail {
     std::vector<StoredFile> files;
 };
 
-/// Operations throw a `MailError`.
+/// All operations throw a `MailError` on failure.
 class MailStore {
   public:
-    /// The most of a text that is fetched, in bytes as they are sent.
+    /// The maximum size of a text to fetch, in encoded bytes; longer texts are cut.
     static constexpr std::size_t LongestText = 1U << 20;
 
-    /// Logs on by the account in this file, which is read anew for each connection: a token in it may be.
+    /// Logs on with the account in this file, which is read again for each connection, since its token may be
+    /// renewed.
     explicit MailStore(std::string accountFile);
 
-    /// The message that came in next after `seed`. The messages are counted anew where there is no seed.
+    /// Returns the message that arrived after `seed`. Without a seed the list of messages is updated and its
+    /// first one returned.
     [[nodiscard]] std::optional<MessageNumber> FindNext(std::optional<MessageNumber> const& seed);
-    /// Does not mark the message as read when `peek` is set. Files are written into a private folder, which
-    /// stays as long as the store; for any other extent nothing is written, and nothing of the files' content
-    /// fetched.
+    /// Marks the message as read unless `peek` is set. Writes files into a private folder, which exists as
+    /// long as the store; any other extent neither writes nor fetches files.
     [[nodiscard]] StoredMail Fetch(MessageNumber const& number, FetchExtent extent, bool peek);
-    /// Moves nothing to a folder for deleted mail.
+    /// Deletes the message for good, without a copy in a folder for deleted mail.
     void Delete(MessageNumber const& number);
 
   private:
     void Connect();
-    /// The folder's messages have new numbers from here on.
+    /// Opens the folder, which may renumber its messages.
     void Select();
     [[nodiscard]] std::vector<ImapValue> Command(std::string const& command);
     void RequireValid(MessageNumber const& number) const;
-    /// The items of one message.
+    /// Fetches the items of one message.
     [[nodiscard]] ImapValue FetchItems(std::uint32_t uid, std::string const& items);
     [[nodiscard]] std::string FetchText(std::uint32_t uid, MailPart const& part);
     [[nodiscard]] std::vector<StoredFile> FetchFiles(MessageNumber const& number,

@@ -21,7 +21,7 @@ std::string_view Trim(std::string_view text) {
 
 bool IsControl(char character) { return static_cast<unsigned char>(character) < 0x20 || character == 0x7F; }
 
-/// Takes a prefix off, in any case of letters.
+/// Removes a prefix, in any case.
 bool TakePrefix(std::string_view& text, std::string_view prefix) {
     if (text.size() < prefix.size() || g_ascii_strncasecmp(text.data(), prefix.data(), prefix.size()) != 0)
         return false;
@@ -45,7 +45,8 @@ std::array<std::string, 128> MakeUpperHalf() {
     return half;
 }
 
-/// Where the extension begins, its dot included; the end when there is none worth keeping.
+/// Returns the position of the extension including its dot; the length of the name if there is none worth
+/// keeping.
 std::size_t ExtensionBegin(std::string_view name) {
     std::size_t const dot = name.rfind('.');
     return dot == std::string_view::npos || dot == 0 || name.size() - dot > 16 ? name.size() : dot;

@@ -1,5 +1,5 @@
-// PrivateFolder: where the files of mails go: a folder that only the user can enter, gone with everything in
-// it when its owner goes.
+// PrivateFolder: a folder for received files that only the user can access, removed with its content by the
+// destructor.
 #pragma once
 
 #include "Platform/posix/Descriptor.h"
@@ -12,21 +12,21 @@ namespace platform::detail {
 
 class PrivateFolder {
   public:
-    /// Below the folder for temporary files. Throws a `MailError`.
+    /// Creates the folder in the folder for temporary files. Throws a `MailError`.
     PrivateFolder();
     PrivateFolder(PrivateFolder const&) = delete;
     PrivateFolder& operator=(PrivateFolder const&) = delete;
     ~PrivateFolder();
 
-    /// A folder in it, made when it is not there. Throws a `MailError`.
+    /// Returns a subfolder, created if necessary. Throws a `MailError`.
     [[nodiscard]] std::filesystem::path Folder(std::string const& name) const;
 
   private:
     std::filesystem::path path_;
 };
 
-/// A file that is being written; without `Keep` it goes again. Throws a `MailError` where it cannot be
-/// written.
+/// A file being written, which the destructor removes unless `Keep` was called. Throws a `MailError` if it
+/// cannot be written.
 class NewFile {
   public:
     explicit NewFile(std::filesystem::path path);
