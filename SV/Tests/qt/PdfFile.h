@@ -1,4 +1,4 @@
-// What other programs read out of a PDF file: those of poppler.
+// A PDF file as the programs of poppler read it.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@
 
 namespace sv::qt::tests {
 
-/// What the program prints; it has to end well.
+/// Runs a program, which must succeed, and returns its output.
 [[nodiscard]] inline QString OutputOf(QString const& program, QStringList const& arguments) {
     QProcess process;
     process.start(program, arguments);
@@ -39,23 +39,20 @@ class PdfFile {
                                       QRegularExpression::MultilineOption);
         return line.match(OutputOf("pdfinfo", {path_})).captured(1).trimmed();
     }
-    /// The words in the order that they stand in the file.
+    /// The words in the order of the file.
     [[nodiscard]] QStringList Words() const {
         return OutputOf("pdftotext", {"-raw", path_, "-"})
             .split(QRegularExpression("\\s+"), Qt::SkipEmptyParts);
     }
-    /// How far a word begins from the left edge of its page, in points; negative where it is not found.
-    [[nodiscard]] double LeftOf(QString const& word) const {
-        QRegularExpression const entry("xMin=\"([0-9.]+)\"[^>]*>" + QRegularExpression::escape(word) + "<");
-        auto const match = entry.match(OutputOf("pdftotext", {"-bbox", path_, "-"}));
-        return match.hasMatch() ? match.captured(1).toDouble() : -1;
-    }
-    /// The first page, a pixel for each tenth of a millimetre.
+    /// The left or right edge of a word on its page, in points; -1 if the word is not found.
+    [[nodiscard]] double LeftOf(QString const& word) const { return EdgeOf(word, "xMin"); }
+    [[nodiscard]] double RightOf(QString const& word) const { return EdgeOf(word, "xMax"); }
+    /// The first page with a pixel per tenth of a millimetre.
     [[nodiscard]] QImage Picture() const {
         static_cast<void>(OutputOf("pdftoppm", {"-r", "254", "-png", "-singlefile", path_, path_}));
         return QImage(path_ + ".png");
     }
-    /// Of those that are not in the file, in part and with the characters that their shapes stand for.
+    /// The fonts that are not embedded as subsets with a map to Unicode.
     [[nodiscard]] QStringList IncompleteFonts() const {
         static QRegularExpression const complete(" yes +yes +yes ");
         QStringList const lines = OutputOf("pdffonts", {path_}).split('\n', Qt::SkipEmptyParts).mid(2);
@@ -67,6 +64,13 @@ class PdfFile {
     }
 
   private:
+    [[nodiscard]] double EdgeOf(QString const& word, char const* edge) const {
+        QRegularExpression const entry(edge + QString("=\"([0-9.]+)\"[^>]*>") +
+                                       QRegularExpression::escape(word) + "<");
+        auto const match = entry.match(OutputOf("pdftotext", {"-bbox", path_, "-"}));
+        return match.hasMatch() ? match.captured(1).toDouble() : -1;
+    }
+
     QString path_;
 };
 

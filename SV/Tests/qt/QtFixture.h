@@ -1,4 +1,4 @@
-// A window on the screen and the events of a person, for tests.
+// A window on the screen, and the actions of a user, for tests.
 #pragma once
 
 #include "SV/core/Application.h"
@@ -21,14 +21,14 @@ namespace sv::qt::tests {
 
 [[nodiscard]] inline QWidget& WidgetOf(Window const& window) { return QtWindow::Of(window).Widget(); }
 
-/// What a window shows, a pixel of the picture for one of the window on a screen of any density.
+/// Renders a window, one pixel per pixel of the window on a screen of any density.
 [[nodiscard]] inline QImage PictureOf(Window const& window) {
     QImage picture(WidgetOf(window).size(), QImage::Format_RGB32);
     WidgetOf(window).render(&picture);
     return picture;
 }
 
-/// Turns the loop until the condition holds; false when it did not within ten seconds.
+/// Runs the loop until the condition holds; false if it does not within ten seconds.
 [[nodiscard]] inline bool RunUntil(std::function<bool()> const& condition) {
     for (int turn = 0; turn < 2000; ++turn) {
         if (condition()) return true;
@@ -37,7 +37,7 @@ namespace sv::qt::tests {
     return condition();
 }
 
-/// Notes which link was called.
+/// Records which links were called.
 struct Notes {
     std::string log;
 
@@ -53,15 +53,15 @@ struct Notes {
     [[nodiscard]] std::string Take() { return std::exchange(log, {}); }
 };
 
-/// What a person does one thing after another while the program waits in loops of its own: each as soon as
-/// its condition holds.
+/// The actions of a user while the program waits in nested loops: each is taken as soon as its condition
+/// holds.
 class Person {
   public:
     Person() {
         timer_.callOnTimeout([this] { Act(); });
         timer_.start(5);
     }
-    ~Person() { EXPECT_TRUE(acts_.empty()) << "what was waited for did not come"; }
+    ~Person() { EXPECT_TRUE(acts_.empty()) << "a condition did not come true"; }
     Person(Person const&) = delete;
     Person& operator=(Person const&) = delete;
 

@@ -8,7 +8,6 @@
 #include <string>
 
 namespace sv::qt::tests {
-
 namespace {
 
 class QtWindowTest : public QtTest {};
@@ -18,7 +17,7 @@ std::string Describe(MouseEvent const& event) {
     return std::to_string(place.X()) + ',' + std::to_string(place.Y()) + (event.IsLeft() ? "* " : " ");
 }
 
-// An area that notes what it is told.
+// An area that logs its events.
 class Noted final : public Window {
   public:
     using Window::Window;
@@ -36,7 +35,7 @@ class Noted final : public Window {
     Rectangle painted;
 };
 
-TEST_F(QtWindowTest, AnAreaIsPaintedAndTold) {
+TEST_F(QtWindowTest, PaintsAnAreaAndReportsTheMouse) {
     Noted area(&frame);
     area.ChangeBackgroundBrush(Brush(Color(0, 0, 0xFFFF)));
     Place(area, {20, 20}, {50, 40});
@@ -45,7 +44,7 @@ TEST_F(QtWindowTest, AnAreaIsPaintedAndTold) {
     EXPECT_EQ(area.painted.BottomRight(), Point(49, 39));
     EXPECT_EQ(picture.pixelColor(21, 21), QColor(Qt::red));
     EXPECT_EQ(picture.pixelColor(20, 20), QColor(Qt::blue));
-    EXPECT_EQ(picture.pixelColor(70, 60), QColor(Qt::white)) << "the frame's ground";
+    EXPECT_EQ(picture.pixelColor(70, 60), QColor(Qt::white)) << "the background of the frame";
 
     area.log = "";
     QWindow* const window = WidgetOf(frame).windowHandle();
@@ -67,7 +66,7 @@ TEST_F(QtWindowTest, AnAreaIsPaintedAndTold) {
     EXPECT_EQ(area.log, "move -8,72 ");
 }
 
-TEST_F(QtWindowTest, ThePersonChangesTheSizeAndCloses) {
+TEST_F(QtWindowTest, TheUserResizesMovesAndCloses) {
     Noted window(nullptr);
     window.SetPosSizePixel({50, 60}, {100, 80});
     window.Show();
@@ -83,7 +82,7 @@ TEST_F(QtWindowTest, ThePersonChangesTheSizeAndCloses) {
     EXPECT_TRUE(WidgetOf(window).isVisible()) << "the program decides";
 }
 
-/// A window that goes when its button is pressed.
+/// A window that is destroyed when its button is pressed.
 struct Leaving {
     std::unique_ptr<Window> window = std::make_unique<Window>(nullptr);
     std::unique_ptr<PushButton> button = std::make_unique<PushButton>(window.get());
@@ -91,13 +90,12 @@ struct Leaving {
     long Go(void* /*sender*/) {
         button = nullptr;
         window = nullptr;
-        // The loop may run on before the press is over.
-        Application::Reschedule();
+        Application::Reschedule();  // Qt has not finished the press
         return 0;
     }
 };
 
-TEST_F(QtWindowTest, WindowsMayGoInTheirOwnHandlers) {
+TEST_F(QtWindowTest, WindowsMayBeDestroyedInTheirHandlers) {
     Leaving leaving;
     leaving.button->ChangeClickHdl(Link::To<&Leaving::Go>(leaving));
     leaving.button->Show();
@@ -105,7 +103,7 @@ TEST_F(QtWindowTest, WindowsMayGoInTheirOwnHandlers) {
     QPointer<QWidget> const widget = &WidgetOf(*leaving.button);
     QTest::mouseClick(widget, Qt::LeftButton);
     EXPECT_EQ(leaving.window, nullptr);
-    EXPECT_TRUE(RunUntil([&] { return widget.isNull(); })) << "and Qt's side with them";
+    EXPECT_TRUE(RunUntil([&] { return widget.isNull(); })) << "the widget is deleted too";
 
     auto parent = std::make_unique<Window>(nullptr);
     Edit child(parent.get());
@@ -113,7 +111,7 @@ TEST_F(QtWindowTest, WindowsMayGoInTheirOwnHandlers) {
     child.SetText("outlives its parent");
 }
 
-TEST_F(QtWindowTest, BoxesAskThePerson) {
+TEST_F(QtWindowTest, BoxesReturnTheButtonPressed) {
     struct Row {
         WinBits style;
         QMessageBox::StandardButton pressed;
@@ -138,14 +136,9 @@ TEST_F(QtWindowTest, BoxesAskThePerson) {
                 QTest::mouseClick(static_cast<QWidget*>(box->button(row.pressed)), Qt::LeftButton);
             }
         });
-        EXPECT_EQ(MessBox(&frame, row.style, "",
-                          "Gr\xF6\xDF"
-                          "e?")
-                      .Execute(),
-                  row.answer);
+        EXPECT_EQ(MessBox(&frame, row.style, "", "Gr\xF6\xDF\x65?").Execute(), row.answer);
     }
 }
 
 }  // namespace
-
 }  // namespace sv::qt::tests

@@ -1,4 +1,4 @@
-// The Qt tests' main program: without a display, unless the environment names a platform of Qt's.
+// The main program of the Qt tests. Runs without a display, unless the environment names a Qt platform.
 #include "SV/qt/QtBackend.h"
 
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 #include <QByteArray>
 
 #ifdef __SANITIZE_ADDRESS__
-// The fonts that a text has been looked for in stay with fontconfig.
+// fontconfig keeps the fonts that were searched for a text.
 // NOLINTNEXTLINE(bugprone-reserved-identifier)
 extern "C" char const* __lsan_default_suppressions() { return "leak:libfontconfig\n"; }
 #endif

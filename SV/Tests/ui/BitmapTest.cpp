@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace sv {
-
 namespace {
 
 TEST(BitmapTest, CutsPastesAndBlends) {
@@ -19,5 +18,4 @@ TEST(BitmapTest, CutsPastesAndBlends) {
 }
 
 }  // namespace
-
 }  // namespace sv
