@@ -72,7 +72,11 @@ if(WIN32)
 else()
   list(FILTER library_tests EXCLUDE REGEX "/win32/")
 endif()
-add_executable(KVUtilsTests cmake/tests/TestMain.cpp Platform/Tests/DdeEndpoint.cpp ${library_tests})
+# A fuzzer's comparison with its model, also run with fixed seeds.
+set_source_files_properties(Fuzz/messaging/MyMemoryBlockFuzz.cpp PROPERTIES
+  COMPILE_DEFINITIONS LLVMFuzzerTestOneInput=CompareMyMemoryBlockWithModel)
+add_executable(KVUtilsTests cmake/tests/TestMain.cpp Platform/Tests/DdeEndpoint.cpp
+               Fuzz/messaging/MyMemoryBlockFuzz.cpp ${library_tests})
 target_link_libraries(KVUtilsTests PRIVATE KVUtils::KVUtils StaticInitProbe GTest::gtest ${LCMS2_LIBRARY} kvutils_options)
 target_compile_definitions(KVUtilsTests PRIVATE
   KV_TEXTS="${PROJECT_SOURCE_DIR}/Apps/LNG"

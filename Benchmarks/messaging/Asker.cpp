@@ -27,7 +27,7 @@ std::string ReadLine(int descriptor) {
     return line;
 }
 
-// Ends a service before its program does.
+// Destroys a service before the program exits.
 template <class Singleton>
 void Discard(Singleton* singleton) {
     kv::KVSingleton::Remove(singleton);
@@ -49,7 +49,7 @@ Peer::Peer(std::string const& program, std::vector<std::string> arguments) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, output[1], STDOUT_FILENO);
-    // The bus daemon complains where it must make do with the descriptors that it is given.
+    // The bus daemon complains when the limit of descriptors is low.
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
     int const error = posix_spawnp(&id_, program.c_str(), &actions, nullptr, pointers.data(), environ);
     posix_spawn_file_actions_destroy(&actions);

@@ -1,4 +1,4 @@
-// The side of the message benchmarks that asks: its peers, its processor, its place among them.
+// The asking side of the message benchmarks: its peers, its processor, its meeting place.
 #pragma once
 
 #include "Platform/Tests/RuntimeDirectory.h"
@@ -13,18 +13,18 @@
 
 namespace bench {
 
-/// A program that lives as long as this, started and ready to be asked.
+/// A program, started and ready to be asked, which is killed by the destructor.
 class Peer {
   public:
-    /// A BenchPeer in this role.
+    /// Starts a BenchPeer in this role.
     explicit Peer(std::vector<std::string> role);
-    /// Another program by its name.
+    /// Starts another program by its name.
     Peer(std::string const& program, std::vector<std::string> arguments);
     Peer(Peer const&) = delete;
     Peer& operator=(Peer const&) = delete;
     ~Peer();
 
-    /// What it said when it was ready.
+    /// The line that it printed when it was ready.
     [[nodiscard]] std::string const& FirstLine() const noexcept { return firstLine_; }
 
   private:
@@ -32,8 +32,8 @@ class Peer {
     std::string firstLine_;
 };
 
-/// This process, and those that start meanwhile, share one processor: across two idle ones a wake-up costs
-/// more than the message, and how much more is chance.
+/// Binds this process, and those that it starts, to one processor: a wake-up across two idle ones costs more
+/// than the message, by a random amount.
 class OneProcessor {
   public:
     OneProcessor();
@@ -45,16 +45,16 @@ class OneProcessor {
     cpu_set_t before_{};
 };
 
-/// Where the programs of one measurement meet, and nobody else.
+/// A private place where the programs of one measurement meet.
 struct Place {
     OneProcessor processor;
     tests::RuntimeDirectory directory;
 
-    /// A name for a socket, a bus or a file.
+    /// Returns a name for a socket, a bus or a file.
     [[nodiscard]] std::string Name(char const* name) const { return (directory.Path() / name).string(); }
 };
 
-/// A BenchPeer at the other end of a socket.
+/// A BenchPeer at the other end of a socket pair.
 class PeerOnSocket {
   public:
     PeerOnSocket(char const* role, std::size_t size);
@@ -68,11 +68,11 @@ class PeerOnSocket {
     std::optional<Peer> peer_;
 };
 
-/// Runs something within a handler of the application's event loop, with a post office that has the
-/// measuring server, a BenchPeer, as application 0. False when that could not be asked.
+/// Runs `work` in a handler of the application's event loop, with a post office whose application 0, the
+/// measuring server, is a BenchPeer. False if that could not be asked.
 bool RunInOffice(Place const& place, std::function<void()> const& work);
 
-/// Sends a request to the measuring server and waits for the answer. False when it could not be sent.
+/// Sends a request to the measuring server and waits for the answer. False if it could not be sent.
 bool Ask(int message, std::vector<char> const& payload);
 
 }  // namespace bench

@@ -1,13 +1,13 @@
-// BenchPeer: the other program of the message benchmarks. It writes a line when it can be reached, and runs
-// until it or its parent is ended.
+// BenchPeer: the other program of the message benchmarks. It prints a line when it can be reached, and runs
+// until it or its parent exits.
 //
 //   BenchPeer office            a post office with the measuring server's name
-//   BenchPeer poke              the transport alone: pokes back what is poked
-//   BenchPeer socket FD SIZE    sends so many bytes back over the socket
-//   BenchPeer sink FD SIZE      sends one byte back over the socket for so many
+//   BenchPeer poke              the transport only: pokes back what is poked
+//   BenchPeer socket FD SIZE    echoes SIZE bytes over the socket
+//   BenchPeer sink FD SIZE      sends one byte for every SIZE bytes received
 //   BenchPeer bus ADDRESS       a service at a D-Bus daemon
 //   BenchPeer reply ENDPOINT    a ZeroMQ REP socket
-//   BenchPeer pull ENDPOINT     a ZeroMQ PULL socket, and ENDPOINT-done to say that a burst has come
+//   BenchPeer pull ENDPOINT     a ZeroMQ PULL socket, and ENDPOINT-done to report the end of a burst
 #include "Benchmarks/messaging/Peers.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 #include "Platform/Tests/DdeEndpoint.h"
@@ -32,7 +32,7 @@ using kv::KORVELEvent;
 using kv::MyMemoryBlock;
 using kv::PostOffice;
 
-void SayReady() {
+void PrintReady() {
     std::puts("ready");
     std::fflush(stdout);
 }
@@ -72,7 +72,7 @@ class Office {
 void RunOffice() {
     Office const office;
     sv::Application::SetUserEventHdl(&kv::DDE::UserEvent);
-    SayReady();
+    PrintReady();
     sv::Application::Execute();
 }
 
@@ -83,19 +83,19 @@ void RunPoke() {
         if (back == nullptr) back = endpoint.Connect("asker");
         if (!endpoint.Poke(back, "SPECTRUM_REQUEST", data)) std::exit(1);
     };
-    SayReady();
+    PrintReady();
     while (!tests::RunUntil([] { return false; })) continue;
 }
 
 void RunSocket(int socket, std::size_t size) {
     std::vector<char> bytes(size);
-    SayReady();
+    PrintReady();
     while (bench::ReceiveAll(socket, bytes) && bench::SendAll(socket, bytes)) continue;
 }
 
 void RunSink(int socket, std::size_t burst) {
     std::vector<char> bytes(bench::Large);
-    SayReady();
+    PrintReady();
     std::size_t taken = 0;
     for (ssize_t count = 0; (count = recv(socket, bytes.data(), bytes.size(), 0)) > 0;) {
         taken += static_cast<std::size_t>(count);
@@ -129,7 +129,7 @@ void RunBus(char const* address) {
         sd_bus_add_object_vtable(bus, nullptr, bench::BusPath, bench::BusInterface, table, nullptr) < 0) {
         std::exit(1);
     }
-    SayReady();
+    PrintReady();
     for (int result = 0; result >= 0;) {
         result = sd_bus_process(bus, nullptr);
         if (result == 0) result = sd_bus_wait(bus, UINT64_MAX);
@@ -145,7 +145,7 @@ void* Bound(void* context, int kind, std::string const& endpoint) {
 void RunReply(std::string const& endpoint) {
     void* const socket = Bound(zmq_ctx_new(), ZMQ_REP, endpoint);
     std::vector<char> bytes(bench::Large);
-    SayReady();
+    PrintReady();
     while (true) {
         int const size = zmq_recv(socket, bytes.data(), bytes.size(), 0);
         if (size < 0 || zmq_send(socket, bytes.data(), static_cast<std::size_t>(size), 0) != size) return;
@@ -157,7 +157,7 @@ void RunPull(std::string const& endpoint) {
     void* const in = Bound(context, ZMQ_PULL, endpoint);
     void* const done = Bound(context, ZMQ_PUSH, endpoint + "-done");
     std::vector<char> bytes(bench::Large);
-    SayReady();
+    PrintReady();
     for (int size = 0; (size = zmq_recv(in, bytes.data(), bytes.size(), 0)) >= 0;) {
         if (size == 1 && zmq_send(done, bytes.data(), 1, 0) != 1) return;
     }

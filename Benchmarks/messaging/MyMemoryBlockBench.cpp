@@ -1,4 +1,4 @@
-// Filling a message's byte buffer: against the same bytes inserted at the end of a std::vector.
+// Filling a message's byte buffer, compared to inserting the same bytes at the end of a std::vector.
 #include "Benchmarks/Ratios.h"
 #include "KVUtils/Source/messaging/MYMEMBLO.h"
 
@@ -34,7 +34,7 @@ void BM_VectorInsertInts(benchmark::State& state) {
 }
 BENCHMARK(BM_VectorInsertInts);
 
-/// Pieces of the length of a spectrum's line.
+/// The length of a spectrum's line.
 constexpr std::size_t PieceSize = 200;
 
 void BM_BlockPieces(benchmark::State& state) {

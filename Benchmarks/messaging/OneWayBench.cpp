@@ -1,5 +1,5 @@
-// Messages in one direction until the last has arrived, in bursts, 1 KB and 64 KB each: through the post
-// office, over a bare local socket and through ZeroMQ. Both programs share one processor.
+// Bursts of messages of 1 KB and 64 KB in one direction, until the last has arrived: through the post office,
+// over a bare local socket and through ZeroMQ. Both programs share one processor.
 #include "Benchmarks/Ratios.h"
 #include "Benchmarks/messaging/Asker.h"
 #include "Benchmarks/messaging/Peers.h"
@@ -11,7 +11,7 @@ namespace {
 
 using bench::Place;
 
-/// The same number of bytes, whatever the size of a message.
+/// The same for every size of message.
 constexpr std::size_t BytesOfABurst = 16U << 20;
 
 std::size_t SizeOf(benchmark::State const& state) { return static_cast<std::size_t>(state.range(0)); }

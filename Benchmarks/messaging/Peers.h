@@ -1,4 +1,4 @@
-// What the two sides of the message benchmarks have in common.
+// What both sides of the message benchmarks share.
 #pragma once
 
 #include <array>
@@ -13,17 +13,17 @@ namespace bench {
 /// Sizes of payloads.
 inline constexpr std::size_t Small = 1024;
 inline constexpr std::size_t Large = 64 * 1024;
-/// What a request and its answer have on the wire beside the payload: the header, the name and the sender.
+/// The bytes of a request or answer on the wire other than the payload: header, name and sender.
 inline constexpr std::size_t FrameOverhead = 16 + 23 + 19;
 
-/// How long the one who is asked lets the one who waits wait, in seconds.
+/// The time that the answer of a measurement takes, in seconds.
 inline constexpr int SecondsToWait = 10;
 
 inline constexpr char const* BusName = "kvutils.Bench";
 inline constexpr char const* BusPath = "/bench";
 inline constexpr char const* BusInterface = "kvutils.Bench";
 
-/// Every byte value as often as any other.
+/// Returns all byte values in equal numbers.
 [[nodiscard]] inline std::vector<char> Payload(std::size_t size) {
     std::vector<char> bytes(size);
     for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<char>(i);

@@ -1,5 +1,5 @@
-// A question of 1 KB and the same bytes as its answer: between two post offices, over the transport below
-// them, over a bare local socket, over D-Bus and over ZeroMQ. Both programs, and the bus daemon, share one
+// A request of 1 KB answered by the same bytes: between two post offices, over the transport below them, over
+// a bare local socket, over D-Bus and over ZeroMQ. All programs, including the bus daemon, share one
 // processor.
 #include "Benchmarks/Ratios.h"
 #include "Benchmarks/messaging/Asker.h"
@@ -22,8 +22,7 @@ using bench::Place;
 constexpr std::size_t TripsOfABatch = 255;
 constexpr int Batches = 12;
 
-/// One iteration is a batch, and its time that of the median round trip, which other programs on the machine
-/// do not disturb.
+/// One iteration is a batch. Its time is that of the median round trip, which other programs do not disturb.
 template <class Trip>
 void MeasureTrips(benchmark::State& state, Trip const& trip) {
     using Clock = std::chrono::steady_clock;
@@ -79,7 +78,7 @@ void BM_BareSocketRoundTrip(benchmark::State& state) {
 }
 BENCHMARK(BM_BareSocketRoundTrip)->UseManualTime()->Iterations(Batches)->Unit(benchmark::kMicrosecond);
 
-// A daemon of our own, that no other program of the user has anything to do with.
+// A private daemon, separate from the user's.
 std::string WriteBusConfiguration(Place const& place) {
     std::string name = place.Name("bus.conf");
     std::ofstream(name) << "<busconfig><type>session</type><listen>unix:path=" << place.Name("bus")

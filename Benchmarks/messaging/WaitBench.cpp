@@ -1,5 +1,5 @@
-// What a program that waits for an answer takes of a processor meanwhile: an instrument measures for ten
-// seconds, and the window of the one who asked lives on.
+// The processor time that a program takes while it waits for an answer: an instrument measures for ten
+// seconds while the window of the asking program stays alive.
 #include "Benchmarks/Ratios.h"
 #include "Benchmarks/messaging/Asker.h"
 #include "KVUtils/Source/messaging/MessageTable.h"

@@ -1,5 +1,5 @@
-// KORVELEventQueue: messages in the order of their arrival. Like every container of the toolkit it holds
-// pointers: copies share the events, and who puts an event in takes care of it.
+// KORVELEventQueue: messages in the order of their arrival. Like every container it holds pointers: copies
+// share the events, which belong to the caller.
 #pragma once
 
 #include "SV/core/Container.h"
@@ -12,12 +12,12 @@ class KORVELEvent;
 
 class KORVELEventQueue {
   public:
-    /// Both sizes are accepted for the callers' sake; storage grows by itself.
+    /// Creates an empty queue. Both sizes are accepted for compatibility; storage grows as needed.
     explicit KORVELEventQueue(unsigned short init = 16, unsigned short grow = 16);
 
     /// Appends an event.
     void Put(KORVELEvent* event);
-    /// Takes out the first event; null when there is none.
+    /// Removes the first event and returns it; null if there is none.
     KORVELEvent* Get();
 
     [[nodiscard]] unsigned long Count() const noexcept;
@@ -25,14 +25,14 @@ class KORVELEventQueue {
     [[nodiscard]] KORVELEvent* GetObject(unsigned long position) const noexcept;
     /// The position of an event, or `sv::Container::End`.
     [[nodiscard]] unsigned long GetPos(KORVELEvent const* event) const noexcept;
-    /// Forgets the events, which are not deleted.
+    /// Removes the events, which are not deleted.
     void Clear() noexcept { events_.clear(); }
 
     /// The same events in the same order.
     friend bool operator==(KORVELEventQueue const&, KORVELEventQueue const&) = default;
 
   private:
-    std::deque<KORVELEvent*> events_;  // unlike the toolkit's container, cheap to take from at the front
+    std::deque<KORVELEvent*> events_;
 };
 
 }  // namespace kv

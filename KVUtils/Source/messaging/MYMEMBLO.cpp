@@ -58,8 +58,8 @@ void MyMemoryBlock::PeekNextChars(char* target, short count) const noexcept {
 }
 
 void MyMemoryBlock::Resize(long capacity) {
-    // A vector would copy where the system can often let storage grow in place, and move large storage
-    // without touching it. Of 0 bytes the answer may be null, which would look like a failure.
+    // realloc often grows storage in place and moves large storage without copying; a vector always copies.
+    // For 0 bytes it may return null, which would look like a failure.
     void* const moved =
         std::realloc(storage_.get(), std::max<std::size_t>(static_cast<std::size_t>(capacity), 1));
     if (moved == nullptr) return;
@@ -82,15 +82,15 @@ void MyMemoryBlock::CheckSize(long count) {
 
 void MyMemoryBlock::Minimize() {
     Resize(length_);
-    // A text without its end is read up to the end of the storage, which was further out before.
+    // A text without a terminating zero may have been read up to the old end of the storage.
     read_ = std::min(read_, capacity_);
     rememberedRead_ = std::min(rememberedRead_, capacity_);
 }
 
 namespace {
 
-/// The number with its lowest bytes replaced by the next ones of the block, `Size` at most; how many came is
-/// added to `taken`.
+/// Returns `value` with its lowest bytes replaced by the next ones of the block, at most `Size`. Their number
+/// is stored in `taken`.
 template <std::size_t Size>
 unsigned long TakeBytes(MyMemoryBlock& block, unsigned long value, long& taken) {
     std::array<unsigned char, Size> bytes{};

@@ -1,13 +1,11 @@
-// A post office on a desktop of its own, two clients, and a window to shut off.
+// A post office on a private desktop, and two clients.
 #pragma once
 
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 #include "KVUtils/Tests/messaging/MessagingSupport.h"
-#include "SV/ui/Window.h"
-
-#include <string>
+#include "Platform/Tests/TemporaryDirectory.h"
 
 namespace kv::messagingtest {
 
@@ -30,8 +28,8 @@ inline std::string Encoded(std::string_view bytes) {
 class PostOfficeTest : public testing::Test {
   protected:
     PostOfficeTest() {
-        KORVELConfig::CreateKORVELConfig(files.File("KORVEL.INI"));
-        AppDir::CreateAppDir(files.File("BENCH"));
+        KORVELConfig::CreateKORVELConfig(sv::String(files / "KORVEL.INI"));
+        AppDir::CreateAppDir(sv::String(files / "BENCH"));
         sv::Application::SetUserEventHdl(&DDE::UserEvent);
         Open("BENCH");
     }
@@ -44,39 +42,34 @@ class PostOfficeTest : public testing::Test {
         Language::SetLanguageByCountryCode(1);
     }
 
-    /// A post office under this name, to which both clients are connected.
+    /// Creates a post office under this name and connects both clients to it.
     void Open(char const* name) {
         office = PostOffice::CreatePostOffice(name);
         ASSERT_TRUE(a.Connect(name));
         ASSERT_TRUE(b.Connect(name));
     }
 
-    /// What a client gets for a message: the bytes of the answer as they travelled.
-    template <class Peer>
-    std::string Ask(Peer& peer, std::string const& message, std::string_view payload = {}) {
+    /// Returns the encoded payload of the answer that a client gets for a message.
+    static std::string Ask(Peer& peer, std::string const& message, std::string_view payload = {}) {
         peer.received.clear();
         peer.Poke(message, Encoded(payload));
-        if (!PumpUntil([&] { return !peer.received.empty(); })) return "no answer";
+        if (!peer.Receives(1)) return "no answer";
         EXPECT_EQ(peer.received[0].item, "ANSWER!" + message);
         return peer.received[0].payload;
     }
 
-    /// Returns when everything that the clients have sent so far has come in.
+    /// Returns when everything that the clients sent has come in.
     void Settle() {
-        SettleOne(a);
-        SettleOne(b);
+        for (Peer* const peer : {&a, &b}) {
+            peer->Poke("CONNECT", "\x01\x01");  // is answered at once, whatever runs
+            EXPECT_TRUE(PumpUntil([=, sent = peer->sentConnects] { return peer->answeredConnects >= sent; }));
+        }
     }
 
-    /// Handles a message by an answer of the test's own.
+    /// Installs a handler of the test's own.
     template <auto Handler, class Test>
     void Handle(int message, Test& test, unsigned char normal = 1) {
         office->ChangeMessageHdl(static_cast<unsigned>(message), sv::Link::To<Handler>(test), normal);
-    }
-
-    template <class Peer>
-    static void SettleOne(Peer& peer) {
-        peer.Poke("CONNECT", "\x01\x01");  // is answered at once, whatever runs
-        EXPECT_TRUE(PumpUntil([&peer, sent = peer.sentConnects] { return peer.answeredConnects >= sent; }));
     }
 
     // A single byte as it travels.
@@ -84,11 +77,11 @@ class PostOfficeTest : public testing::Test {
     inline static std::string const Refused = Encoded("\x01");
     inline static std::string const NotHandled = Encoded("\x02");
 
-    PrivateDesktop desktop;
-    TemporaryDirectory files;
+    tests::RuntimeDirectory desktop;
+    tests::TemporaryDirectory files;
     BoxLog boxes;
-    DdePeer<0> a{"A_1"};
-    DdePeer<1> b{"B_1"};
+    Peer a{"A_1"};
+    Peer b{"B_1"};
     PostOffice* office = nullptr;
 };
 

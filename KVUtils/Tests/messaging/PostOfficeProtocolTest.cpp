@@ -3,11 +3,6 @@
 #include "Platform/Tests/TestSystem.h"
 #include "SV/ui/Window.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
-
 using namespace std::string_literals;
 
 namespace kv::messagingtest {
@@ -15,16 +10,16 @@ namespace {
 
 class PostOfficeProtocolTest : public PostOfficeTest {
   public:
-    /// Enters what was handled, as "sender message payload".
-    long Enter(KORVELEvent* event) {
+    /// Logs what was handled, as "sender message payload".
+    long Log(KORVELEvent* event) {
         std::string const sender(event->GetSender().View());
         log.push_back(sender + " " + event->GetCommandName().GetStr() + " " + Bytes(event->GetData()));
         return 0;
     }
-    /// Enters the beginning and the end; in between happens what the test has in mind.
-    long EnterSlowly(KORVELEvent* event) {
+    /// Logs the beginning and the end, and takes the steps of the test in between.
+    long LogSlowly(KORVELEvent* event) {
         log.push_back("begin " + Bytes(event->GetData()));
-        for (auto const& step : std::exchange(meanwhile, {})) {
+        for (auto const& step : std::exchange(steps, {})) {
             step();
             Settle();
         }
@@ -32,13 +27,13 @@ class PostOfficeProtocolTest : public PostOfficeTest {
         return 0;
     }
     long Throw(KORVELEvent* event) {
-        EnterSlowly(event);
+        LogSlowly(event);
         throw 1;
     }
 
   protected:
-    std::vector<std::string> log;
-    std::vector<std::function<void()>> meanwhile;
+    Texts log;
+    std::vector<std::function<void()>> steps;
 };
 
 TEST_F(PostOfficeProtocolTest, ConnectAgreesOnAVersionAndALanguage) {
@@ -52,7 +47,7 @@ TEST_F(PostOfficeProtocolTest, ConnectAgreesOnAVersionAndALanguage) {
         {"\0\x03\x51\0"s, 3, true}, {"\x07\x51\0"s, 3, true},
         {"\xFF\x51\0"s, 3, true},   {"", 0, false},
         {"\0\0"s, 0, false},        {"\0\0\x51\0"s, 0, false},
-        {"\0"s, 3, false},  // the byte behind it that decoding makes is taken for a version
+        {"\0"s, 3, false},  // the surplus byte of decoding is taken for a version
     };
     for (auto const& row : rows) {
         Language::SetLanguageByCountryCode(1);
@@ -61,7 +56,7 @@ TEST_F(PostOfficeProtocolTest, ConnectAgreesOnAVersionAndALanguage) {
     }
 }
 
-TEST_F(PostOfficeProtocolTest, AnswersWhatNobodyHandles) {
+TEST_F(PostOfficeProtocolTest, AnswersWhatHasNoHandler) {
     struct {
         char const* message;
         std::string answer;
@@ -84,7 +79,7 @@ TEST_F(PostOfficeProtocolTest, AnswersWhatNobodyHandles) {
         if (row.box == nullptr) {
             EXPECT_TRUE(boxes.seen.empty()) << row.message;
         } else {
-            EXPECT_EQ(boxes.seen, (std::vector<std::string>{row.box})) << row.message;
+            EXPECT_EQ(boxes.seen, (Texts{row.box})) << row.message;
         }
     }
 }
@@ -98,7 +93,7 @@ TEST_F(PostOfficeProtocolTest, DoesNotAnswerAnswersToAnswers) {
 }
 
 TEST_F(PostOfficeProtocolTest, AClientThatHoldsTheLockKeepsTheOthersOut) {
-    Handle<&PostOfficeProtocolTest::Enter>(SCAN_HQM, *this);
+    Handle<&PostOfficeProtocolTest::Log>(SCAN_HQM, *this);
     EXPECT_EQ(Ask(a, "LOCK", "\0"s), Done);
     EXPECT_EQ(Ask(a, "LOCK"), Done);
     for (char const* const message : {"SCAN_HQM", "LOCK", "UNLOCK", "DISCONNECT"}) {
@@ -113,7 +108,7 @@ TEST_F(PostOfficeProtocolTest, AClientThatHoldsTheLockKeepsTheOthersOut) {
     EXPECT_EQ(Ask(a, "UNLOCK"), Done);
     b.Poke("SCAN_HQM");
     EXPECT_TRUE(PumpUntil([this] { return !log.empty(); }));
-    EXPECT_EQ(log, (std::vector<std::string>{"B_1 SCAN_HQM "}));  // the refused ones never come back
+    EXPECT_EQ(log, (Texts{"B_1 SCAN_HQM "}));  // the refused ones are dropped
 }
 
 TEST_F(PostOfficeProtocolTest, AnUnlockTooManyCounts) {
@@ -127,7 +122,7 @@ TEST_F(PostOfficeProtocolTest, AnUnlockTooManyCounts) {
     EXPECT_EQ(Ask(b, "IS_READY"), NotHandled);
 }
 
-TEST_F(PostOfficeProtocolTest, ALockMayShutTheWindowOff) {
+TEST_F(PostOfficeProtocolTest, ALockMayDisableTheWindow) {
     sv::Window window(nullptr);
     RegisterTopWindow const inFront(&window);
     EXPECT_EQ(Ask(a, "LOCK", "\0"s), Done);
@@ -144,47 +139,47 @@ TEST_F(PostOfficeProtocolTest, ALockMayShutTheWindowOff) {
 }
 
 TEST_F(PostOfficeProtocolTest, MessagesWaitForTheHandlerThatRuns) {
-    Handle<&PostOfficeProtocolTest::EnterSlowly>(SCAN_HQM, *this);
-    Handle<&PostOfficeProtocolTest::Enter>(MOVE_UP, *this);
-    Handle<&PostOfficeProtocolTest::Enter>(IS_READY, *this, 0);  // at once
-    meanwhile = {[this] {
+    Handle<&PostOfficeProtocolTest::LogSlowly>(SCAN_HQM, *this);
+    Handle<&PostOfficeProtocolTest::Log>(MOVE_UP, *this);
+    Handle<&PostOfficeProtocolTest::Log>(IS_READY, *this, 0);  // at once
+    steps = {[this] {
         for (char const* const payload : {"1", "2", "3"}) b.Poke("MOVE_UP", payload);
         b.Poke("IS_READY");
     }};
     a.Poke("SCAN_HQM");
     Settle();
-    EXPECT_EQ(log, (std::vector<std::string>{"begin ", "B_1 IS_READY ", "end ", "B_1 MOVE_UP 1",
-                                             "B_1 MOVE_UP 2", "B_1 MOVE_UP 3"}));
+    EXPECT_EQ(log,
+              (Texts{"begin ", "B_1 IS_READY ", "end ", "B_1 MOVE_UP 1", "B_1 MOVE_UP 2", "B_1 MOVE_UP 3"}));
 }
 
-TEST_F(PostOfficeProtocolTest, TheQueueOfAnUnlockedProgramIsEmptiedWithoutALookAtTheLock) {
-    Handle<&PostOfficeProtocolTest::EnterSlowly>(SCAN_HQM, *this);
-    Handle<&PostOfficeProtocolTest::Enter>(MOVE_UP, *this);
-    meanwhile = {[this] { b.Poke("MOVE_UP", "1"); }, [this] { a.Poke("LOCK"); }};
+TEST_F(PostOfficeProtocolTest, TheQueueOfAnUnlockedProgramIsEmptiedWithoutATestOfTheLock) {
+    Handle<&PostOfficeProtocolTest::LogSlowly>(SCAN_HQM, *this);
+    Handle<&PostOfficeProtocolTest::Log>(MOVE_UP, *this);
+    steps = {[this] { b.Poke("MOVE_UP", "1"); }, [this] { a.Poke("LOCK"); }};
     a.Poke("SCAN_HQM");
     Settle();
-    EXPECT_EQ(log, (std::vector<std::string>{"begin ", "end ", "B_1 MOVE_UP 1"}));
+    EXPECT_EQ(log, (Texts{"begin ", "end ", "B_1 MOVE_UP 1"}));
     EXPECT_EQ(Ask(b, "MOVE_UP"), Refused);
 }
 
-TEST_F(PostOfficeProtocolTest, MessagesThatTheLockHoldsBackRunInOrderWhenItFalls) {
-    Handle<&PostOfficeProtocolTest::EnterSlowly>(SCAN_HQM, *this);
-    for (int const message : {MOVE_UP, LOCK, UNLOCK}) Handle<&PostOfficeProtocolTest::Enter>(message, *this);
-    // The lock falls, B's messages are queued, and A locks again, all while a handler of A's runs.
-    meanwhile = {[this] { a.Poke("UNLOCK"); },
-                 [this] {
-                     for (char const* const payload : {"1", "2"}) b.Poke("MOVE_UP", payload);
-                 },
-                 [this] { a.Poke("LOCK"); }};
+TEST_F(PostOfficeProtocolTest, MessagesThatTheLockHoldsBackRunInOrderWhenItIsReleased) {
+    Handle<&PostOfficeProtocolTest::LogSlowly>(SCAN_HQM, *this);
+    for (int const message : {MOVE_UP, LOCK, UNLOCK}) Handle<&PostOfficeProtocolTest::Log>(message, *this);
+    // While a handler of A's runs, the lock is released, B's messages are queued, and A locks again.
+    steps = {[this] { a.Poke("UNLOCK"); },
+             [this] {
+                 for (char const* const payload : {"1", "2"}) b.Poke("MOVE_UP", payload);
+             },
+             [this] { a.Poke("LOCK"); }};
     a.Poke("LOCK");
     a.Poke("SCAN_HQM");
     Settle();
-    std::vector<std::string> expected = {"A_1 LOCK ", "begin ", "end ", "A_1 UNLOCK ", "A_1 LOCK "};
+    Texts expected = {"A_1 LOCK ", "begin ", "end ", "A_1 UNLOCK ", "A_1 LOCK "};
     EXPECT_EQ(log, expected);
 
-    // The loop sleeps meanwhile instead of asking again and again.
+    // The loop sleeps under the lock.
     double const before = tests::ProcessorMs();
-    PumpUntil([] { return false; }, std::chrono::milliseconds(300));
+    PumpAWhile(std::chrono::milliseconds(300));
     EXPECT_LT(tests::ProcessorMs() - before, 90.0) << "30 percent: a busy loop takes all";
 
     a.Poke("SCAN_HQM", "again");
@@ -195,7 +190,7 @@ TEST_F(PostOfficeProtocolTest, MessagesThatTheLockHoldsBackRunInOrderWhenItFalls
     EXPECT_EQ(log, expected);
 }
 
-TEST_F(PostOfficeProtocolTest, TheApplicationsLockHoldsNobodyBack) {
+TEST_F(PostOfficeProtocolTest, TheApplicationsLockHoldsNoMessageBack) {
     EXPECT_EQ(office->LockApplication(), 1);
     EXPECT_EQ(office->LockApplication(), 0);
     EXPECT_EQ(office->IsAppLocked(), 1);
@@ -207,33 +202,33 @@ TEST_F(PostOfficeProtocolTest, TheApplicationsLockHoldsNobodyBack) {
     EXPECT_EQ(office->IsAppLocked(), 0);
 }
 
-TEST_F(PostOfficeProtocolTest, AHandlerThatBreaksDownLosesNoMessage) {
+TEST_F(PostOfficeProtocolTest, AHandlerThatThrowsLosesNoMessage) {
     for (bool const isLocked : {false, true}) {
         log.clear();
         if (isLocked) {
             EXPECT_EQ(Ask(a, "LOCK"), Done);
         }
         Handle<&PostOfficeProtocolTest::Throw>(SCAN_HQM, *this);
-        Handle<&PostOfficeProtocolTest::Enter>(MOVE_UP, *this);
-        meanwhile = {[this] {
+        Handle<&PostOfficeProtocolTest::Log>(MOVE_UP, *this);
+        steps = {[this] {
             for (char const* const payload : {"1", "2"}) a.Poke("MOVE_UP", payload);
         }};
         a.Poke("SCAN_HQM");
         EXPECT_THROW(sv::Application::Execute(), int);
-        EXPECT_EQ(log, (std::vector<std::string>{"begin ", "end "}));
+        EXPECT_EQ(log, (Texts{"begin ", "end "}));
         EXPECT_TRUE(PumpUntil([this] { return log.size() == 4; }));
-        EXPECT_EQ(log, (std::vector<std::string>{"begin ", "end ", "A_1 MOVE_UP 1", "A_1 MOVE_UP 2"}));
+        EXPECT_EQ(log, (Texts{"begin ", "end ", "A_1 MOVE_UP 1", "A_1 MOVE_UP 2"}));
     }
 }
 
-TEST_F(PostOfficeProtocolTest, TheServerEndsASecondAfterItsLastClientLeft) {
+TEST_F(PostOfficeProtocolTest, TheServerExitsASecondAfterItsLastClient) {
     for (char const* const name : {"HQMSERV", "ZephyroServer"}) {
         Open(name);
         EXPECT_TRUE(office->IsHQMServer());
         EXPECT_EQ(office->GetAnzahlApp(), 0);
         EXPECT_EQ(Ask(a, "CONNECT", "\x02"), Encoded("\x02"));
         EXPECT_EQ(Ask(b, "CONNECT", "\x02"), Encoded("\x02"));
-        EXPECT_EQ(Ask(a, "DISCONNECT"), Done);  // the other is still there
+        EXPECT_EQ(Ask(a, "DISCONNECT"), Done);  // the other is still connected
         EXPECT_EQ(Ask(a, "IS_READY"), NotHandled);
 
         b.Poke("DISCONNECT");

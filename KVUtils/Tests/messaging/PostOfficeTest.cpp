@@ -1,11 +1,7 @@
 #include "KVUtils/Source/controls/RegisterTopWindow.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 #include "KVUtils/Tests/messaging/PostOfficeFixture.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
+#include "SV/ui/Window.h"
 
 using namespace std::string_literals;
 
@@ -19,7 +15,7 @@ unsigned char SendBytes(PostOffice& office, sv::String target, sv::String messag
 
 class PostOfficeSendTest : public PostOfficeTest {
   public:
-    /// Answers with what the client says when it is asked for the time.
+    /// Answers with what the client answers when it is asked for the time.
     long AskBack(KORVELEvent* event) {
         MyMemoryBlock answer = Block(Ask(appA, TIME_REQUEST) + Bytes(event->GetData()));
         return office->Answer(event, answer);
@@ -28,13 +24,6 @@ class PostOfficeSendTest : public PostOfficeTest {
   protected:
     PostOfficeSendTest() { appA = office->NewApp("/nowhere", "A_1") - 1; }
 
-    /// The client answers everything by the same message and this payload.
-    template <class Peer>
-    void AnswerBy(Peer& peer, std::string const& payload) {
-        peer.onPoke = [&peer, payload](Poked const& request) {
-            peer.Poke("ANSWER!" + request.item, Encoded(payload));
-        };
-    }
     std::string Ask(int app, int message, DisEnable mode = DisEnable::Nothing) {
         MyMemoryBlock data = Block("request");
         MyMemoryBlock answer;
@@ -52,39 +41,12 @@ TEST_F(PostOfficeSendTest, NumbersBecomeNamesInTheCallersStrings) {
     EXPECT_EQ(office->Send(target, message, data), 1);
     EXPECT_EQ(target, "A_1");
     EXPECT_EQ(message, "ANSWER!SPECTRUM_REQUEST");
-    EXPECT_EQ(Bytes(data),
-              "a\x01\x0A"
-              "b");
-    ASSERT_TRUE(PumpUntil([this] { return a.received.size() == 1; }));
-    EXPECT_EQ(a.received[0].item, "ANSWER!SPECTRUM_REQUEST");
-    EXPECT_EQ(a.received[0].payload,
-              "a\x01\x0A"
-              "b");
-    EXPECT_EQ(a.received[0].sender.substr(0, 6), "BENCH_");
+    EXPECT_EQ(Bytes(data), Encoded("a\0b"s));
+    ASSERT_TRUE(a.Receives(1));
+    EXPECT_EQ(a.received[0], (Poked{a.received[0].sender, "ANSWER!SPECTRUM_REQUEST", Encoded("a\0b"s)}));
 }
 
-TEST_F(PostOfficeSendTest, EveryNameArrivesAsTheNumberThatWasSent) {
-    static std::vector<int> numbers;
-    numbers.clear();
-    auto const before = office->ChangeReceiveFunction(
-        [](KORVELEvent& event) { numbers.push_back(PostOffice::NumberOfCommand(event)); });
-    std::vector<int> sent;
-    for (int number = 0; number < ANZAHL_BOTSCHAFTEN; ++number) {
-        for (int const asked : {number, number + 1000}) {
-            if (SendBytes(*office, "BENCH", sv::String(asked), "") != 0) sent.push_back(asked);
-        }
-    }
-    ASSERT_TRUE(PumpUntil([&] { return numbers.size() == sent.size(); }));
-    EXPECT_EQ(numbers, sent);
-    EXPECT_EQ(sent.size(), 2U * (127 - 3));
-    EXPECT_TRUE(boxes.seen.empty());
-
-    auto const ours = office->ChangeReceiveFunction(before);
-    EXPECT_EQ(office->ChangeReceiveFunction(before), before);
-    EXPECT_NE(ours, before);
-}
-
-TEST_F(PostOfficeSendTest, RefusesNumbersThatMeanNothing) {
+TEST_F(PostOfficeSendTest, RefusesUnknownNumbers) {
     struct {
         char const* target;
         char const* message;
@@ -136,7 +98,7 @@ TEST_F(PostOfficeSendTest, WaitingChangesTheWindowAsAskedAndPutsItBack) {
             EXPECT_EQ(sv::Application::IsWait(), wasBusy);
         }
     }
-    AnswerBy(a, "yes");
+    a.onPoke = [&](Poked const& /*request*/) { a.Poke("ANSWER!IS_READY", "yes"); };
     sv::Application::Wait(false);
     EXPECT_EQ(Ask(appA, IS_READY, DisEnable::DisableWindow), "yes");  // no window at all
 }
@@ -149,16 +111,16 @@ TEST_F(PostOfficeSendTest, GoesOnWaitingForItsOwnAnswer) {
         a.Poke("ANSWER!IS_READY", "later");
     };
     EXPECT_EQ(Ask(appA, SPECTRUM_REQUEST), "mine\0\x0A"s);
-    // One that lies there is taken for the answer of the next question of its number.
+    // An answer that came earlier counts for the next question of its number.
     PumpAWhile();
     a.onPoke = nullptr;
     EXPECT_EQ(Ask(appA, IS_READY), "later");
 }
 
-TEST_F(PostOfficeSendTest, AHandlerMayAskInTurn) {
-    // A asks; the handler asks A back; A asks again meanwhile and is served when the first answer has gone.
+TEST_F(PostOfficeSendTest, AHandlerMayAskTheAsker) {
+    // A asks, the handler asks A back, and A asks again, which is handled after the first answer.
     Handle<&PostOfficeSendTest::AskBack>(NEW_FORMULA, *this);
-    std::vector<std::string> answers;
+    Texts answers;
     a.onPoke = [&](Poked const& message) {
         if (message.item == "TIME_REQUEST") {
             if (answers.empty()) a.Poke("NEW_FORMULA", "2");
@@ -169,7 +131,7 @@ TEST_F(PostOfficeSendTest, AHandlerMayAskInTurn) {
     };
     a.Poke("NEW_FORMULA", "1");
     ASSERT_TRUE(PumpUntil([&] { return answers.size() == 2; }));
-    EXPECT_EQ(answers, (std::vector<std::string>{"noon1", "noon2"}));
+    EXPECT_EQ(answers, (Texts{"noon1", "noon2"}));
 }
 
 TEST_F(PostOfficeSendTest, AsksItself) {
@@ -188,10 +150,57 @@ TEST_F(PostOfficeTest, ExchangesHandlers) {
     EXPECT_FALSE(office->ChangeMessageHdl(ANZAHL_BOTSCHAFTEN, standard, 1).IsSet());
 }
 
-TEST_F(PostOfficeTest, TellsTheUserWhenTheAskerIsGone) {
+TEST_F(PostOfficeTest, InformsTheUserWhenTheAskerIsGone) {
     a.PokeRaw("IS_READY", "GONE_1:");
     ASSERT_TRUE(PumpUntil([this] { return !boxes.seen.empty(); }));
-    EXPECT_EQ(boxes.seen, (std::vector<std::string>{"info: Answer failed in PostOffice::DefaultHdl()!"}));
+    EXPECT_EQ(boxes.seen, (Texts{"info: Answer failed in PostOffice::DefaultHdl()!"}));
+}
+
+TEST_F(PostOfficeTest, ExchangesReceiveFunctions) {
+    auto const ours = [](KORVELEvent&) {};
+    auto const before = office->ChangeReceiveFunction(ours);
+    EXPECT_EQ(office->ChangeReceiveFunction(before), ours);
+    EXPECT_EQ(Ask(a, "IS_READY"), NotHandled);
+}
+
+/// A measuring server that releases what a client that has gone held.
+class PeerGoneTest : public PostOfficeTest {
+  public:
+    long PeerGoneHdl(sv::String* peer) {
+        gone.emplace_back(peer->View());
+        office->ReleasePeer(*peer);
+        return 0;
+    }
+    /// A client that locks the server and exits. `beforeItsEnd` runs while it holds the lock.
+    void RunClient(std::string const& name, std::function<void()> const& beforeItsEnd) {
+        Peer client(name);
+        ASSERT_TRUE(client.Connect("HQMSERV"));
+        for (char const* const message : {"CONNECT", "CONNECT", "LOCK", "LOCK"}) Ask(client, message);
+        client.Disconnect();
+        PumpAWhile();
+        EXPECT_TRUE(gone.empty()) << "the server still has a conversation with it";
+        beforeItsEnd();
+    }
+    Texts gone;
+};
+
+TEST_F(PeerGoneTest, NothingIsLeftOfAClientThatHasGone) {
+    Open("HQMSERV");
+    office->ChangePeerGoneHdl(sv::Link::To<&PeerGoneTest::PeerGoneHdl>(*this));
+    Ask(a, "CONNECT");
+    RunClient("C_1", [this] { EXPECT_EQ(Ask(a, "IS_READY"), Refused); });
+    ASSERT_TRUE(PumpUntil([this] { return !gone.empty(); }));
+    EXPECT_EQ(Ask(a, "IS_READY"), NotHandled);
+    EXPECT_EQ(office->ConnectedClients(), 1);
+
+    // The server quits after the last client.
+    gone.clear();
+    RunClient("C_2", [this] { EXPECT_EQ(Ask(a, "DISCONNECT"), Refused) << "and counted"; });
+    auto const start = std::chrono::steady_clock::now();
+    sv::Application::Execute();
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    EXPECT_EQ(gone, Texts{"C_2"});
+    EXPECT_EQ(office->ConnectedClients(), 0);
 }
 
 TEST_F(PostOfficeTest, KnowsItsApplications) {

@@ -1,4 +1,4 @@
-// ApplicationList: the programs that messages can be sent to, by number: name and directory of each.
+// ApplicationList: the programs that messages can be sent to, by number, with name and directory.
 #pragma once
 
 #include "SV/core/DirEntry.h"
@@ -11,19 +11,19 @@ namespace kv::detail {
 
 class ApplicationList {
   public:
-    /// The programs that the suite's ini file names: 0 is the measuring server, 1 stays empty, and the others
-    /// follow in the order of the file. Without an entry the server is HQMSERV, beside the running program.
+    /// Returns the programs of the suite's ini file: 0 is the measuring server, 1 stays empty, and the others
+    /// follow in file order. Without an entry the server is HQMSERV in the directory of the running program.
     [[nodiscard]] static ApplicationList OfTheSuite();
 
-    /// Appends a program and returns how many slots there are now.
+    /// Appends a program and returns the new number of slots.
     int Add(sv::String const& path, sv::String const& name);
-    /// Empties a slot; the others keep their numbers. False when there is no such slot.
+    /// Empties a slot; the others keep their numbers. False if there is no such slot.
     bool Empty(int number);
 
     [[nodiscard]] int Count() const noexcept { return static_cast<int>(slots_.size()); }
-    /// The first number with this name, without regard to the case of ASCII letters; -1 when there is none.
+    /// Returns the first number with this name, ignoring the case of ASCII letters; -1 if there is none.
     [[nodiscard]] int Find(sv::String const& name) const noexcept;
-    /// Null for an empty slot, and when there is no such slot.
+    /// Null for an empty slot, and if there is no such slot.
     [[nodiscard]] sv::String* Name(unsigned number) const noexcept;
     [[nodiscard]] sv::String* Path(unsigned number) const noexcept;
 

@@ -2,6 +2,8 @@
 
 #include "KVUtils/Source/messaging/detail/MessageWire.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace kv::detail {
@@ -23,36 +25,31 @@ class FlagGuard {
     bool before_;
 };
 
-/// The messages that must wait. They return to the head of the queue at the end of the scope, also when a
-/// handler throws.
-class WaitingQueue {
-  public:
-    explicit WaitingQueue(KORVELEventQueue& queue) : queue_(queue) {}
-    WaitingQueue(WaitingQueue const&) = delete;
-    WaitingQueue& operator=(WaitingQueue const&) = delete;
-    ~WaitingQueue() {
-        while (KORVELEvent* const rest = queue_.Get()) waiting_.Put(rest);
-        std::swap(queue_, waiting_);
-    }
-    void Put(std::unique_ptr<KORVELEvent> event) { waiting_.Put(event.release()); }
-
-  private:
-    KORVELEventQueue& queue_;
-    KORVELEventQueue waiting_;
-};
-
 int NumberOf(KORVELEvent const& event) { return NumberOfMessage(event.GetCommandName()); }
 
 }  // namespace
 
+/// The messages that must wait. They return to the head of the queue at the end of the scope, also when a
+/// handler throws.
+class MessageDispatcher::WaitingQueue {
+  public:
+    explicit WaitingQueue(Queue& queue) : queue_(queue) {}
+    WaitingQueue(WaitingQueue const&) = delete;
+    WaitingQueue& operator=(WaitingQueue const&) = delete;
+    ~WaitingQueue() {
+        std::ranges::move(queue_, std::back_inserter(waiting_));
+        std::swap(queue_, waiting_);
+    }
+    void Put(std::unique_ptr<KORVELEvent> event) { waiting_.push_back(std::move(event)); }
+
+  private:
+    Queue& queue_;
+    Queue waiting_;
+};
+
 MessageDispatcher::MessageDispatcher(ServerLock const& lock, sv::Link const& standard)
     : lock_(lock), atOnce_(NoFlag, ANZAHL_BOTSCHAFTEN) {
     handlers_.fill(standard);
-}
-
-MessageDispatcher::~MessageDispatcher() {
-    while (TakeFirst() != nullptr) {
-    }
 }
 
 sv::Link MessageDispatcher::ChangeHandler(unsigned message, sv::Link const& handler, bool atOnce) {
@@ -96,6 +93,13 @@ unsigned long MessageDispatcher::RunAllowed() {
         }
     }
     return count;
+}
+
+std::unique_ptr<KORVELEvent> MessageDispatcher::TakeFirst() {
+    if (queue_.empty()) return nullptr;
+    std::unique_ptr<KORVELEvent> first = std::move(queue_.front());
+    queue_.pop_front();
+    return first;
 }
 
 bool MessageDispatcher::MayRun(KORVELEvent const& event) const {

@@ -4,12 +4,12 @@
 
 #include "KVUtils/Source/data/FlagSet.h"
 #include "KVUtils/Source/messaging/KORVELEvent.h"
-#include "KVUtils/Source/messaging/KORVELEventQueue.h"
 #include "KVUtils/Source/messaging/MessageTable.h"
 #include "KVUtils/Source/messaging/detail/ServerLock.h"
 #include "SV/core/Link.h"
 
 #include <array>
+#include <deque>
 #include <memory>
 
 namespace kv::detail {
@@ -20,7 +20,6 @@ class MessageDispatcher {
     MessageDispatcher(ServerLock const& lock, sv::Link const& standard);
     MessageDispatcher(MessageDispatcher const&) = delete;
     MessageDispatcher& operator=(MessageDispatcher const&) = delete;
-    ~MessageDispatcher();
 
     /// Exchanges a message's handler. With `atOnce` the message is handled under any lock and while another
     /// handler runs. Does nothing for a number that is not a message's.
@@ -28,8 +27,8 @@ class MessageDispatcher {
     [[nodiscard]] sv::Link const& Handler(MessageNumber message) const noexcept { return handlers_[message]; }
 
     /// Appends a copy of a message of a known number below 1000.
-    void Put(KORVELEvent const& event) { queue_.Put(new KORVELEvent(event)); }
-    [[nodiscard]] bool IsEmpty() const noexcept { return queue_.Count() == 0; }
+    void Put(KORVELEvent const& event) { queue_.push_back(std::make_unique<KORVELEvent>(event)); }
+    [[nodiscard]] bool IsEmpty() const noexcept { return queue_.empty(); }
     /// Handles what is queued, as far as the locks let it, and returns how many messages were handled.
     unsigned long Run();
 
@@ -39,16 +38,19 @@ class MessageDispatcher {
     [[nodiscard]] bool IsLocked() const noexcept { return isLocked_; }
 
   private:
+    using Queue = std::deque<std::unique_ptr<KORVELEvent>>;
+    class WaitingQueue;
+
     unsigned long RunAll();
     unsigned long RunAllowed();
     [[nodiscard]] bool MayRun(KORVELEvent const& event) const;
     void Handle(KORVELEvent& event);
-    std::unique_ptr<KORVELEvent> TakeFirst() { return std::unique_ptr<KORVELEvent>(queue_.Get()); }
+    [[nodiscard]] std::unique_ptr<KORVELEvent> TakeFirst();
 
     ServerLock const& lock_;
     std::array<sv::Link, ANZAHL_BOTSCHAFTEN> handlers_;
     FlagSet atOnce_;
-    KORVELEventQueue queue_;  // owns its events
+    Queue queue_;
     bool isHandling_ = false;
     bool isLocked_ = false;
 };

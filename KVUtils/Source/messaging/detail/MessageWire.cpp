@@ -16,7 +16,7 @@ constexpr char EscapedZero = 0x0A;
 static_assert(MessageTable.size() == MessageCount + 1 && sizeof(MessageRecord) == 30);
 
 bool HasPrefix(sv::String const& name) {
-    // Without a divider the whole name is the first part: "ANSWER" alone is an answer with an empty name.
+    // Without a divider the first part is the whole name: "ANSWER" alone is an answer with an empty name.
     return name.GetToken(0, Divider).View() == Prefix;
 }
 
@@ -86,15 +86,15 @@ void DecodePayload(MyMemoryBlock& block) {
         if (run > 0) last = rest[run - 1];
         rest.remove_prefix(run);
         if (rest.empty()) break;
-        // Half a pair at the end is its own second half, and stands for a 0x01.
+        // Half a pair at the end decodes to 0x01.
         bool const isPair = rest.size() > 1;
         last = isPair ? rest[1] : Escape;
         decoded << (last == EscapedZero ? '\0' : Escape);
         rest.remove_prefix(isPair ? 2 : 1);
         if (isPair) ++surplus;
     }
-    // Meant: one round a byte of the wire, of which a pair uses two. Receivers of the suite's other programs
-    // have always seen these bytes behind a payload.
+    // Intentional: the other programs of the suite decode in one round per byte of the wire, of which a pair
+    // takes two, and so have always appended these bytes to a payload.
     for (; surplus > 0; --surplus) decoded << last;
     block = decoded;
 }
