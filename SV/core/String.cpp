@@ -34,6 +34,14 @@ std::string Encode(std::u32string const& text, int set) {
 
 }  // namespace
 
+String String::FromUtf8(std::string_view text) {
+    return detail::ToSingleByte(detail::FromUtf8(text), detail::Windows1252);
+}
+
+std::string String::ToUtf8() const {
+    return detail::ToUtf8(detail::FromSingleByte(bytes_, detail::Windows1252));
+}
+
 std::size_t String::GetTokenCount(char separator) const noexcept {
     if (bytes_.empty()) return 0;
     return static_cast<std::size_t>(std::count(bytes_.begin(), bytes_.end(), separator)) + 1;

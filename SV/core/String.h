@@ -32,6 +32,12 @@ class String {
         }
     }
 
+    /// A text in UTF-8 converted to the code page of the suite (Windows-1252). A character that the code page
+    /// lacks becomes "?", and so does each malformed byte.
+    [[nodiscard]] static String FromUtf8(std::string_view text);
+    /// The text in UTF-8, read as Windows-1252. A byte that the code page leaves open becomes "?".
+    [[nodiscard]] std::string ToUtf8() const;
+
     [[nodiscard]] std::size_t Len() const noexcept { return bytes_.size(); }
     [[nodiscard]] bool IsEmpty() const noexcept { return bytes_.empty(); }
     [[nodiscard]] char const* GetStr() const noexcept { return bytes_.c_str(); }
