@@ -1,15 +1,38 @@
 // The five selectors that name the conditions of a colour value: illuminant, observer, density standard,
 // instrument filter and white base. Each is a plain value with a text form. Texts are a stored vocabulary;
-// some values are read by another text than the one they are written as, because files hold the one and
-// people see the other. In each selector -1 means that it is not set.
+// some values are read from another text than the one they are written as, because files hold one form and
+// users see the other. In each selector -1 means that it is not set.
+//
+// A constructor from text falls back to a fixed value for text that it does not know. `Parse` reports such
+// text, and also reads what users and other programs write: names in any case, with or without blanks,
+// hyphens and underscores; the written forms as well as the stored ones.
 #pragma once
 
 #include "SV/core/String.h"
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace kv {
+
+namespace detail {
+
+/// What four of the selectors share: one value of an enumeration, converted from and to it.
+template <class Type>
+class Selector {
+  public:
+    constexpr Selector(Type type) noexcept : type_(type) {}
+    constexpr operator Type() const noexcept { return type_; }
+
+    friend constexpr bool operator==(Selector const&, Selector const&) noexcept = default;
+    friend constexpr bool operator==(Selector const& a, Type b) noexcept { return Type(a) == b; }
+
+  protected:
+    Type type_;
+};
+
+}  // namespace detail
 
 /// An illuminant: CIE A, C, D65, D50; numbered ones without a table; eight slots for daylight by colour
 /// temperature; the CIE fluorescent lamps; weights supplied by the caller.
@@ -57,11 +80,19 @@ class IllumClass {
     static constexpr short UnusedDayNumber = 65;
 
     /// `dayNumber` is the nominal colour temperature of a daylight slot in hundreds of kelvin (65: 6500 K).
-    constexpr explicit IllumClass(IllumType type, short dayNumber = UnusedDayNumber) noexcept
+    constexpr IllumClass(IllumType type, short dayNumber = UnusedDayNumber) noexcept
         : type_(type), dayNumber_(dayNumber) {}
-    /// Reads the type; text that is none of the stored forms is F12. The day number is 65: who reads a
-    /// daylight slot ("Dxx1" to "Dxx8") has to give it a number.
-    explicit IllumClass(sv::String const& text) noexcept;
+    /// Reads the stored form of the type, exactly; any other text is F12, a written daylight ("D55")
+    /// included. The day number is 65: a daylight slot ("Dxx1" to "Dxx8") still needs its number.
+    IllumClass(sv::String const& text) noexcept;
+
+    /// The day numbers that `Parse` accepts: 4000 K to 25000 K, the range of the CIE formula.
+    static constexpr short FirstDayNumber = 40;
+    static constexpr short LastDayNumber = 250;
+    /// The illuminant of this name: "D50", "f11", "Custom"; a slot as the constructor reads it; "D40" to
+    /// "D250" for a daylight by number, in slot 1, except D50 and D65, which are the tabulated ones. Empty
+    /// for other text.
+    [[nodiscard]] static std::optional<IllumClass> Parse(std::string_view text) noexcept;
 
     constexpr operator IllumType() const noexcept { return type_; }
     /// The day number.
@@ -85,6 +116,7 @@ class IllumClass {
         if (IsNumberedDaylight(a.type_)) return IsNumberedDaylight(b.type_) && a.dayNumber_ == b.dayNumber_;
         return a.type_ == b.type_;
     }
+    friend constexpr bool operator==(IllumClass const& a, IllumType b) noexcept { return a.type_ == b; }
 
   private:
     IllumType type_;
@@ -94,21 +126,18 @@ class IllumClass {
 /// The standard colorimetric observers (CIE 15).
 enum class ObserverType : int { NotSet = -1, TwoDegrees = 0, TenDegrees = 1, ClientSpecific = 2 };
 
-class ObserverClass {
+class ObserverClass : public detail::Selector<ObserverType> {
   public:
-    constexpr explicit ObserverClass(ObserverType type) noexcept : type_(type) {}
+    using Selector::Selector;
     /// "10" is the 10 degree observer and every other text the 2 degree one, the written "10°" included:
     /// files hold the bare number.
-    explicit ObserverClass(sv::String const& text) noexcept;
+    ObserverClass(sv::String const& text) noexcept;
+    /// "2" or "10", bare or with a degree sign, "deg", "degree" or "degrees"; "1931" or "1964", also after
+    /// "CIE". Empty for other text.
+    [[nodiscard]] static std::optional<ObserverClass> Parse(std::string_view text) noexcept;
 
-    constexpr operator ObserverType() const noexcept { return type_; }
     /// "2" or "10" with the degree sign of the language's code page; empty for all others.
     operator sv::String() const;
-
-    friend constexpr bool operator==(ObserverClass const&, ObserverClass const&) noexcept = default;
-
-  private:
-    ObserverType type_;
 };
 
 /// Density standards. ANSI M and DS1 can be selected, but only their visual channel has a filter.
@@ -123,20 +152,17 @@ enum class DStdType : int {
     Ds1 = 8
 };
 
-class DStdClass {
+class DStdClass : public detail::Selector<DStdType> {
   public:
-    constexpr explicit DStdClass(DStdType type) noexcept : type_(type) {}
-    /// Reads the stored key ("ANSIT"); unknown text is DIN, the written form with its blank ("ANSI T") too.
-    explicit DStdClass(sv::String const& text) noexcept;
+    using Selector::Selector;
+    /// Reads the stored key ("ANSIT"), exactly; any other text is DIN, the written form with its blank ("ANSI
+    /// T") included.
+    DStdClass(sv::String const& text) noexcept;
+    /// The standard of this name: "ANSIT", "ansi t", "DIN NB". Empty for other text.
+    [[nodiscard]] static std::optional<DStdClass> Parse(std::string_view text) noexcept;
 
-    constexpr operator DStdType() const noexcept { return type_; }
     /// The form for display ("ANSI T"); empty for values without a name.
     operator sv::String() const;
-
-    friend constexpr bool operator==(DStdClass const&, DStdClass const&) noexcept = default;
-
-  private:
-    DStdType type_;
 };
 
 /// The physical filter in the instrument's light path, or its mode of measurement.
@@ -154,46 +180,45 @@ enum class ValueFilterType : int {
     D8t = 9
 };
 
-class ActualFilterClass {
+class ActualFilterClass : public detail::Selector<ValueFilterType> {
   public:
-    constexpr explicit ActualFilterClass(ValueFilterType type) noexcept : type_(type) {}
-    /// Unknown text is "no filter".
-    explicit ActualFilterClass(sv::String const& text) noexcept;
+    using Selector::Selector;
+    /// Reads the name, exactly; any other text is "no filter".
+    ActualFilterClass(sv::String const& text) noexcept;
+    /// The filter of this name: "Pol", "uv"; "???" is the unknown one. Empty for other text.
+    [[nodiscard]] static std::optional<ActualFilterClass> Parse(std::string_view text) noexcept;
 
     /// The filter; one that is not set counts as "no filter".
     constexpr operator ValueFilterType() const noexcept {
         return type_ == ValueFilterType::NotSet ? ValueFilterType::None : type_;
     }
+    friend constexpr bool operator==(ActualFilterClass const& a, ActualFilterClass const& b) noexcept {
+        return a.type_ == b.type_;
+    }
+    friend constexpr bool operator==(ActualFilterClass const& a, ValueFilterType b) noexcept {
+        return ValueFilterType(a) == b;
+    }
     /// Empty for values without a name, the unset one among them.
     operator sv::String() const;
     /// The same text without a copy.
     [[nodiscard]] std::string_view Name() const noexcept;
-
-    friend constexpr bool operator==(ActualFilterClass const&, ActualFilterClass const&) noexcept = default;
-
-  private:
-    ValueFilterType type_;
 };
 
 /// What a measurement is relative to.
 enum class StoredWBaseType : int { NotSet = -1, PaperWhite = 0, Absolute = 1 };
 
-class WBaseClass {
+class WBaseClass : public detail::Selector<StoredWBaseType> {
   public:
-    constexpr explicit WBaseClass(StoredWBaseType type) noexcept : type_(type) {}
+    using Selector::Selector;
     /// "Pap" is relative to the paper; every other text is absolute.
-    explicit WBaseClass(sv::String const& text) noexcept;
+    WBaseClass(sv::String const& text) noexcept;
+    /// The white base of this name: "Pap", "abs". Empty for other text.
+    [[nodiscard]] static std::optional<WBaseClass> Parse(std::string_view text) noexcept;
 
-    constexpr operator StoredWBaseType() const noexcept { return type_; }
     /// Empty for values without a name.
     operator sv::String() const;
     /// The same text without a copy.
     [[nodiscard]] std::string_view Name() const noexcept;
-
-    friend constexpr bool operator==(WBaseClass const&, WBaseClass const&) noexcept = default;
-
-  private:
-    StoredWBaseType type_;
 };
 
 }  // namespace kv

@@ -91,6 +91,36 @@ TEST(Selectors, IlluminantTravelsInOneWord) {
     EXPECT_EQ(IllumType(unset), IllumType::NotSet);
 }
 
+/// What `Parse` makes of a text, as number and day number; -2 for none.
+static std::pair<int, int> Parsed(std::optional<IllumClass> const& parsed) {
+    return parsed ? std::pair{int(IllumType(*parsed)), int(short(*parsed))} : std::pair{-2, 0};
+}
+
+TEST(Selectors, ParseReportsUnknownText) {
+    for (auto const& [text, type, number] : Rows<char const*, int, int>{
+             {"D65", 2, 65},      {"d50", 3, 65},   {" f12 ", 35, 65}, {"F-2", 25, 65},  {"il4", 11, 65},
+             {"CUSTOM", 100, 65}, {"Dxx3", 18, 65}, {"D55", 16, 55},   {"d 75", 16, 75}, {"D40", 16, 40},
+             {"D250", 16, 250},   {"D39", -2, 0},   {"D251", -2, 0},   {"D055", -2, 0},  {"D6 5", -2, 0},
+             {"D65x", -2, 0},     {"D", -2, 0},     {"", -2, 0},       {"F13", -2, 0},   {"F1 2", -2, 0},
+             {"-A", -2, 0},       {"D99999", -2, 0}}) {
+        EXPECT_EQ(Parsed(IllumClass::Parse(text)), std::pair(type, number)) << text;
+    }
+    for (char const* const text :
+         {"2", "2\xB0", "2\xC2\xB0", "2\xA1\x43", "2 deg", "2-DEGREES", "1931", "CIE 1931"})
+        EXPECT_EQ(ObserverClass::Parse(text), ObserverType::TwoDegrees) << text;
+    for (char const* const text : {"10", " 10 ", "10\xDF", "10 degree", "cie1964"})
+        EXPECT_EQ(ObserverClass::Parse(text), ObserverType::TenDegrees) << text;
+    for (char const* const text : {"", "1", "20", "100", "2 10", "ten", "CIE"})
+        EXPECT_FALSE(ObserverClass::Parse(text)) << text;
+    EXPECT_EQ(DStdClass::Parse("ansi t"), DStdType::AnsiT);
+    EXPECT_EQ(DStdClass::Parse("DINNB"), DStdType::DinNb);
+    EXPECT_EQ(DStdClass::Parse("din"), DStdType::Din);
+    EXPECT_EQ(ActualFilterClass::Parse("uv"), ValueFilterType::Uv);
+    EXPECT_EQ(ActualFilterClass::Parse("???"), ValueFilterType::Unknown);
+    EXPECT_EQ(WBaseClass::Parse("abs"), StoredWBaseType::Absolute);
+    EXPECT_FALSE(DStdClass::Parse("ANSI") || ActualFilterClass::Parse("M1") || WBaseClass::Parse(""));
+}
+
 class ObserverText : public ContextTest {};
 
 TEST_F(ObserverText, DegreeSignFollowsTheLanguage) {
