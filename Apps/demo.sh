@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# The programs at work on the measurements in Apps/data. The argument is the build folder; ./kv demo gives it.
+# Runs the programs on the measurements in Apps/data. The argument is the build folder; ./kv demo passes it.
 set -euo pipefail
 
-# A folder of its own for the sockets and files, so that no program of the user's takes part.
+# A private folder for sockets and files, so that no other program takes part.
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export XDG_RUNTIME_DIR=$work KORVEL_INI=$work/KORVEL.INI
@@ -11,7 +11,7 @@ build=$(realpath "${1:?usage: demo.sh BUILD_DIR}")
 kvcolor=$build/Apps/kvcolor
 cd "$(dirname "$(realpath "$0")")/data"
 
-# run TITLE SENTENCE ARGUMENT...: one call of kvcolor under what a print engineer reads from it.
+# run TITLE SENTENCE ARGUMENT...: runs kvcolor below a sentence on what a print engineer reads from the result.
 run() {
     printf '\n== %s\n   %s\n' "$1" "$2"
     shift 2
@@ -30,7 +30,7 @@ run() {
 patches='light skin,blue,red,cyan,neutral 5*'
 
 run 'Conversion: a test chart in the light booth' \
-    'These are the numbers to compare with a proof; the neutral patch shows how far grey is from a* = b* = 0.' \
+    'Compare these numbers with a proof; the neutral patch shows how far grey is from a* = b* = 0.' \
     convert chart24-lab-a.csv --only "$patches"
 
 run 'Conversion: the same patches under a lamp at home' \
@@ -47,7 +47,7 @@ run 'Density: the solid under every standard' \
 
 run 'Difference: one chart, two laboratories' \
     'A tolerance below these differences would judge the measurement and not the print.' \
-    difference chart24-lab-b.csv --standard chart24-lab-a.csv --measure cielab,dL,dC,dH,cmc
+    difference chart24-lab-b.csv --standard chart24-lab-a.csv --formula cielab,dL,dC,dH,cmc
 
 run 'Metamerism: would a match with the middle grey hold under other lamps?' \
     'Below 0.5 it holds, as for the greys; a brown corrected to that grey would part from it at once.' \
@@ -58,7 +58,7 @@ run 'Colour strength: the series relative to its solid' \
     'Ink on half the dots has far less than half the strength: what a recipe for a tint has to start from.' \
     strength ink-series.txt --paper 0 --solid 100 --model all --only '0,25,50,80,100'
 
-# The measuring server plays the chart that the suite's ini file names; the first message starts it.
+# The measuring server replays the chart named in the suite's ini file; the first message starts it.
 printf '[HQM-Server]\nMeasurements=%s\n' "$PWD/chart24-lab-a.csv" >"$KORVEL_INI"
 sockets=$work/kvutils-dde
 fail() {
@@ -68,27 +68,27 @@ fail() {
 running() { find "$sockets" -type s 2>/dev/null | wc -l; }
 
 run 'Messages: a chart through the measuring server' \
-    'Nothing runs: the first message starts HQMSERV, then 24 patches are measured, each by messages.' \
+    'No server is running: the first message starts HQMSERV, which then measures 24 patches.' \
     measure "$work/measured.dat"
-printf '%s samples in the data file; programs that take messages now: %s\n' \
+printf '%s samples in the data file; programs that receive messages: %s\n' \
     "$(grep -c '^\[Sample\]' "$work/measured.dat")" "$(running)"
 
-run 'Messages: what was measured, read back and compared with its source' \
-    'All differences are 0: a reflectance survives the wire and the file to its last bit.' \
-    difference "$work/measured.dat" --standard chart24-lab-a.csv --measure cielab,cmc --only "$patches"
+run 'Messages: the measurement, compared with its source' \
+    'All differences are 0: messages and file preserve every bit of a reflectance.' \
+    difference "$work/measured.dat" --standard chart24-lab-a.csv --formula cielab,cmc --only "$patches"
 
 for file in "$work/measured.dat" chart24-lab-a.csv; do
     "$kvcolor" convert "$file" --format csv --quiet | cut -d , -f 1-13
 done | sort | uniq -c | awk '$1 != 2 { different = 1 } END { exit different }' ||
-    fail 'what was measured is not what the chart holds'
+    fail 'the measurement differs from the chart'
 for _ in $(seq 100); do
     [ "$(running)" != 0 ] || break
     sleep 0.1
 done
-[ "$(running)" = 0 ] || fail 'the server runs on without a client'
-printf '\nAll 24 rows agree in every digit, and the server has ended after its last client.\n'
+[ "$(running)" = 0 ] || fail 'the server still runs without a client'
+printf '\nAll 24 rows agree in every digit, and the server exited after its last client.\n'
 
-# What was measured, in the workbench.
+# The measurement in the workbench.
 pictures=$build/demo
 mkdir -p "$pictures"
 "$build/Apps/ColourDesk" "$work/measured.dat" --language en --standard 'neutral 5 (.70 D)' --cursor 550 \

@@ -111,6 +111,7 @@ if(KVUTILS_BUILD_APPS)
   target_link_libraries(AppsTests PRIVATE colour_desk measuring_server kvcolor_commands GTest::gtest kvutils_options)
   target_compile_definitions(AppsTests PRIVATE
     KV_APPS_DATA="${PROJECT_SOURCE_DIR}/Apps/data"
+    KV_APPS_TESTS="${PROJECT_SOURCE_DIR}/Apps/Tests"
     KV_TEXTS="${PROJECT_SOURCE_DIR}/Apps/LNG"
     KV_MAIL_CLIENT="$<TARGET_FILE:MailClient>"
     KV_PRINTS=$<IF:$<TARGET_EXISTS:kvcolor_printing>,true,false>

@@ -24,7 +24,7 @@ constexpr char const* MeasurementPattern = "*.dat *.csv *.txt *.cgats *.it8";
 
 bool DeskWindow::Save(std::string const& path) {
     auto const changed = std::ranges::count_if(sheet_->File().samples, [](files::Sample const& sample) {
-        return !files::SurvivesDataFile(sample.name);
+        return !files::IsRepresentable(sample.name);
     });
     try {
         files::WriteDataFile(sheet_->File(), path);

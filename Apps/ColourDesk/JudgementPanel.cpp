@@ -33,8 +33,8 @@ JudgementPanel::JudgementPanel(sv::Window* parent)
       limitCaptions_{sv::FixedText(this), sv::FixedText(this), sv::FixedText(this), sv::FixedText(this)},
       limits_{MakeLimit(this), MakeLimit(this), MakeLimit(this), MakeLimit(this)} {
     ChangeBackgroundBrush(parent->GetBackgroundBrush());
-    for (int i = 0; i < evaluation::MeasureCount; ++i) {
-        measure_.InsertEntry(std::string(evaluation::NameOf(static_cast<evaluation::Measure>(i))));
+    for (int i = 0; i < evaluation::FormulaCount; ++i) {
+        measure_.InsertEntry(std::string(evaluation::NameOf(static_cast<evaluation::DifferenceFormula>(i))));
     }
     for (kv::NumEditor& limit : limits_) limit.ChangeMinimalStep(SmallestLimit);
     for (sv::Window* const child : GetChildren()) {
@@ -101,7 +101,7 @@ void JudgementPanel::Show(evaluation::Tolerances const& tolerances, sv::String c
                           sv::String const& paper) {
     standard_.SetText(Filled(TextOf(Label::Standard), {NameOr(standard)}));
     paper_.SetText(Filled(TextOf(Label::PaperWhite), {NameOr(paper)}));
-    measure_.SelectEntryPos(static_cast<unsigned short>(tolerances.measure));
+    measure_.SelectEntryPos(static_cast<unsigned short>(tolerances.formula));
     limits_[0].setValue(tolerances.difference);
     for (std::size_t i = 0; i < tolerances.components.size(); ++i) {
         limits_[i + 1].setValue(tolerances.components[i]);
@@ -110,7 +110,8 @@ void JudgementPanel::Show(evaluation::Tolerances const& tolerances, sv::String c
 
 void JudgementPanel::Read(evaluation::Tolerances& tolerances) const {
     unsigned short const measure = measure_.GetSelectEntryPos();
-    if (measure < evaluation::MeasureCount) tolerances.measure = static_cast<evaluation::Measure>(measure);
+    if (measure < evaluation::FormulaCount)
+        tolerances.formula = static_cast<evaluation::DifferenceFormula>(measure);
     tolerances.difference = limits_[0].getValue();
     for (std::size_t i = 0; i < tolerances.components.size(); ++i) {
         tolerances.components[i] = limits_[i + 1].getValue();

@@ -84,7 +84,7 @@ void SampleView::TakeChanges() {
     }
     if (sheet_ != nullptr) {
         evaluation::Tolerances const& tolerances = sheet_->Conditions().tolerances;
-        columns[Difference].title = evaluation::TitleOf(tolerances.measure, tolerances.weights);
+        columns[Difference].title = evaluation::TitleOf(tolerances.formula, tolerances.weights);
     }
     // A person's own widths stay where they can.
     if (!std::ranges::equal(columns, GetColumns())) SetColumns(std::move(columns));

@@ -13,8 +13,8 @@ namespace evaluation {
 
 namespace {
 
-/// Not-a-number keeps no limit.
-bool Keeps(double limit, float value) noexcept { return limit == 0 || std::fabs(value) <= limit; }
+/// Returns whether a value is within a limit; NaN never is.
+bool IsWithin(double limit, float value) noexcept { return limit == 0 || std::fabs(value) <= limit; }
 
 void DropPastEnd(std::optional<std::size_t>& index, std::size_t count) noexcept {
     if (index && *index >= count) index.reset();
@@ -25,13 +25,15 @@ void DropPastEnd(std::optional<std::size_t>& index, std::size_t count) noexcept 
 Judgement Judge(kv::Spectrum const& sample, kv::Spectrum const& standard,
                 Tolerances const& tolerances) noexcept {
     Pair const pair(sample, standard);
-    auto const rate = [&](Measure measure) { return pair.Rate(measure, tolerances.weights); };
-    Judgement judgement{rate(tolerances.measure),
-                        {rate(Measure::DeltaL), rate(Measure::DeltaC), rate(Measure::DeltaH)},
-                        false};
-    judgement.isWithin = Keeps(tolerances.difference, judgement.difference);
+    auto const rate = [&](DifferenceFormula formula) { return pair.Rate(formula, tolerances.weights); };
+    Judgement judgement{
+        rate(tolerances.formula),
+        {rate(DifferenceFormula::DeltaL), rate(DifferenceFormula::DeltaC), rate(DifferenceFormula::DeltaH)},
+        false};
+    judgement.isWithin = IsWithin(tolerances.difference, judgement.difference);
     for (std::size_t i = 0; i < judgement.components.size(); ++i) {
-        judgement.isWithin = judgement.isWithin && Keeps(tolerances.components[i], judgement.components[i]);
+        judgement.isWithin =
+            judgement.isWithin && IsWithin(tolerances.components[i], judgement.components[i]);
     }
     return judgement;
 }
@@ -57,7 +59,7 @@ void ColourSheet::Change(SheetConditions conditions) {
     DropPastEnd(conditions.paper, count);
     DropPastEnd(conditions.standard, count);
     conditions_ = conditions;
-    PutInForce(conditions.illuminant, conditions.observer, conditions.densityStandard);
+    ApplyConditions(conditions.illuminant, conditions.observer, conditions.densityStandard);
     if (conditions.paper) kv::CMetry::EnterWhite(file_.samples[*conditions.paper].spectrum);
     rows_.clear();
     rows_.reserve(count);

@@ -1,5 +1,5 @@
-// ColourSheet: the patches of a chart as colours under the conditions of one's choice, and whether each keeps
-// the tolerances. What a workbench and a report show of a measurement.
+// ColourSheet: the patches of a chart as colours under chosen conditions, and whether each is within the
+// tolerances. The workbench and the report show it.
 #pragma once
 
 #include "Apps/evaluation/DifferenceFormula.h"
@@ -18,34 +18,34 @@
 
 namespace evaluation {
 
-/// How far a sample may be from its standard. A limit of 0 is none.
+/// The limits of the difference between a sample and its standard; 0 is no limit.
 struct Tolerances {
-    Measure measure = Measure::Cielab;
-    MeasureWeights weights;
-    double difference = 2;                         // by the measure, without its sign
+    DifferenceFormula formula = DifferenceFormula::Cielab;
+    FormulaWeights weights;
+    double difference = 2;                         // by the formula, without its sign
     std::array<double, 3> components = {0, 0, 0};  // of dL*, dC*, dH*, without their signs
 
-    /// Whether anything can be out of them.
+    /// Returns whether there is any limit.
     [[nodiscard]] bool HasLimits() const noexcept;
 };
 
-/// A sample held against its standard.
+/// The comparison of a sample with its standard.
 struct Judgement {
-    float difference = 0;             // by the measure; not-a-number where it has no value
+    float difference = 0;             // by the formula; NaN if it has no value
     std::array<float, 3> components;  // dL*, dC*, dH*
-    bool isWithin = false;            // never with a limit and no value to hold against it
+    bool isWithin = false;            // false if there is a limit but no value
 };
 
 [[nodiscard]] Judgement Judge(kv::Spectrum const& sample, kv::Spectrum const& standard,
                               Tolerances const& tolerances) noexcept;
 
-/// What the sheet's colours depend on. Indices are those of samples.
+/// The conditions of a sheet. Indices are those of samples.
 struct SheetConditions {
     kv::IllumClass illuminant{kv::IllumType::D50};
     kv::ObserverClass observer{kv::ObserverType::TwoDegrees};
     kv::DStdClass densityStandard{kv::DStdType::AnsiT};
     std::optional<std::size_t> paper;     // densities are relative to it
-    std::optional<std::size_t> standard;  // the others are judged against it
+    std::optional<std::size_t> standard;  // compared with all others
     Tolerances tolerances;
 };
 
@@ -54,20 +54,20 @@ struct SheetRow {
     kv::LABVector lab;
     kv::LChVector lch;
     kv::DensityVector density;           // relative to the paper, if there is one
-    int densityFilter;                   // the channel that the patch is judged by, 0 for visual
-    sv::Color swatch;                    // on the screen
+    int densityFilter;                   // the dominant channel, 0 for visual
+    sv::Color swatch;                    // for the screen
     kv::FarbNummerType name;             // number of the colour's name in the text group "FarbTexte"
-    std::optional<Judgement> judgement;  // none without a standard, and for the standard itself
+    std::optional<Judgement> judgement;  // none without a standard and for the standard itself
 };
 
-/// What the density filters measure: 'C', 'M', 'Y' the inks, 'V' the visual one.
+/// Returns the ink that a density filter (0 to 3) measures: 'V' visual, 'C', 'M', 'Y'.
 [[nodiscard]] char InkOfFilter(int filter) noexcept;
 
-/// How many are judged, and how many of these are within the tolerances.
+/// The number of samples compared, and of those within the tolerances.
 struct SheetVerdict {
     std::size_t judged = 0;
     std::size_t within = 0;
-    // Of the differences that have a value, without their signs.
+    // Of the differences that have a value, without their signs:
     float mean = 0;
     float largest = 0;
     std::optional<std::size_t> whereLargest;
@@ -75,21 +75,21 @@ struct SheetVerdict {
 
 class ColourSheet {
   public:
-    /// The conditions that the file states, as far as it does, and those of SheetConditions.
+    /// Starts with the conditions stated by the file; those of SheetConditions otherwise.
     explicit ColourSheet(files::MeasurementFile file);
 
     [[nodiscard]] files::MeasurementFile const& File() const noexcept { return file_; }
     [[nodiscard]] SheetConditions const& Conditions() const noexcept { return conditions_; }
-    /// One for each sample, in their order.
+    /// Returns one row for each sample, in their order.
     [[nodiscard]] std::span<SheetRow const> Rows() const noexcept { return rows_; }
     [[nodiscard]] SheetVerdict const& Verdict() const noexcept { return verdict_; }
-    /// On these samples alone.
+    /// Returns the verdict on some samples.
     [[nodiscard]] SheetVerdict VerdictOn(std::span<std::size_t const> samples) const noexcept;
-    /// All samples, by their indices.
+    /// Returns the indices of all samples.
     [[nodiscard]] std::vector<std::size_t> AllSamples() const;
 
-    /// Computes all anew, with these in force in the library's context from then on. An index past the last
-    /// sample is none.
+    /// Computes all rows again and leaves these conditions in force in the library's context. Ignores an
+    /// index past the last sample.
     void Change(SheetConditions conditions);
 
   private:

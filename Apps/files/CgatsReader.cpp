@@ -38,10 +38,10 @@ class Reader {
   private:
     enum class Section : int { Header, Format, Data, After };
 
-    [[nodiscard]] Place Here() const { return {file_.path, lines_.Number()}; }
+    [[nodiscard]] Location Here() const { return {file_.path, lines_.Number()}; }
 
     void TakeLine(std::string_view line) {
-        bool const isClosed = SplitAtBlanks(line, cells_);
+        bool const isClosed = SplitAt(Blanks, line, cells_);
         if (isClosed && cells_.empty()) return;
         std::string_view const first = cells_.empty() ? std::string_view() : WithoutQuotes(cells_.front());
         if (isClosed && TakeSectionMark(first)) return;
@@ -51,7 +51,7 @@ class Reader {
         if (section_ == Section::Data) TakeData(line, isClosed);
     }
 
-    /// BEGIN_ and END_ lines; false for all others.
+    /// Handles BEGIN_ and END_ lines; returns false for all others.
     bool TakeSectionMark(std::string_view word) {
         if (word == "BEGIN_DATA_FORMAT") return Begin(word, section_ == Section::Header && names_.empty());
         if (word == "BEGIN_DATA") return Begin(word, section_ == Section::Header && !names_.empty());
@@ -70,7 +70,7 @@ class Reader {
         RefuseRest(word);
         section_ = isFormat ? Section::Format : Section::Data;
         if (isFormat) formatLine_ = lines_.Number();
-        if (!isFormat) table_.emplace(std::move(names_), Dialect::Cgats, Place{file_.path, formatLine_});
+        if (!isFormat) table_.emplace(std::move(names_), Dialect::Cgats, Location{file_.path, formatLine_});
         return true;
     }
 
@@ -85,7 +85,7 @@ class Reader {
         return true;
     }
 
-    /// What has to come in this section, for error texts.
+    /// The line that ends this section, for error messages.
     [[nodiscard]] char const* Expected() const {
         if (section_ == Section::Format) return "END_DATA_FORMAT";
         if (section_ == Section::Data) return "END_DATA";
@@ -94,7 +94,7 @@ class Reader {
 
     void RefuseRest(std::string_view word) const {
         if (cells_.size() > 1)
-            Fail(Here(), Excerpt(cells_[1]) + " behind " + std::string(word), "the end of the line");
+            Fail(Here(), Excerpt(cells_[1]) + " after " + std::string(word), "the end of the line");
     }
 
     void NoteFurtherTable() {
@@ -106,7 +106,7 @@ class Reader {
 
     void TakeKeyword(std::string_view line, std::string_view keyword) {
         if (keyword.empty()) return;
-        // The value is all that follows, since not every writer puts it in quotes.
+        // The value is the rest of the line: some writers do not quote it.
         std::string_view const rest = Trimmed(line.substr(line.find(cells_[0]) + cells_[0].size()));
         if (file_.dialect.empty()) {
             file_.dialect = rest.empty() ? ToUtf8(keyword) : "CGATS";
@@ -120,7 +120,7 @@ class Reader {
         conditions_.Take(keyword, value);
     }
 
-    /// What a perfect white is written as.
+    /// The value that stands for a perfect white.
     void TakeNorm(std::string const& value) {
         auto const norm = ToNumber(value);
         if (norm != 1 && norm != 100) Fail(Here(), "SPECTRAL_NORM " + Excerpt(value), "1 or 100");
@@ -151,7 +151,7 @@ class Reader {
         TakePartOfRow(width);
     }
 
-    /// A row whose cells are divided by tabs alone may have blanks in its names, and may leave a cell empty.
+    /// A row separated by tabs alone may have blanks in its names and empty cells.
     bool TakeTabbedRow(std::string_view line) {
         if (line.find('\t') == std::string_view::npos || !SplitAt('\t', line, tabbed_)) return false;
         while (tabbed_.size() > table_->Width() && tabbed_.back().empty()) tabbed_.pop_back();
@@ -159,7 +159,7 @@ class Reader {
             table_->AddRow(tabbed_, Here());
             return true;
         }
-        // Where tabs divide most of a row, a blank belongs to a name; as a separator it would shift the
+        // If tabs separate most of the row, a blank belongs to a name; as a separator it would shift the
         // values.
         auto const filled =
             static_cast<std::size_t>(std::ranges::count_if(tabbed_, [](auto cell) { return !cell.empty(); }));
@@ -167,7 +167,7 @@ class Reader {
         return false;
     }
 
-    /// A row may go over several lines, but it ends where a line ends.
+    /// Adds a line to a row that spans several lines; a row ends at the end of a line.
     void TakePartOfRow(std::size_t width) {
         if (row_.empty() && cells_.size() > width) RefuseRow(cells_.size());
         if (row_.size() + cells_.size() > width) RefuseOpenRow();
@@ -193,7 +193,7 @@ class Reader {
         if (!isClosed) Fail(Here(), "a quote that is not closed", "its end in the same line");
     }
 
-    /// A file that stops early may have lost the end of its last number.
+    /// Refuses a file that stops early: its last number may be incomplete.
     void CheckEnd() const {
         if (section_ != Section::After) Fail(Here(), "the end of the file", Expected());
         if (table_->Rows() == 0) Fail(Here(), "no rows of data", "one at least");
@@ -215,9 +215,9 @@ class Reader {
     Section section_ = Section::Header;
     Cells cells_;
     Cells tabbed_;
-    Cells row_;  // of a row that goes over several lines
+    Cells row_;  // the cells so far of a row that spans several lines
     std::size_t rowLine_ = 0;
-    std::deque<std::string> unwrapped_;  // lines that cells_ and row_ look into
+    std::deque<std::string> unwrapped_;  // keeps what cells_ and row_ view
     std::vector<std::string> names_;
     std::size_t formatLine_ = 0;
     std::optional<SampleTable> table_;

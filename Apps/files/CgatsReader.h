@@ -1,4 +1,5 @@
-// CGATS and ISO 28178 text: keyword lines, the field names of BEGIN_DATA_FORMAT, the rows of BEGIN_DATA.
+// Reads CGATS and ISO 28178 text: keyword lines, the field names of BEGIN_DATA_FORMAT, the rows of
+// BEGIN_DATA.
 #pragma once
 
 #include "Apps/files/MeasurementFile.h"
@@ -7,7 +8,7 @@
 
 namespace files {
 
-/// Whether a line starts with BEGIN_DATA or BEGIN_DATA_FORMAT; the first line may be any word.
+/// Returns whether a line starts with BEGIN_DATA or BEGIN_DATA_FORMAT. The first line may be any word.
 [[nodiscard]] bool IsCgats(std::string_view text) noexcept;
 
 /// Reads a text from CheckedText into `file`, whose path is set. Throws ReadError.

@@ -12,7 +12,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-/// Words that may stand round the wavelength in a column's name.
+/// Words that may surround the wavelength in a column name.
 constexpr std::array<std::string_view, 12> SpectralWords = {"SPECTRAL", "SPEC",   "NM",          "DEC",
                                                             "PCT",      "R",      "REFLECTANCE", "WAVELENGTH",
                                                             "WL",       "LAMBDA", "PERCENT",     "REFL"};
@@ -28,7 +28,7 @@ std::string_view TakeWhile(std::string_view& text, Condition condition) {
     return taken;
 }
 
-/// Takes one word, number or separating sign off the front and enters it; false when no spectral name has it.
+/// Consumes one word, number or separator; returns false if it cannot be part of a spectral name.
 bool TakePart(std::string_view& rest, SpectralName& name) {
     char const front = rest.front();
     if (IsDigit(front)) {
@@ -83,19 +83,19 @@ void FindSampleNames(Names const& names, Dialect dialect, Columns& columns) {
     }
     if (!columns.id) columns.id = FindName(names, std::array<std::string_view, 3>{"ID", "NO", "NUMBER"});
     if (columns.name || columns.id) return;
-    // A sheet with names of its own calls them as it likes, or not at all, but puts them in front.
+    // A sheet may give its name column any title, or none, but puts it first.
     auto const first = ToSpectralName(names.front());
     bool const isValue = (first && first->nm) || (columns.lab && columns.lab->front() == 0);
     if (!isValue) columns.name = 0;
 }
 
-/// Enters the spectral column or pair that starts at `at`; answers where the next one may start.
+/// Adds the spectral column or pair at `at`; returns the index of the next column to look at.
 std::size_t TakeSpectral(Names const& names, std::size_t at, SpectralName const& name, Columns& columns,
-                         Place const& place) {
+                         Location const& location) {
     auto const enterScale = [&](std::optional<Scale> scale, std::string const& word) {
         if (!scale) return;
         if (columns.scale && columns.scale->scale != *scale) {
-            Fail(place,
+            Fail(location,
                  "both fractions and percent in the names " + Excerpt(columns.scale->word) + " and " +
                      Excerpt(word),
                  "one of them");
@@ -110,8 +110,8 @@ std::size_t TakeSpectral(Names const& names, std::size_t at, SpectralName const&
     if (Key(names[at]) != "SPECTRALNM") return at + 1;
     auto const value = at + 1 < names.size() ? ToSpectralName(names[at + 1]) : std::nullopt;
     if (!value || value->nm || !value->scale) {
-        Fail(place, Excerpt(names[at]) + " alone in column " + std::to_string(at + 1),
-             "SPECTRAL_DEC or SPECTRAL_PCT behind it");
+        Fail(location, Excerpt(names[at]) + " alone in column " + std::to_string(at + 1),
+             "SPECTRAL_DEC or SPECTRAL_PCT after it");
     }
     columns.pairs.push_back({at, at + 1});
     enterScale(value->scale, names[at + 1]);
@@ -129,19 +129,19 @@ std::optional<SpectralName> ToSpectralName(std::string_view name) {
     return spectral;
 }
 
-Columns FindColumns(std::vector<std::string> const& names, Dialect dialect, Place const& place) {
+Columns FindColumns(std::vector<std::string> const& names, Dialect dialect, Location const& location) {
     Columns columns;
     for (std::size_t at = 0; at < names.size();) {
         auto const name = ToSpectralName(names[at]);
-        at = name ? TakeSpectral(names, at, *name, columns, place) : at + 1;
+        at = name ? TakeSpectral(names, at, *name, columns, location) : at + 1;
     }
     if (columns.spectral.empty() && columns.pairs.empty()) {
-        Fail(place, "no spectral columns among " + std::to_string(names.size()),
+        Fail(location, "no spectral columns among " + std::to_string(names.size()),
              dialect == Dialect::Cgats ? "fields such as SPECTRAL_NM380 or SPECTRAL_NM with SPECTRAL_DEC"
                                        : "wavelengths in the head");
     }
     if (!columns.spectral.empty() && !columns.pairs.empty()) {
-        Fail(place, "both wavelengths in names and SPECTRAL_NM columns", "one of them");
+        Fail(location, "both wavelengths in names and SPECTRAL_NM columns", "one of them");
     }
     columns.lab = FindLab(names, dialect);
     FindSampleNames(names, dialect, columns);

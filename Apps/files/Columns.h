@@ -1,4 +1,4 @@
-// What the columns of a measurement table hold, told by the names in its head.
+// Columns: finds out what each column of a measurement table holds by its name.
 #pragma once
 
 #include "Apps/files/WavelengthGrid.h"
@@ -14,13 +14,13 @@ namespace files {
 
 enum class Scale : int { Fraction, Percent };
 
-/// A scale that a file states, and the word that states it.
+/// A scale stated by a file, and the word that states it.
 struct StatedScale {
     Scale scale;
     std::string word;
 };
 
-/// Wavelength and value side by side, the wavelength being stated in every row.
+/// A wavelength column followed by its value column; every row repeats the wavelength.
 struct SpectralPair {
     std::size_t nm = 0;
     std::size_t value = 0;
@@ -34,20 +34,21 @@ struct Columns {
     std::optional<std::array<std::size_t, 3>> lab;  // L*, a*, b*
     std::vector<SpectralColumn> spectral;           // either these ...
     std::vector<SpectralPair> pairs;                // ... or these
-    std::optional<StatedScale> scale;               // where the names state it
+    std::optional<StatedScale> scale;               // if the names state it
 };
 
-/// A wavelength in a column's name ("SPECTRAL_NM380", "nm380", "380 nm"), and the scale if the name has one.
+/// The wavelength in nm in a column name ("SPECTRAL_NM380", "nm380", "380 nm") and the scale, if any.
 struct SpectralName {
     std::optional<double> nm;
     std::optional<Scale> scale;
 };
-/// Nothing when the name is no spectral one. "SPECTRAL_NM", "SPECTRAL_DEC" and "SPECTRAL_PCT" have no
-/// wavelength.
+/// Parses a column name; returns nothing if it is not spectral. "SPECTRAL_NM", "SPECTRAL_DEC" and
+/// "SPECTRAL_PCT" are spectral without a wavelength.
 [[nodiscard]] std::optional<SpectralName> ToSpectralName(std::string_view name);
 
-/// Sorts out the names. A CSV head may call its samples and their Lab less formally than CGATS. Throws
-/// ReadError when it holds no spectrum, or one in two ways.
-[[nodiscard]] Columns FindColumns(std::vector<std::string> const& names, Dialect dialect, Place const& place);
+/// Assigns the columns. A CSV header may use informal names for samples and Lab. Throws ReadError if there is
+/// no spectrum or it is given in two ways.
+[[nodiscard]] Columns FindColumns(std::vector<std::string> const& names, Dialect dialect,
+                                  Location const& location);
 
 }  // namespace files

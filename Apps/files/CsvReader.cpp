@@ -12,12 +12,12 @@ namespace files {
 
 namespace {
 
-/// Splits a line, and once more when a spreadsheet has put it in quotes as a whole.
+/// Splits a line; if a spreadsheet quoted the whole line, splits its content.
 class CellSplitter {
   public:
     explicit CellSplitter(char separator) noexcept : separator_(separator) {}
 
-    /// False when a quote is not closed. The cells are valid until the next call.
+    /// Returns false if a quote is not closed. The cells are valid until the next call.
     [[nodiscard]] bool Split(std::string_view line, Cells& cells) {
         if (!SplitAt(separator_, line, cells)) return false;
         return cells.size() > 1 || !UnwrapLine(line, unwrapped_) || SplitAt(separator_, line, cells);
@@ -34,7 +34,7 @@ void DropEmptyEnd(Cells& cells, std::size_t leastSize) {
 
 bool IsComment(std::string_view line) {
     std::string_view const text = Trimmed(line);
-    // Some spreadsheets announce the separator in a line of its own.
+    // Some spreadsheets declare the separator in a line of its own.
     bool const isAnnouncement = text.size() == 5 && text.starts_with("sep=");
     return text.empty() || text.starts_with('#') || isAnnouncement;
 }
@@ -51,15 +51,15 @@ struct Head {
     std::vector<std::string> names;
 };
 
-/// The separator is the one that shows most wavelengths in the head.
-Head ReadHead(std::string_view line, Place const& place) {
+/// Chooses the separator that yields the most wavelengths.
+Head ReadHead(std::string_view line, Location const& location) {
     Head head;
     Cells cells;
     std::size_t most = 0;
     for (char const separator : {',', ';', '\t'}) {
         CellSplitter splitter(separator);
         if (!splitter.Split(line, cells))
-            Fail(place, "a quote that is not closed", "its end in the same line");
+            Fail(location, "a quote that is not closed", "its end in the same line");
         std::size_t const count = CountWavelengths(cells);
         if (count <= most) continue;
         most = count;
@@ -68,8 +68,8 @@ Head ReadHead(std::string_view line, Place const& place) {
         for (std::string_view const cell : cells) head.names.push_back(ToUtf8(Unquoted(cell)));
     }
     if (most == 0) {
-        Fail(place, Excerpt(Trimmed(line)),
-             "a CSV head with wavelengths, or a CGATS file with BEGIN_DATA_FORMAT and BEGIN_DATA");
+        Fail(location, Excerpt(Trimmed(line)),
+             "a CSV header with wavelengths, or a CGATS file with BEGIN_DATA_FORMAT and BEGIN_DATA");
     }
     return head;
 }
@@ -83,9 +83,9 @@ void ReadRows(LineReader& lines, char separator, SampleTable& table, std::string
     CellSplitter splitter(separator);
     Cells cells;
     while (lines.Next()) {
-        Place const place{file, lines.Number()};
+        Location const location{file, lines.Number()};
         if (!splitter.Split(lines.Text(), cells)) {
-            Fail(place, "a quote that is not closed", "its end in the same line");
+            Fail(location, "a quote that is not closed", "its end in the same line");
         }
         bool const isBlank =
             std::ranges::all_of(cells, [](auto cell) { return WithoutQuotes(cell).empty(); });
@@ -93,12 +93,12 @@ void ReadRows(LineReader& lines, char separator, SampleTable& table, std::string
         if (isBlank || isComment) continue;
         DropEmptyEnd(cells, table.Width());
         if (cells.size() != table.Width()) {
-            Fail(place, "a row of " + std::to_string(cells.size()) + " cells",
-                 std::to_string(table.Width()) + " as in the head");
+            Fail(location, "a row of " + std::to_string(cells.size()) + " cells",
+                 std::to_string(table.Width()) + " as in the header");
         }
-        table.AddRow(cells, place);
+        table.AddRow(cells, location);
     }
-    if (table.Rows() == 0) Fail({file, lines.Number()}, "no rows behind the head", "one at least");
+    if (table.Rows() == 0) Fail({file, lines.Number()}, "no rows after the header", "one at least");
 }
 
 }  // namespace
@@ -107,9 +107,9 @@ void ReadCsv(std::string_view text, MeasurementFile& file) {
     LineReader lines(text);
     while (lines.Next() && IsComment(lines.Text())) {
     }
-    Place const headPlace{file.path, lines.Number()};
-    Head head = ReadHead(lines.Text(), headPlace);
-    SampleTable table(std::move(head.names), Dialect::Csv, headPlace);
+    Location const headLocation{file.path, lines.Number()};
+    Head head = ReadHead(lines.Text(), headLocation);
+    SampleTable table(std::move(head.names), Dialect::Csv, headLocation);
     ReadRows(lines, head.separator, table, file.path);
     file.dialect = "CSV";
     file.notes.push_back(std::string("cells separated by ") + NameOf(head.separator));

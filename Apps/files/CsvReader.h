@@ -1,4 +1,4 @@
-// CSV with a column a wavelength and a row a sample, separated by commas, semicolons or tabs.
+// Reads CSV with one column per wavelength and one row per sample, separated by commas, semicolons or tabs.
 #pragma once
 
 #include "Apps/files/MeasurementFile.h"
@@ -7,8 +7,8 @@
 
 namespace files {
 
-/// Reads a text from CheckedText into `file`, whose path is set. Throws ReadError, also when the first line
-/// that is no comment (#) has no wavelengths.
+/// Reads a text from CheckedText into `file`, whose path is set. Throws ReadError, also if the first line
+/// that is not a comment (#) has no wavelengths.
 void ReadCsv(std::string_view text, MeasurementFile& file);
 
 }  // namespace files

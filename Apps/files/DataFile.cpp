@@ -12,12 +12,10 @@
 #include <array>
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
 #include <optional>
 #include <sstream>
 #include <system_error>
 #include <utility>
-#include <vector>
 
 namespace files {
 
@@ -27,14 +25,13 @@ namespace fs = std::filesystem;
 
 constexpr int FormatVersion = 2;
 constexpr std::string_view FirstLine = "[File]";
-/// What of a line the format reads.
+/// The format reads no more of a line.
 constexpr std::size_t LongestLine = 1023;
 constexpr short LabDecimals = 4;
-/// Half a unit in the last place of a float above 2e-7 is more than half of the last decimal;
-/// with 16 decimals, numbers as text would show their own rounding.
+/// Enough to preserve every float above 2e-7; 16 would show the rounding of the conversion.
 constexpr short ReflectanceDecimals = 14;
 
-/// The name of a file without its folders.
+/// Returns the name of a file without its directories.
 std::string NameOf(std::string const& path) { return platform::Utf8Of(platform::PathOf(path).filename()); }
 
 void PutText(kv::ASCIIFile& out, char const* key, std::string_view utf8) {
@@ -77,11 +74,7 @@ std::string TextOf(MeasurementFile const& file) {
     throw WriteError(path + ": cannot be written: " + reason);
 }
 
-[[noreturn]] void FailToWrite(std::string const& path, std::error_code const& error) {
-    FailToWrite(path, error ? error.message() : "the system gives no reason");
-}
-
-/// The reader would lose the end of such a line, and nobody would notice.
+/// Refuses lines whose end the reader would drop.
 void CheckLineLengths(std::string_view text, std::string const& path) {
     for (LineReader lines(text); lines.Next();) {
         if (lines.Text().size() <= LongestLine) continue;
@@ -90,24 +83,11 @@ void CheckLineLengths(std::string_view text, std::string const& path) {
     }
 }
 
-void WriteBytes(fs::path const& file, std::string const& bytes, std::string const& path) {
-    errno = 0;
-    std::ofstream stream(file, std::ios::binary | std::ios::trunc);
-    stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    stream.close();
-    if (stream) return;
-    std::error_code const reason(errno, std::generic_category());
-    std::error_code ignored;
-    fs::remove(file, ignored);
-    FailToWrite(path, reason);
-}
-
 class Reader {
   public:
-    Reader(std::string_view text, std::string const& name) : name_(name) {
-        // The format knows no line that ends in CR alone once it reads from a stream.
+    Reader(std::string_view text, std::string const& name) : name_(name), lines_(text) {
+        // From a stream, the format does not read lines that end in CR alone.
         for (LineReader lines(text); lines.Next();) {
-            lines_.push_back(lines.Text());
             if (lines.Text().size() > LongestLine) {
                 Fail({name, lines.Number()}, "a line of " + std::to_string(lines.Text().size()) + " bytes",
                      "at most " + std::to_string(LongestLine) + " in a data file");
@@ -115,6 +95,7 @@ class Reader {
             stream_ << lines.Text() << '\n';
         }
         in_.emplace(&stream_, kv::uchar{1}, kv::uchar{0});
+        hasLine_ = lines_.Next();
     }
 
     MeasurementFile Read() {
@@ -128,33 +109,32 @@ class Reader {
             file.samples.push_back(
                 TakeSample("sample " + std::to_string(i) + " of " + std::to_string(count)));
         }
-        while (at_ < lines_.size() && Trimmed(lines_[at_]).empty()) ++at_;
-        if (at_ < lines_.size()) Refuse("the end of the file behind " + std::to_string(count) + " samples");
+        while (hasLine_ && Trimmed(Line()).empty()) Advance();
+        if (hasLine_) Refuse("the end of the file after " + std::to_string(count) + " samples");
         return file;
     }
 
   private:
-    [[nodiscard]] Place Here() const { return {name_, at_ + 1}; }
-    [[nodiscard]] std::string_view Line() const {
-        return at_ < lines_.size() ? lines_[at_] : std::string_view();
-    }
+    [[nodiscard]] Location Here() const { return {name_, lines_.Number() + (hasLine_ ? 0U : 1U)}; }
+    [[nodiscard]] std::string_view Line() const { return hasLine_ ? lines_.Text() : std::string_view(); }
     [[noreturn]] void Refuse(std::string const& expected) const {
-        Fail(Here(), at_ < lines_.size() ? Excerpt(Line()) : "the end of the file", expected);
+        Fail(Here(), hasLine_ ? Excerpt(Line()) : "the end of the file", expected);
     }
+    void Advance() { hasLine_ = lines_.Next(); }
 
-    /// The file goes on by one line whenever it has read something, and only then.
+    /// Keeps in step with the file, which advances by a line exactly if it read something.
     bool Took(kv::uchar answer) {
-        if (answer != 0) ++at_;
+        if (answer != 0) Advance();
         return answer != 0;
     }
 
     void TakeHead() {
         bool const isTaken = in_->CheckVersion(FormatVersion) != 0;
-        constexpr std::size_t headLines = 3;
-        at_ = headLines;
-        if (isTaken) return;
-        at_ = lines_.size() > 1 && lines_[1].starts_with("Application=") ? 2 : 1;
-        Refuse(at_ == 1 ? "\"Application=\"" : "\"Version=" + std::to_string(FormatVersion) + '"');
+        Advance();
+        if (!isTaken && !Line().starts_with("Application=")) Refuse("\"Application=\"");
+        Advance();
+        if (!isTaken) Refuse("\"Version=" + std::to_string(FormatVersion) + '"');
+        Advance();
     }
 
     void TakeMeasurement(MeasurementFile& file) {
@@ -172,12 +152,13 @@ class Reader {
     }
 
     int TakeCount() {
-        constexpr auto most = static_cast<int>(MaxSamples);
-        std::size_t const before = at_;
+        constexpr auto limit = static_cast<int>(MaxSamples);
         int count = 0;
-        if (Took(in_->GetInt("Samples", count)) && count >= 1 && count <= most) return count;
-        at_ = before;
-        Refuse("\"Samples=\" with a number from 1 to " + std::to_string(most));
+        if (in_->GetInt("Samples", count) != 0 && count >= 1 && count <= limit) {
+            Advance();
+            return count;
+        }
+        Refuse("\"Samples=\" with a number from 1 to " + std::to_string(limit));
     }
 
     Sample TakeSample(std::string const& which) {
@@ -196,12 +177,12 @@ class Reader {
         return sample;
     }
 
-    /// Held against the limits as a float, as which a value at the limit was written.
+    /// Compares with the limits as a float: a value at the limit was written from a float.
     [[nodiscard]] float Reflectance(double value) const {
         auto const reflectance = static_cast<float>(value);
         if (reflectance < static_cast<float>(LowestReflectance) ||
             reflectance > static_cast<float>(HighestReflectance)) {
-            Fail({name_, at_}, "reflectance " + ToText(value),
+            Fail({name_, lines_.Number() - (hasLine_ ? 1U : 0U)}, "reflectance " + ToText(value),
                  ToText(LowestReflectance) + " to " + ToText(HighestReflectance));
         }
         return reflectance;
@@ -229,7 +210,7 @@ class Reader {
         }
     }
 
-    /// The format would read a lone "-" as 0 and leave further numbers alone.
+    /// Checks what the format would accept: a lone "-" as 0, and surplus numbers.
     void CheckNumbers(std::string const& key, std::string_view rest, std::size_t wanted) const {
         std::size_t count = 0;
         for (rest = Trimmed(rest); !rest.empty(); rest = Trimmed(rest)) {
@@ -244,8 +225,8 @@ class Reader {
     }
 
     std::string const& name_;
-    std::vector<std::string_view> lines_;
-    std::size_t at_ = 0;  // the index of the line that the file stands on
+    LineReader lines_;  // at the next line that the file reads
+    bool hasLine_ = false;
     std::stringstream stream_;
     std::optional<kv::ASCIIFile> in_;
 };
@@ -257,27 +238,21 @@ bool IsDataFile(std::string_view text) noexcept {
     return lines.Next() && lines.Text() == FirstLine;
 }
 
-bool SurvivesDataFile(std::string_view text) {
+bool IsRepresentable(std::string_view text) {
     return text.find('^') == std::string_view::npos && FromSuite(ToSuite(text)) == text;
 }
 
 void WriteDataFile(MeasurementFile const& file, std::string const& path) {
     std::string const text = TextOf(file);
     CheckLineLengths(text, path);
-    fs::path const target = platform::PathOf(platform::FollowLinks(path));
     std::error_code error;
-    fs::file_status const status = fs::status(target, error);
-    if (fs::exists(status) && !fs::is_regular_file(status)) FailToWrite(path, "it is no regular file");
-    fs::path beside = target;
-    beside += ".part";
-    WriteBytes(beside, text, path);
-    error.clear();
-    if (fs::exists(status)) fs::permissions(beside, status.permissions(), error);
-    if (!error) fs::rename(beside, target, error);
-    if (!error) return;
-    std::error_code ignored;
-    fs::remove(beside, ignored);
-    FailToWrite(path, error);
+    fs::file_status const status = fs::status(platform::PathOf(path), error);
+    if (fs::exists(status) && !fs::is_regular_file(status)) FailToWrite(path, "not a regular file");
+    fs::path const folder = platform::PathOf(path).parent_path();
+    if (!folder.empty() && !fs::is_directory(folder, error)) FailToWrite(path, "no such directory");
+    errno = 0;
+    if (platform::ReplaceAtomically(path, text)) return;
+    FailToWrite(path, errno != 0 ? std::generic_category().message(errno) : "unknown reason");
 }
 
 MeasurementFile ReadDataFile(std::string_view bytes, std::string const& name) {

@@ -1,5 +1,5 @@
-// MeasurementFile: the measured patches of a CGATS / ISO 28178 text, a CSV file or a data file of
-// the suite, on the library's grid.
+// MeasurementFile: the measured patches of a CGATS, ISO 28178, CSV or data file of the suite, on the
+// library's grid.
 #pragma once
 
 #include "Apps/files/ReadError.h"
@@ -16,24 +16,24 @@ namespace files {
 
 /// One measured patch.
 struct Sample {
-    std::string name;                          // UTF-8, as the file gives it, or its number (1, 2, ...)
+    std::string name;                          // UTF-8, from the file, or else its number (1, 2, ...)
     kv::Spectrum spectrum;                     // reflectance as a fraction on the library's grid
-    std::optional<std::array<double, 3>> lab;  // the instrument's own L*a*b*, where the file has it
+    std::optional<std::array<double, 3>> lab;  // the instrument's own L*a*b*, if the file has it
 };
 
 struct MeasurementFile {
     std::string path;
-    std::string source;           // of a data file: the name of the file it was made from; else empty
-    std::string dialect;          // "CGATS.17", "ISO28178", "CSV", ... what the reader took it for
+    std::string source;           // of a data file: the name of the file it was made from
+    std::string dialect;          // the format: "CGATS.17", "ISO28178", "CSV", ...
     std::vector<Sample> samples;  // never empty
     StatedConditions stated;
-    std::vector<std::string> notes;  // one line each for every choice that was made
+    std::vector<std::string> notes;  // one line for each choice the reader made
 };
 
-/// Reads a file; throws ReadError. A missing, unreadable or too large file and a directory are errors too.
-/// `path` is UTF-8.
+/// Reads a file; `path` is UTF-8. Throws ReadError, also for a missing, unreadable or too large file and for
+/// a directory.
 [[nodiscard]] MeasurementFile ReadMeasurementFile(std::string const& path);
-/// The same on bytes in memory; `name` stands for the file in messages.
+/// Parses bytes in memory; messages call the file `name`. Throws ReadError.
 [[nodiscard]] MeasurementFile ParseMeasurements(std::string_view bytes, std::string const& name);
 
 }  // namespace files

@@ -11,8 +11,14 @@ namespace files {
 
 namespace {
 
-/// No number of a measurement is longer than what writes a double to its last digit.
+/// Enough for all digits of a double.
 constexpr std::size_t LongestNumber = 64;
+
+template <class Number>
+std::string Shortest(Number value) {
+    std::array<char, 32> text{};
+    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), value).ptr};
+}
 
 char MarkIn(std::string_view text) noexcept {
     auto const mark = text.find_first_of(",.");
@@ -36,10 +42,18 @@ std::optional<double> ToNumber(std::string_view text, char mark) {
     return isNumber ? std::optional(value) : std::nullopt;
 }
 
-std::string ToText(double value) {
-    std::array<char, 32> text{};
-    auto const [end, error] = std::to_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc() ? std::string(text.data(), end) : std::string("?");
+std::optional<int> ToWhole(std::string_view text) noexcept {
+    int value = 0;
+    auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    bool const isWhole = error == std::errc() && end == text.data() + text.size() && text.front() != '-';
+    return isWhole ? std::optional(value) : std::nullopt;
+}
+
+std::string ToText(double value) { return Shortest(value); }
+std::string ToText(float value) { return Shortest(value); }
+
+std::string ColumnTitle::Text() const {
+    return "column " + std::to_string(index + 1) + " (" + Excerpt(name) + ")";
 }
 
 std::optional<double> NumberReader::TryRead(std::string_view cell, std::size_t line) {
@@ -54,11 +68,17 @@ std::optional<double> NumberReader::TryRead(std::string_view cell, std::size_t l
     return value;
 }
 
-void NumberReader::Refuse(std::string_view cell, Place const& place, std::string const& column) const {
+double NumberReader::Read(std::string_view cell, Location const& location, ColumnTitle const& column) {
+    auto const value = TryRead(cell, location.line);
+    if (!value) Refuse(cell, location, column);
+    return *value;
+}
+
+void NumberReader::Refuse(std::string_view cell, Location const& location, ColumnTitle const& column) const {
     std::string_view const text = WithoutQuotes(cell);
-    if (text.empty()) Fail(place, "nothing in " + column, "a number");
+    if (text.empty()) Fail(location, "nothing in " + column.Text(), "a number");
     bool const isOtherMark = ToNumber(text, MarkIn(text)).has_value();
-    Fail(place, Excerpt(text) + " in " + column,
+    Fail(location, Excerpt(text) + " in " + column.Text(),
          isOtherMark ? std::string(mark_ == ',' ? "a decimal comma" : "a decimal point") + " as in line " +
                            std::to_string(markLine_)
                      : "a finite decimal number");

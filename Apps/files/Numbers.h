@@ -1,5 +1,5 @@
-// Numbers as measurement files write them: a decimal point or a decimal comma, one of the two throughout a
-// file.
+// Numbers: reads and writes numbers as text, whatever the locale. A measurement file has either decimal
+// points or decimal commas.
 #pragma once
 
 #include "Apps/files/ReadError.h"
@@ -10,33 +10,39 @@
 
 namespace files {
 
-/// A finite number in decimal digits, with an exponent if need be; `mark` divides its fraction. Not a number:
-/// an empty text, hexadecimal digits, "nan", "inf", values beyond what a double holds.
+/// Parses a finite decimal number with an optional exponent; `mark` is the decimal mark. Returns nothing for
+/// an empty text, hexadecimal digits, "nan", "inf" and values beyond a double.
 [[nodiscard]] std::optional<double> ToNumber(std::string_view text, char mark = '.');
+/// Parses decimal digits; returns nothing for any other character and beyond the range of int.
+[[nodiscard]] std::optional<int> ToWhole(std::string_view text) noexcept;
 
-/// The shortest text that reads as the value, with a decimal point.
+/// Returns the shortest text that reads back as the value, with a decimal point.
 [[nodiscard]] std::string ToText(double value);
+[[nodiscard]] std::string ToText(float value);
 
-/// Stands where no decimal mark was seen.
+/// A column as messages name it: `column 2 ("nm380")`.
+struct ColumnTitle {
+    std::size_t index;
+    std::string_view name;
+
+    [[nodiscard]] std::string Text() const;
+};
+
+/// Stands for a decimal mark that is not known yet.
 inline constexpr char NoMark = '\0';
 
-/// Reads the numbers of one file and holds it to its first decimal mark.
+/// Reads the numbers of one file, all with the same decimal mark.
 class NumberReader {
   public:
-    /// `columnName` answers what the error text calls the cell's column. Throws ReadError when the cell is no
-    /// number.
-    template <class ColumnName>
-    [[nodiscard]] double Read(std::string_view cell, Place const& place, ColumnName const& columnName) {
-        auto const value = TryRead(cell, place.line);
-        if (!value) Refuse(cell, place, columnName());
-        return *value;
-    }
-    /// Whether a decimal comma was seen.
+    /// Throws ReadError if the cell is not a number or has the other decimal mark.
+    [[nodiscard]] double Read(std::string_view cell, Location const& location, ColumnTitle const& column);
+    /// Returns whether a number had a decimal comma.
     [[nodiscard]] bool HasCommas() const noexcept { return mark_ == ','; }
 
   private:
     [[nodiscard]] std::optional<double> TryRead(std::string_view cell, std::size_t line);
-    [[noreturn]] void Refuse(std::string_view cell, Place const& place, std::string const& column) const;
+    [[noreturn]] void Refuse(std::string_view cell, Location const& location,
+                             ColumnTitle const& column) const;
 
     char mark_ = NoMark;
     std::size_t markLine_ = 0;

@@ -7,12 +7,13 @@ namespace files {
 namespace {
 
 constexpr auto None = std::string_view::npos;
+constexpr std::string_view BlankCharacters = " \t\v\f";
 
-bool IsBlank(char c) noexcept { return c == ' ' || c == '\t' || c == '\v' || c == '\f'; }
+bool IsBlank(char c) noexcept { return BlankCharacters.find(c) != None; }
 
-/// Where the quoted text that opens at `at` is over: behind its closing quote, or None.
+/// Returns the position after the closing quote of the text that opens at `at`, or None.
 std::size_t QuotedEnd(std::string_view text, std::size_t at, char separator) noexcept {
-    // `""D50""`: a pair that opens a text, left over from a line that was quoted as a whole.
+    // `""D50""`: doubled quotes left over from a line that was quoted as a whole.
     bool const isPair = text.substr(at).starts_with("\"\"") && at + 2 < text.size() && text[at + 2] != '"' &&
                         text[at + 2] != separator && !IsBlank(text[at + 2]);
     if (isPair) {
@@ -36,24 +37,11 @@ std::string WithSingleQuotes(std::string_view text) {
 
 }  // namespace
 
-bool SplitAtBlanks(std::string_view line, Cells& cells) {
-    cells.clear();
-    constexpr std::string_view Blanks = " \t\v\f";
-    for (auto at = line.find_first_not_of(Blanks); at != None;) {
-        std::size_t scanFrom = at;
-        if (line[at] == '"') {
-            scanFrom = QuotedEnd(line, at, ' ');
-            if (scanFrom == None) return false;
-        }
-        auto const end = line.find_first_of(Blanks, scanFrom);
-        cells.push_back(line.substr(at, end == None ? None : end - at));
-        at = line.find_first_not_of(Blanks, end);
-    }
-    return true;
-}
-
 bool SplitAt(char separator, std::string_view line, Cells& cells) {
     cells.clear();
+    bool const atBlanks = separator == Blanks;
+    if (atBlanks) line = Trimmed(line);
+    if (atBlanks && line.empty()) return true;
     for (std::size_t begin = 0;;) {
         std::size_t scanFrom = begin;
         while (scanFrom < line.size() && line[scanFrom] != separator && IsBlank(line[scanFrom])) ++scanFrom;
@@ -61,19 +49,19 @@ bool SplitAt(char separator, std::string_view line, Cells& cells) {
             scanFrom = QuotedEnd(line, scanFrom, separator);
             if (scanFrom == None) return false;
         }
-        auto const end = line.find(separator, scanFrom);
+        auto const end =
+            atBlanks ? line.find_first_of(BlankCharacters, scanFrom) : line.find(separator, scanFrom);
         cells.push_back(Trimmed(line.substr(begin, end == None ? None : end - begin)));
         if (end == None) return true;
-        begin = end + 1;
+        begin = atBlanks ? line.find_first_not_of(BlankCharacters, end) : end + 1;
     }
 }
 
 std::string Unquoted(std::string_view cell) {
-    // Once for the exporter, once for the spreadsheet that quoted the cell, once for the one that quoted the
-    // line.
-    constexpr int MostLayers = 3;
+    // The exporter, a spreadsheet that quotes cells and one that quotes lines add one layer each.
+    constexpr int MaxLayers = 3;
     std::string text(Trimmed(cell));
-    for (int layer = 0; layer < MostLayers; ++layer) {
+    for (int layer = 0; layer < MaxLayers; ++layer) {
         if (text.size() < 2 || text.front() != '"' || text.back() != '"') break;
         text = WithSingleQuotes(std::string_view(text).substr(1, text.size() - 2));
     }
@@ -90,7 +78,7 @@ bool UnwrapLine(std::string_view& line, std::string& store) {
     std::string_view const whole = Trimmed(line);
     if (whole.size() < 2 || whole.front() != '"' || QuotedEnd(whole, 0, ' ') != whole.size()) return false;
     std::string_view const inner = whole.substr(1, whole.size() - 2);
-    // A spreadsheet quotes a line only for what it holds; without any of these it is a quoted word.
+    // A spreadsheet quotes a line only if it contains one of these; otherwise this is a quoted word.
     bool const isLine = inner.find("\"\"") != None || inner.find_first_of("\t,;") != None;
     if (!isLine) return false;
     store = WithSingleQuotes(inner);

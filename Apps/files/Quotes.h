@@ -1,5 +1,5 @@
-// Lines to cells, with the quotes that exporters and spreadsheets put round them. Cells are views of the line
-// and keep their quotes until somebody asks for their text.
+// Quotes: splits lines into cells and removes the quotes that exporters and spreadsheets add. Cells are views
+// of the line, with their quotes.
 #pragma once
 
 #include <string>
@@ -8,21 +8,22 @@
 
 namespace files {
 
-/// Cells of one line, reused from line to line.
+/// The cells of one line.
 using Cells = std::vector<std::string_view>;
 
-/// Splits at runs of blanks and tabs outside quotes. False when a quote is not closed.
-[[nodiscard]] bool SplitAtBlanks(std::string_view line, Cells& cells);
-/// Splits at every separator outside quotes; cells are trimmed and may be empty. False when a quote is not
-/// closed.
+/// The separator that stands for runs of blanks and tabs.
+inline constexpr char Blanks = ' ';
+
+/// Splits at every separator outside quotes; cells are trimmed and may be empty, unless Blanks separate them.
+/// Returns false if a quote is not closed.
 [[nodiscard]] bool SplitAt(char separator, std::string_view line, Cells& cells);
 
-/// The text of a cell without its quotes, however often a spreadsheet has doubled them: `"""a"""` is `a`.
+/// Returns the text of a cell without quotes, even repeatedly doubled ones: `"""a"""` is `a`.
 [[nodiscard]] std::string Unquoted(std::string_view cell);
-/// The same for cells in which no quote can stand, such as numbers: a view.
+/// Removes the quotes around a cell that cannot contain any, such as a number.
 [[nodiscard]] std::string_view WithoutQuotes(std::string_view cell) noexcept;
 
-/// Whether a spreadsheet has put a whole line in quotes. `line` gets the line within, which lives in `store`.
+/// If a spreadsheet quoted the whole line, sets `line` to its content, held by `store`, and returns true.
 bool UnwrapLine(std::string_view& line, std::string& store);
 
 }  // namespace files

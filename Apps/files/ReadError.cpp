@@ -1,6 +1,7 @@
 #include "Apps/files/ReadError.h"
 
 #include "Apps/files/Text.h"
+#include "SV/core/Utf8.h"
 
 #include <algorithm>
 
@@ -10,7 +11,7 @@ namespace {
 
 constexpr std::size_t LongestExcerpt = 40;
 
-/// Keeps a text on its line: a file may be named, and hold, anything.
+/// Keeps a message on one line: names and contents of files are arbitrary.
 std::string WithoutControls(std::string text) {
     std::ranges::replace_if(
         text, [](char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }, '?');
@@ -19,19 +20,22 @@ std::string WithoutControls(std::string text) {
 
 }  // namespace
 
-void Fail(Place const& place, std::string_view found, std::string_view expected) {
-    std::string message = WithoutControls(std::string(place.file));
-    if (place.line > 0) message += ":" + std::to_string(place.line);
-    message.append(": found ").append(found).append(", expected ").append(expected);
-    throw ReadError(message);
+void Fail(Location const& location, std::string_view problem) {
+    std::string message = WithoutControls(std::string(location.file));
+    if (location.line > 0) message += ":" + std::to_string(location.line);
+    throw ReadError(message.append(": ").append(problem));
+}
+
+void Fail(Location const& location, std::string_view found, std::string_view expected) {
+    Fail(location, std::string("found ").append(found).append(", expected ").append(expected));
 }
 
 std::string Excerpt(std::string_view text) {
     bool const isLong = text.size() > LongestExcerpt;
     if (isLong) {
         text = text.substr(0, LongestExcerpt);
-        // A character cut in two would make the whole piece invalid.
-        while (!text.empty() && !IsUtf8(text) && text.size() > LongestExcerpt - 3) text.remove_suffix(1);
+        // Removes a character that was cut in two: it would make the excerpt invalid.
+        while (!text.empty() && !sv::IsUtf8(text) && text.size() > LongestExcerpt - 3) text.remove_suffix(1);
     }
     return "\"" + WithoutControls(ToUtf8(text)) + (isLong ? "...\"" : "\"");
 }

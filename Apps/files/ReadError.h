@@ -1,4 +1,4 @@
-// ReadError: why a measurement file cannot be used, and the one way in which its text is put together.
+// ReadError: why a measurement file cannot be read, and the functions that compose its message.
 #pragma once
 
 #include <cstddef>
@@ -8,24 +8,24 @@
 
 namespace files {
 
-/// A file that cannot be used. what() is one line: "FILE:LINE: found X, expected Y" (no line where there is
-/// none).
+/// A file that cannot be read. what() is one line: "FILE:LINE: found X, expected Y" or "FILE: no such file".
 class ReadError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
-/// Where in a file something stands. Lines count from 1; 0 is the file as a whole.
-struct Place {
+/// A line of a file. Lines count from 1; 0 is the whole file.
+struct Location {
     std::string_view file;
     std::size_t line = 0;
 };
 
-/// Throws the ReadError of this place.
-[[noreturn]] void Fail(Place const& place, std::string_view found, std::string_view expected);
+/// Throws a ReadError "FILE:LINE: PROBLEM".
+[[noreturn]] void Fail(Location const& location, std::string_view problem);
+/// Throws a ReadError "FILE:LINE: found X, expected Y".
+[[noreturn]] void Fail(Location const& location, std::string_view found, std::string_view expected);
 
-/// A piece of a file for an error text or a note: in quotes, valid UTF-8, without control characters, and cut
-/// when it is long.
+/// Quotes a piece of a file for a message: valid UTF-8 without control characters, shortened if it is long.
 [[nodiscard]] std::string Excerpt(std::string_view text);
 
 }  // namespace files

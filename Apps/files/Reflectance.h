@@ -1,5 +1,4 @@
-// Fraction or percent: which of the two a file's reflectances are, and whether they can be reflectances at
-// all.
+// Reflectance: decides whether the values of a file are fractions or percent and whether they are plausible.
 #pragma once
 
 #include "Apps/files/Columns.h"
@@ -14,22 +13,20 @@
 
 namespace files {
 
-/// One row's reflectances on the library's grid, as the file writes them.
+/// The reflectances of one row on the library's grid, in the scale of the file.
 struct RawSpectrum {
     std::array<double, kv::SpectralPoints> values{};
     std::size_t line = 0;
 };
 
-/// Noise of dark patches may be this far below 0, as a fraction.
+/// The lowest fraction accepted: noise of dark patches falls below 0.
 inline constexpr double LowestReflectance = -0.05;
-/// Fluorescent papers reach 1.3; above this the choice between fraction and percent was wrong, or the file
-/// is.
+/// The highest fraction accepted. Fluorescent papers reach 1.3; above 2 the scale or the file is wrong.
 inline constexpr double HighestReflectance = 2.0;
 
-/// What the values have to be divided by to be fractions: 1 or 100. What the file states decides, else
-/// whether values above 2 occur. Notes get the choice and its reason, and what is unusual in the values.
-/// Throws ReadError when a value lies outside the limits above, or when too few values are above 2 to tell
-/// percent from a fault.
+/// Returns the divisor, 1 or 100, that turns the values into fractions: as the file states, otherwise 100 if
+/// values exceed 2. Appends the choice with its reason, and unusual values, to `notes`. Throws ReadError if a
+/// value is outside the limits above or too few values exceed 2 to tell percent from an error.
 [[nodiscard]] double FindDivisor(std::span<RawSpectrum const> spectra, WavelengthGrid const& grid,
                                  std::optional<StatedScale> const& stated, std::string_view file,
                                  std::vector<std::string>& notes);

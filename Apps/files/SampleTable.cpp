@@ -18,7 +18,7 @@ bool AreDistinct(std::vector<std::string> const& names) {
 
 }  // namespace
 
-SampleTable::SampleTable(std::vector<std::string> names, Dialect dialect, Place const& head)
+SampleTable::SampleTable(std::vector<std::string> names, Dialect dialect, Location const& head)
     : names_(std::move(names)), columns_(FindColumns(names_, dialect, head)) {
     if (names_.size() > MaxColumns) {
         Fail(head, std::to_string(names_.size()) + " columns", "at most " + std::to_string(MaxColumns));
@@ -29,63 +29,63 @@ SampleTable::SampleTable(std::vector<std::string> names, Dialect dialect, Place 
 }
 
 std::string SampleTable::ColumnName(std::size_t column) const {
-    return "column " + std::to_string(column + 1) + " (" + Excerpt(names_[column]) + ")";
+    return ColumnTitle{column, names_[column]}.Text();
 }
 
-double SampleTable::Number(std::span<std::string_view const> cells, std::size_t column, Place const& place) {
-    return numbers_.Read(cells[column], place, [&] { return ColumnName(column); });
+double SampleTable::Number(std::span<std::string_view const> cells, std::size_t column,
+                           Location const& location) {
+    return numbers_.Read(cells[column], location, {column, names_[column]});
 }
 
-void SampleTable::CheckWavelengths(std::span<std::string_view const> cells, Place const& place) {
+void SampleTable::CheckWavelengths(std::span<std::string_view const> cells, Location const& location) {
     for (std::size_t k = 0; k < columns_.pairs.size(); ++k) {
         SpectralPair const& pair = columns_.pairs[k];
-        double const nm = Number(cells, pair.nm, place);
+        double const nm = Number(cells, pair.nm, location);
         if (nm < ShortestWavelength || nm > LongestWavelength) {
-            Fail(place, ToText(nm) + " in " + ColumnName(pair.nm), "a wavelength in nm");
+            Fail(location, ToText(nm) + " in " + ColumnName(pair.nm), "a wavelength in nm");
         }
         if (!grid_) {
             rowWavelengths_.push_back({nm, pair.value});
         } else if (nm != rowWavelengths_[k].nm) {
-            Fail(place, ToText(nm) + " nm in " + ColumnName(pair.nm),
+            Fail(location, ToText(nm) + " nm in " + ColumnName(pair.nm),
                  ToText(rowWavelengths_[k].nm) + " nm as in the first row");
         }
     }
-    if (!grid_) grid_ = MakeGrid(rowWavelengths_, place);
+    if (!grid_) grid_ = MakeGrid(rowWavelengths_, location);
 }
 
-void SampleTable::AddLab(std::span<std::string_view const> cells, Place const& place) {
+void SampleTable::AddLab(std::span<std::string_view const> cells, Location const& location) {
     std::array<std::size_t, 3> const& columns = *columns_.lab;
     bool const isEmpty =
         std::ranges::all_of(columns, [&](auto c) { return WithoutQuotes(cells[c]).empty(); });
     if (isEmpty) return;
-    // Far outside of all colours, and well inside what a float holds.
+    // Far outside all colours.
     constexpr double Furthest = 1000;
     std::array<double, 3> lab{};
     for (std::size_t k = 0; k < lab.size(); ++k) {
-        lab[k] = Number(cells, columns[k], place);
+        lab[k] = Number(cells, columns[k], location);
         if (lab[k] < -Furthest || lab[k] > Furthest) {
-            Fail(place, ToText(lab[k]) + " in " + ColumnName(columns[k]), "a value of L*a*b*");
+            Fail(location, ToText(lab[k]) + " in " + ColumnName(columns[k]), "a value of L*a*b*");
         }
     }
     labs_.back() = lab;
 }
 
-void SampleTable::AddRow(std::span<std::string_view const> cells, Place const& place) {
+void SampleTable::AddRow(std::span<std::string_view const> cells, Location const& location) {
     if (Rows() == MaxSamples) {
-        Fail(place, "more than " + std::to_string(MaxSamples) + " samples", "at most that");
+        Fail(location, "more than " + std::to_string(MaxSamples) + " samples", "at most that");
     }
-    if (!columns_.pairs.empty()) CheckWavelengths(cells, place);
-    spectra_.emplace_back().line = place.line;
+    if (!columns_.pairs.empty()) CheckWavelengths(cells, location);
+    spectra_.emplace_back().line = location.line;
     std::vector<double>& row = rowValues_;
     row.resize(Width());
-    // Columns that the grid leaves out must be numbers too: a row with one that is not has slipped or is
-    // damaged.
-    for (std::size_t const column : valueColumns_) row[column] = Number(cells, column, place);
+    // Unused columns must hold numbers too: otherwise the row is shifted or damaged.
+    for (std::size_t const column : valueColumns_) row[column] = Number(cells, column, location);
     for (std::size_t point = 0; point < grid_->columns.size(); ++point) {
         spectra_.back().values[point] = row[grid_->columns[point]];
     }
     labs_.emplace_back();
-    if (columns_.lab) AddLab(cells, place);
+    if (columns_.lab) AddLab(cells, location);
     if (columns_.name) sampleNames_.push_back(ToUtf8(Unquoted(cells[*columns_.name])));
     if (columns_.id) sampleIds_.push_back(ToUtf8(Unquoted(cells[*columns_.id])));
 }

@@ -1,4 +1,4 @@
-// SampleTable: rows of cells under a head of column names, turned into samples. What CGATS and CSV share.
+// SampleTable: turns rows of cells under a header of column names into samples, for CGATS and CSV.
 #pragma once
 
 #include "Apps/files/Columns.h"
@@ -16,38 +16,37 @@
 
 namespace files {
 
-/// More columns than any instrument has points, and more rows than any chart has patches: what a file may ask
-/// for.
+/// Limits of a table: more columns than an instrument has points, more rows than a chart has patches.
 inline constexpr std::size_t MaxColumns = 10'000;
 inline constexpr std::size_t MaxSamples = 500'000;
 
 class SampleTable {
   public:
-    /// `head` is where the names stand. Throws ReadError when they hold no usable spectrum.
-    SampleTable(std::vector<std::string> names, Dialect dialect, Place const& head);
+    /// `head` is the location of the names. Throws ReadError if they contain no usable spectrum.
+    SampleTable(std::vector<std::string> names, Dialect dialect, Location const& head);
 
-    /// The number of cells in a row.
+    /// Returns the number of cells in a row.
     [[nodiscard]] std::size_t Width() const noexcept { return names_.size(); }
     [[nodiscard]] std::size_t Rows() const noexcept { return spectra_.size(); }
 
-    /// Takes a row of `Width()` cells, which may be in quotes.
-    void AddRow(std::span<std::string_view const> cells, Place const& place);
+    /// Adds a row of `Width()` cells, which may be quoted. Throws ReadError.
+    void AddRow(std::span<std::string_view const> cells, Location const& location);
 
-    /// Moves the samples and the notes on their making into `file`. There must be a row. A scale stated
-    /// outside the column names comes in `stated`.
+    /// Moves the samples and notes into `file`. There must be a row. `stated` is a scale that the file states
+    /// outside the column names. Throws ReadError.
     void Finish(MeasurementFile& file, std::optional<StatedScale> const& stated);
 
   private:
     [[nodiscard]] double Number(std::span<std::string_view const> cells, std::size_t column,
-                                Place const& place);
+                                Location const& location);
     [[nodiscard]] std::string ColumnName(std::size_t column) const;
-    void CheckWavelengths(std::span<std::string_view const> cells, Place const& place);
-    void AddLab(std::span<std::string_view const> cells, Place const& place);
+    void CheckWavelengths(std::span<std::string_view const> cells, Location const& location);
+    void AddLab(std::span<std::string_view const> cells, Location const& location);
     void NameSamples(MeasurementFile& file);
 
     std::vector<std::string> names_;
     Columns columns_;
-    std::optional<WavelengthGrid> grid_;  // with wavelengths in the rows, known from the first one on
+    std::optional<WavelengthGrid> grid_;  // if the rows state the wavelengths, set by the first
     std::vector<SpectralColumn> rowWavelengths_;
     std::vector<std::size_t> valueColumns_;
     std::vector<double> rowValues_;  // reused from row to row

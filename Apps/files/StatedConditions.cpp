@@ -1,44 +1,31 @@
 #include "Apps/files/StatedConditions.h"
 
-#include "Apps/files/ReadError.h"
+#include "Apps/files/Numbers.h"
 #include "Apps/files/Text.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace files {
 
 namespace {
 
-constexpr std::string_view Letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 constexpr std::string_view Digits = "0123456789";
 
-/// Takes the next word out of `text`: letters, digits and nothing else.
+/// Removes and returns the first run of letters and digits.
 std::string_view NextWord(std::string_view& text) {
-    auto const isInWord = [](char c) {
-        return Letters.find(c) != std::string_view::npos || Digits.find(c) != std::string_view::npos;
-    };
+    auto const isInWord = [](char c) { return !Key({&c, 1}).empty(); };
     auto const begin = std::ranges::find_if(text, isInWord);
     auto const end = std::find_if_not(begin, text.end(), isInWord);
-    std::string_view const word =
-        text.substr(static_cast<std::size_t>(begin - text.begin()), static_cast<std::size_t>(end - begin));
-    text.remove_prefix(static_cast<std::size_t>(end - text.begin()));
+    std::string_view const word(begin, end);
+    text = {end, text.end()};
     return word;
 }
 
-/// Takes the next piece between blanks out of `text`.
-std::string_view NextPiece(std::string_view& text) {
-    text = Trimmed(text);
-    std::string_view const piece = text.substr(0, text.find_first_of(" \t"));
-    text.remove_prefix(piece.size());
-    return piece;
-}
-
-std::optional<int> ToCount(std::string_view digits) {
-    int count = 0;
-    auto const [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), count);
-    bool const isCount = !digits.empty() && error == std::errc() && end == digits.data() + digits.size();
-    return isCount ? std::optional(count) : std::nullopt;
+/// Returns the code of a mode "M0" to "M3".
+std::optional<unsigned long> ToMode(std::string_view word) {
+    std::string const mode = Key(word);
+    if (mode.size() != 2 || mode[0] != 'M' || mode[1] < '0' || mode[1] > '3') return std::nullopt;
+    return static_cast<unsigned long>(mode[1] - '0');
 }
 
 }  // namespace
@@ -51,10 +38,9 @@ std::optional<kv::IllumClass> ToIlluminant(std::string_view word) {
     if (key == "C") return IllumClass(IllumType::C);
     if (key == "D50") return IllumClass(IllumType::D50);
     if (key == "D65") return IllumClass(IllumType::D65);
-    auto const number = key.empty() ? std::nullopt : ToCount(std::string_view(key).substr(1));
+    auto const number = key.size() < 2 ? std::nullopt : ToWhole(std::string_view(key).substr(1));
     if (!number) return std::nullopt;
-    // The CIE's formula of daylight holds from 4000 to 25000 K.
-    if (key.front() == 'D' && *number >= 40 && *number <= 250) {
+    if (key.front() == 'D' && *number >= FirstDayNumber && *number <= LastDayNumber) {
         return IllumClass(IllumType::Dxx1, static_cast<short>(*number));
     }
     if (key.front() == 'F' && *number >= 1 && *number <= 12) {
@@ -64,14 +50,13 @@ std::optional<kv::IllumClass> ToIlluminant(std::string_view word) {
 }
 
 std::optional<kv::ObserverClass> ToObserver(std::string_view text) {
-    for (;;) {
-        std::string_view const word = NextWord(text);
-        if (word.empty()) return std::nullopt;
+    for (std::string_view word = NextWord(text); !word.empty(); word = NextWord(text)) {
         // "2deg" is one word.
-        auto const number = ToCount(word.substr(0, word.find_first_not_of(Digits)));
-        if (number == 2 || number == 1931) return kv::ObserverClass(kv::ObserverType::TwoDegrees);
-        if (number == 10 || number == 1964) return kv::ObserverClass(kv::ObserverType::TenDegrees);
+        std::string_view const digits = word.substr(0, word.find_first_not_of(Digits));
+        if (digits == "2" || digits == "1931") return kv::ObserverClass(kv::ObserverType::TwoDegrees);
+        if (digits == "10" || digits == "1964") return kv::ObserverClass(kv::ObserverType::TenDegrees);
     }
+    return std::nullopt;
 }
 
 void ConditionReader::Take(std::string_view keyword, std::string_view value) {
@@ -81,13 +66,13 @@ void ConditionReader::Take(std::string_view keyword, std::string_view value) {
     } else if (key == "MEASUREMENTSOURCE") {
         TakeSource(value);
     } else if (key == "ILLUMINANT") {
-        TakeIlluminant(value, Rank::Keyword);
+        Add(Quantity::Illuminant, value, Rank::Keyword);
     } else if (key == "OBSERVER" || key == "OBSERVERANGLE") {
-        TakeObserver(value, Rank::Keyword);
+        Add(Quantity::Observer, value, Rank::Keyword);
     } else if (key == "MEASUREMENTCONDITION" || key == "MEASUREMENTCONDITIONS" || key == "MEASUREMENTMODE") {
         TakeMode(value, Rank::Keyword);
     } else if (key == "FILTER") {
-        stated_.filter = ToUtf8(Trimmed(value));
+        filter_ = ToUtf8(Trimmed(value));
     }
 }
 
@@ -95,17 +80,18 @@ void ConditionReader::TakeWeighting(std::string_view value) {
     // One line may state both.
     for (auto word = NextWord(value); !word.empty(); word = NextWord(value)) {
         std::string const what = Key(word);
-        if (what == "ILLUMINANT") TakeIlluminant(NextWord(value), Rank::Weighting);
-        if (what == "OBSERVER") TakeObserver(value, Rank::Weighting);
+        if (what == "ILLUMINANT") Add(Quantity::Illuminant, NextWord(value), Rank::Weighting);
+        if (what == "OBSERVER") Add(Quantity::Observer, value, Rank::Weighting);
     }
 }
 
 void ConditionReader::TakeSource(std::string_view value) {
-    // A computation has an observer beside its illuminant; an illumination alone is the lamp.
-    std::string_view illumination;
+    // A computation has an observer and an illuminant; an illumination alone is the lamp.
+    std::string illumination;
     bool hasObserver = false;
-    while (!(value = Trimmed(value)).empty()) {
-        std::string_view const piece = NextPiece(value);
+    std::string pieces(value);
+    std::ranges::replace(pieces, '\t', ' ');
+    for (std::string_view const piece : Split(pieces, ' ')) {
         auto const equals = piece.find('=');
         if (equals == std::string_view::npos) {
             TakeMode(piece, Rank::Source);
@@ -116,67 +102,73 @@ void ConditionReader::TakeSource(std::string_view value) {
         if (key == "ILLUMINATION" || key == "ILLUMINANT") illumination = stated;
         if (key == "OBSERVERANGLE" || key == "OBSERVER") {
             hasObserver = true;
-            TakeObserver(stated, Rank::Source);
+            Add(Quantity::Observer, stated, Rank::Source);
         }
         if (key == "MEASUREMENTCONDITION") TakeMode(stated, Rank::Source);
-        if (key == "WHITEBASE") stated_.whiteBase = ToUtf8(stated);
-        if (key == "FILTER" && stated_.filter.empty()) stated_.filter = ToUtf8(stated);
+        if (key == "WHITEBASE") whiteBase_ = ToUtf8(stated);
+        if (key == "FILTER" && filter_.empty()) filter_ = ToUtf8(stated);
     }
-    if (hasObserver && !illumination.empty()) TakeIlluminant(illumination, Rank::Source);
-}
-
-bool ConditionReader::Outranks(Origin& origin, std::string_view word, Rank rank, bool isSame) {
-    bool const isTaken = rank > origin.rank;
-    if (origin.rank != Rank::None && !isSame && origin.contradiction.empty()) {
-        origin.contradiction = isTaken ? origin.word : Excerpt(word);
-    }
-    if (!isTaken) return false;
-    origin.rank = rank;
-    origin.word = Excerpt(word);
-    return true;
-}
-
-void ConditionReader::TakeIlluminant(std::string_view text, Rank rank) {
-    auto const illuminant = ToIlluminant(Trimmed(text));
-    if (!illuminant) {
-        illuminant_.unknown = Excerpt(text);
-    } else if (Outranks(illuminant_, text, rank, stated_.illuminant == illuminant)) {
-        stated_.illuminant = illuminant;
-    }
-}
-
-void ConditionReader::TakeObserver(std::string_view text, Rank rank) {
-    auto const observer = ToObserver(text);
-    if (!observer) {
-        observer_.unknown = Excerpt(text);
-    } else if (Outranks(observer_, text, rank, stated_.observer == observer)) {
-        stated_.observer = observer;
-    }
+    if (hasObserver && !illumination.empty()) Add(Quantity::Illuminant, illumination, Rank::Source);
 }
 
 void ConditionReader::TakeMode(std::string_view text, Rank rank) {
-    for (std::string_view word = NextWord(text); !word.empty(); word = NextWord(text)) {
-        std::string const mode = Key(word);
-        if (mode.size() != 2 || mode[0] != 'M' || mode[1] < '0' || mode[1] > '3') continue;
-        if (Outranks(mode_, mode, rank, stated_.measurementMode == mode)) stated_.measurementMode = mode;
+    for (auto word = NextWord(text); !word.empty(); word = NextWord(text)) {
+        if (ToMode(word)) Add(Quantity::Mode, Key(word), rank);
     }
+}
+
+void ConditionReader::Add(Quantity quantity, std::string_view text, Rank rank) {
+    Statement statement{quantity, rank, Excerpt(text), ToMode(text)};
+    if (quantity == Quantity::Illuminant) {
+        auto const illuminant = ToIlluminant(Trimmed(text));
+        statement.code = illuminant ? std::optional(illuminant->GetCode()) : std::nullopt;
+    } else if (quantity == Quantity::Observer) {
+        auto const observer = ToObserver(text);
+        statement.code =
+            observer ? std::optional(static_cast<unsigned long>(kv::ObserverType{*observer})) : std::nullopt;
+    }
+    statements_.push_back(std::move(statement));
+}
+
+ConditionReader::Statement const* ConditionReader::Best(Quantity quantity) const {
+    Statement const* best = nullptr;
+    for (Statement const& statement : statements_) {
+        bool const isKnown = statement.quantity == quantity && statement.code;
+        if (isKnown && (best == nullptr || statement.rank > best->rank)) best = &statement;
+    }
+    return best;
+}
+
+StatedConditions ConditionReader::Stated() const {
+    StatedConditions stated;
+    if (auto const* best = Best(Quantity::Illuminant)) {
+        stated.illuminant.emplace(kv::IllumType::A).SetCode(*best->code);
+    }
+    if (auto const* best = Best(Quantity::Observer)) {
+        stated.observer.emplace(static_cast<kv::ObserverType>(*best->code));
+    }
+    if (auto const* best = Best(Quantity::Mode)) stated.measurementMode = 'M' + std::to_string(*best->code);
+    stated.filter = filter_;
+    stated.whiteBase = whiteBase_;
+    return stated;
 }
 
 std::vector<std::string> ConditionReader::Notes() const {
     std::vector<std::string> notes;
-    struct Named {
-        char const* name;
-        Origin const& origin;
-    };
-    for (auto const& [name, origin] :
-         {Named{"illuminant", illuminant_}, Named{"observer", observer_}, Named{"measurement mode", mode_}}) {
-        if (!origin.contradiction.empty()) {
-            notes.push_back(std::string(name) + " stated as " + origin.word + " and as " +
-                            origin.contradiction + ", the first taken");
+    for (Quantity const quantity : {Quantity::Illuminant, Quantity::Observer, Quantity::Mode}) {
+        constexpr char const* Names[] = {"illuminant", "observer", "measurement mode"};
+        std::string const stated = std::string(Names[static_cast<int>(quantity)]) + " stated as ";
+        Statement const* const best = Best(quantity);
+        Statement const* other = nullptr;
+        Statement const* unknown = nullptr;
+        for (Statement const& statement : statements_) {
+            if (statement.quantity != quantity) continue;
+            if (!statement.code) unknown = &statement;
+            if (statement.code && statement.code != best->code && other == nullptr) other = &statement;
         }
-        if (!origin.unknown.empty()) {
-            notes.push_back(std::string(name) + " stated as " + origin.unknown + ", which is not known");
-        }
+        if (other != nullptr)
+            notes.push_back(stated + best->text + " and as " + other->text + ", the first taken");
+        if (unknown != nullptr) notes.push_back(stated + unknown->text + ", which is not known");
     }
     return notes;
 }

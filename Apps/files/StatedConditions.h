@@ -1,4 +1,4 @@
-// StatedConditions: what a measurement file says of its measurement, out of its keywords.
+// StatedConditions: the conditions of measurement that a file states in its keywords.
 #pragma once
 
 #include "KVUtils/Source/colorimetry/Selectors.h"
@@ -10,55 +10,57 @@
 
 namespace files {
 
-/// What the file says of its measurement; empty where it says nothing.
+/// The conditions stated by a file; empty where it states none.
 struct StatedConditions {
-    std::optional<kv::IllumClass>
-        illuminant;  // a daylight other than D50 and D65 as slot Dxx1 with its number
+    std::optional<kv::IllumClass> illuminant;  // a daylight other than D50 and D65 in slot Dxx1
     std::optional<kv::ObserverClass> observer;
-    std::string measurementMode;  // "M0" to "M3" as ISO 13655 has them, upper case
+    std::string measurementMode;  // "M0" to "M3" (ISO 13655)
     std::string filter;           // the physical filter, as written ("Pol", "UV-cut", ...)
-    std::string whiteBase;        // as written ("Absolute", "Paper"); relative spectra are not absolute ones
+    std::string whiteBase;        // as written ("Absolute", "Paper")
 };
 
-/// "A", "C", "D65", "D50", "D55", "F11" in any case; nothing when it is none of the illuminants with a name.
+/// The daylights that can be computed, by day number: 4000 K to 25000 K.
+inline constexpr short FirstDayNumber = 40;
+inline constexpr short LastDayNumber = 250;
+
+/// Parses "A", "C", "D50", "D65", "F1" to "F12" or a daylight "D40" to "D250", in any case.
 [[nodiscard]] std::optional<kv::IllumClass> ToIlluminant(std::string_view word);
-/// The field of 2 or 10 degrees in texts such as "2 degree", "10" or "CIE 1964".
+/// Finds the field of 2 or 10 degrees in texts such as "2 degree", "10" or "CIE 1964".
 [[nodiscard]] std::optional<kv::ObserverClass> ToObserver(std::string_view text);
 
-/// Collects the conditions from keyword lines in any order. A weighting function outranks a keyword of its
-/// own, and that one outranks the description of the measuring source; the lamp of the instrument (a source
-/// of "A", or an illumination without an observer) says nothing of the illuminant of the computation.
+/// Collects the conditions from keyword lines in any order. A weighting function takes precedence over a
+/// keyword of its own, and that over the description of the measuring source. The lamp of the instrument (a
+/// source "A", or an illumination without an observer) is not the illuminant of the computation.
 class ConditionReader {
   public:
-    /// One line: its keyword and its value without quotes. Other keywords are ignored.
+    /// Reads one line: its keyword and its value without quotes. Ignores other keywords.
     void Take(std::string_view keyword, std::string_view value);
 
-    [[nodiscard]] StatedConditions const& Stated() const noexcept { return stated_; }
-    /// A line for each statement that contradicts another or is not understood.
+    [[nodiscard]] StatedConditions Stated() const;
+    /// Returns a line for each statement that contradicts another or is unknown.
     [[nodiscard]] std::vector<std::string> Notes() const;
 
   private:
-    enum class Rank : int { None, Source, Keyword, Weighting };
+    enum class Quantity : int { Illuminant, Observer, Mode };
+    enum class Rank : int { Source, Keyword, Weighting };
 
-    /// How a quantity came to its value.
-    struct Origin {
-        Rank rank = Rank::None;
-        std::string word;
-        std::string contradiction;
-        std::string unknown;
+    struct Statement {
+        Quantity quantity;
+        Rank rank;
+        std::string text;
+        std::optional<unsigned long> code;  // of the value; none if it is unknown
     };
 
     void TakeWeighting(std::string_view value);
     void TakeSource(std::string_view value);
-    void TakeIlluminant(std::string_view text, Rank rank);
-    void TakeObserver(std::string_view text, Rank rank);
     void TakeMode(std::string_view text, Rank rank);
-    static bool Outranks(Origin& origin, std::string_view word, Rank rank, bool isSame);
+    void Add(Quantity quantity, std::string_view text, Rank rank);
+    /// Returns the first statement of the highest rank; null if no value is known.
+    [[nodiscard]] Statement const* Best(Quantity quantity) const;
 
-    StatedConditions stated_;
-    Origin illuminant_;
-    Origin observer_;
-    Origin mode_;
+    std::vector<Statement> statements_;
+    std::string filter_;
+    std::string whiteBase_;
 };
 
 }  // namespace files

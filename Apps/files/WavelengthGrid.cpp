@@ -19,24 +19,24 @@ std::string Range(int first, int last) {
 
 bool IsUsableStep(double step) noexcept { return step == 10 || step == 5 || step == 1; }
 
-void SortByWavelength(std::vector<SpectralColumn>& columns, Place const& place) {
+void SortByWavelength(std::vector<SpectralColumn>& columns, Location const& location) {
     for (SpectralColumn const& column : columns) {
         if (column.nm != std::floor(column.nm)) {
-            Fail(place, "a wavelength of " + ToText(column.nm) + " nm", "whole nanometres");
+            Fail(location, "a wavelength of " + ToText(column.nm) + " nm", "whole nanometres");
         }
     }
     std::ranges::sort(columns, {}, [](SpectralColumn const& c) { return std::pair(c.nm, c.column); });
     auto const twice = std::ranges::adjacent_find(columns, {}, &SpectralColumn::nm);
     if (twice != columns.end()) {
-        Fail(place,
+        Fail(location,
              ToText(twice->nm) + " nm twice (columns " + std::to_string(twice->column + 1) + " and " +
                  std::to_string(std::next(twice)->column + 1) + ")",
              "each wavelength once");
     }
 }
 
-/// The step of sorted wavelengths, which are two at least.
-int EvenStep(std::vector<SpectralColumn> const& columns, Place const& place) {
+/// Returns the step of at least two sorted wavelengths.
+int EvenStep(std::vector<SpectralColumn> const& columns, Location const& location) {
     std::optional<double> smallest;
     std::optional<double> gapAfter;
     double largest = 0;
@@ -50,18 +50,18 @@ int EvenStep(std::vector<SpectralColumn> const& columns, Place const& place) {
         if (columns[k].nm - columns[k - 1].nm != step) gapAfter = columns[k - 1].nm;
     }
     if (gapAfter && IsUsableStep(step)) {
-        Fail(place, "no column for " + ToText(*gapAfter + step) + " nm",
+        Fail(location, "no column for " + ToText(*gapAfter + step) + " nm",
              Range(static_cast<int>(columns.front().nm), static_cast<int>(columns.back().nm)) + " by " +
                  ToText(step) + " without a gap");
     }
     std::string const found =
         gapAfter ? "wavelengths in steps of " + ToText(step) + " to " + ToText(largest) + " nm"
                  : "wavelengths in steps of " + ToText(step) + " nm";
-    if (!IsUsableStep(step)) Fail(place, found, "even steps of 10, 5 or 1 nm");
+    if (!IsUsableStep(step)) Fail(location, found, "even steps of 10, 5 or 1 nm");
     return static_cast<int>(step);
 }
 
-/// What becomes of one end of the file's range; empty where it is the library's own.
+/// Describes how one end of the file's range was fitted; empty if it is the library's.
 std::string EndNote(char const* side, int fileEnd, int gridEnd, int heldAt) {
     if (fileEnd == gridEnd) return {};
     bool const isWider = (fileEnd < gridEnd) == (gridEnd == kv::FirstWavelength);
@@ -71,13 +71,13 @@ std::string EndNote(char const* side, int fileEnd, int gridEnd, int heldAt) {
 
 }  // namespace
 
-WavelengthGrid MakeGrid(std::vector<SpectralColumn> columns, Place const& place) {
+WavelengthGrid MakeGrid(std::vector<SpectralColumn> columns, Location const& location) {
     if (columns.size() < 2) {
-        Fail(place, columns.empty() ? "no spectral columns" : "one spectral column",
+        Fail(location, columns.empty() ? "no spectral columns" : "one spectral column",
              "400 to 700 nm at least");
     }
-    SortByWavelength(columns, place);
-    int const step = EvenStep(columns, place);
+    SortByWavelength(columns, location);
+    int const step = EvenStep(columns, location);
     int const first = static_cast<int>(columns.front().nm);
     int const last = static_cast<int>(columns.back().nm);
     std::string const range = Range(first, last) + " by " + std::to_string(step);
@@ -86,7 +86,7 @@ WavelengthGrid MakeGrid(std::vector<SpectralColumn> columns, Place const& place)
     int const lastTen = last / 10 * 10;
     bool const hasTens = (firstTen - first) % step == 0;
     if (!hasTens || firstTen > LatestStart || lastTen < EarliestEnd) {
-        Fail(place, "wavelengths from " + range,
+        Fail(location, "wavelengths from " + range,
              hasTens ? "400 to 700 nm at least" : "every tenth nanometre (400, 410, ...) among them");
     }
 

@@ -1,4 +1,4 @@
-// Coordinates: a sample's colour in every space, as a row of a table.
+// Coordinates: the colour of a sample in every space, as a row of a table.
 #pragma once
 
 #include "Apps/files/MeasurementFile.h"
@@ -10,7 +10,7 @@ namespace kvcolor {
 
 /// Name, XYZ, xyY, Lab and LCh.
 [[nodiscard]] std::vector<Column> ColourColumns();
-/// The cells of these columns under the illuminant and observer in force.
+/// Returns the cells of these columns under the illuminant and observer in force.
 [[nodiscard]] Row ColourRow(files::Sample const& sample);
 
 }  // namespace kvcolor

@@ -1,4 +1,4 @@
-// Environment: what surrounds a run of the program, so that tests can stand in for it.
+// Environment: the surroundings of a run of the program, which tests replace.
 #pragma once
 
 #include <chrono>
@@ -16,12 +16,12 @@ struct Environment {
     std::ostream& err;
     bool outIsTerminal = false;
     bool errIsTerminal = false;
-    /// An environment variable; empty when it is not set.
+    /// Returns an environment variable; empty if it is not set.
     std::function<std::string(char const* name)> variable = [](char const*) { return std::string(); };
     std::function<Clock::time_point()> now = &Clock::now;
-    /// Whether the person has had enough (Ctrl-C).
+    /// Returns whether the user has pressed Ctrl-C.
     std::function<bool()> isInterrupted = [] { return false; };
-    /// Brings up what prints, for as long as the answer lives; null where there is nothing.
+    /// Starts the printing backend, which lives as long as the result; null if there is none.
     std::function<std::shared_ptr<void>()> beginPrinting = [] { return std::shared_ptr<void>(); };
 };
 

@@ -1,4 +1,4 @@
-// ExportFile: writing a data file of the suite, with what a person is told about it.
+// ExportFile: writes a data file of the suite, with messages for the user.
 #pragma once
 
 #include "Apps/files/MeasurementFile.h"
@@ -8,10 +8,7 @@
 
 namespace kvcolor {
 
-/// Throws Unusable when there is a file of this name.
-void CheckIsNew(std::string const& path);
-
-/// Writes the file, warns of names that it cannot hold, and notes the count. Throws files::WriteError.
+/// Writes the file, warns of names that it cannot represent, and notes the count. Throws files::WriteError.
 void WriteExport(files::MeasurementFile const& file, std::string const& path, Messages& messages);
 
 }  // namespace kvcolor

@@ -15,32 +15,33 @@ namespace {
 
 volatile std::sig_atomic_t isInterrupted = 0;
 
+/// Watches for Ctrl-C from the first call on; before, it ends the program at once.
+bool Interrupted() {
+    static bool const isWatched = [] {
+        std::signal(SIGINT, [](int) { isInterrupted = 1; });
+        return true;
+    }();
+    return isWatched && isInterrupted != 0;
+}
+
+std::string Variable(char const* name) {
+    char const* const value = std::getenv(name);
+    return value == nullptr ? "" : value;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     platform::PrepareStandardOutput();
-    auto const variable = [](char const* name) {
-        char const* const value = std::getenv(name);
-        return std::string(value == nullptr ? "" : value);
-    };
     kvcolor::Environment const environment{.out = std::cout,
                                            .err = std::cerr,
                                            .outIsTerminal = platform::IsTerminal(stdout),
                                            .errIsTerminal = platform::IsTerminal(stderr),
-                                           .variable = variable,
-                                           .isInterrupted =
-                                               [] {
-                                                   // Asked for by whoever has to put things in order first;
-                                                   // all else just ends.
-                                                   static bool const isWatched = [] {
-                                                       std::signal(SIGINT, [](int) { isInterrupted = 1; });
-                                                       return true;
-                                                   }();
-                                                   return isWatched && isInterrupted != 0;
-                                               },
+                                           .variable = &Variable,
+                                           .isInterrupted = &Interrupted,
                                            .beginPrinting = &kvcolor::BeginPrinting};
 
-    // A write fails while the report is delivered or at the end; nothing in between sets errno.
+    // A write fails while the answer is delivered or at the end; nothing in between sets errno.
     errno = 0;
     int const status = kvcolor::Run(platform::Arguments(argc, argv), environment);
     if (std::cout.flush()) return status;

@@ -1,4 +1,4 @@
-// Run: the whole program behind its arguments.
+// Run: the whole program, given its arguments and environment.
 #pragma once
 
 #include "Apps/kvcolor/Environment.h"
@@ -8,16 +8,14 @@
 
 namespace kvcolor {
 
-inline constexpr char const* Version = "0.1.0";
-
 /// Exit statuses.
 inline constexpr int Success = 0;
 inline constexpr int UnusableInput = 2;
 inline constexpr int OutputFailed = 3;
 
-/// Runs the command that the arguments (UTF-8, without the program's name) ask for and returns the exit
-/// status. Throws nothing; every line on standard error begins with "kvcolor: ". The library's context holds
-/// the conditions of the command afterwards.
+/// Runs the command named by the arguments (UTF-8, without the program's name) and returns the exit status.
+/// Throws nothing; every line on standard error begins with "kvcolor: ". Leaves the conditions of the command
+/// in the library's context.
 [[nodiscard]] int Run(std::vector<std::string> arguments, Environment const& environment);
 
 }  // namespace kvcolor

@@ -1,8 +1,8 @@
 #include "Apps/kvcolor/SampleNames.h"
 
-#include "Apps/kvcolor/InputError.h"
-#include "Apps/kvcolor/output/Numbers.h"
-#include "Apps/kvcolor/output/Text.h"
+#include "Apps/evaluation/InputError.h"
+#include "Apps/files/Numbers.h"
+#include "Apps/files/Text.h"
 
 #include <algorithm>
 #include <numeric>
@@ -14,11 +14,15 @@ namespace kvcolor {
 
 namespace {
 
+using evaluation::InputError;
+using files::List;
+using files::Lower;
 using files::MeasurementFile;
+using files::Quoted;
 
-constexpr std::size_t MostNamesInMessage = 5;
+constexpr std::size_t MaxNamesInMessage = 5;
 
-/// The number of single changes from one text to the other.
+/// Returns the number of single-byte edits that turn one text into the other.
 std::size_t EditDistance(std::string_view a, std::string_view b) {
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
@@ -33,32 +37,32 @@ std::size_t EditDistance(std::string_view a, std::string_view b) {
     return row.back();
 }
 
-/// Names that differ in case, in an ending or in a few characters, the nearest first.
+/// Returns similar names, the nearest first.
 std::vector<std::string> NearNames(MeasurementFile const& file, std::string_view name) {
     constexpr std::size_t longestCompared = 100;
     std::string const wanted = Lower(name.substr(0, longestCompared));
-    // A single character is one change away from every other.
-    std::size_t const most = wanted.size() < 2 ? 0 : std::max<std::size_t>(1, wanted.size() / 3);
+    // Every single character is one edit away from every other.
+    std::size_t const limit = wanted.size() < 2 ? 0 : std::max<std::size_t>(1, wanted.size() / 3);
     std::set<std::pair<std::size_t, std::string>> near;
     for (files::Sample const& sample : file.samples) {
         std::string const candidate = Lower(std::string_view(sample.name).substr(0, longestCompared));
         bool const isPart = !wanted.empty() && candidate.find(wanted) != std::string::npos;
         std::size_t const distance = isPart ? 1 : EditDistance(candidate, wanted);
-        if (distance <= most) near.emplace(distance, sample.name);
+        if (distance <= limit) near.emplace(distance, sample.name);
     }
     std::vector<std::string> names;
-    for (auto const& [distance, candidate] : near) names.push_back('"' + candidate + '"');
+    for (auto const& [distance, candidate] : near) names.push_back(Quoted(candidate));
     return names;
 }
 
 [[noreturn]] void FailUnknown(MeasurementFile const& file, std::string_view name) {
-    std::string text = file.path + " has no sample \"" + std::string(name) + "\"; ";
+    std::string const problem = file.path + " has no sample " + Quoted(name);
     if (std::vector<std::string> const near = NearNames(file, name); !near.empty()) {
-        throw Unusable(text + "near to it: " + List(near, MostNamesInMessage));
+        throw InputError(problem + " (did you mean " + List(near, MaxNamesInMessage) + "?)");
     }
     std::vector<std::string> names;
-    for (files::Sample const& sample : file.samples) names.push_back('"' + sample.name + '"');
-    throw Unusable(text + "it has " + List(names, MostNamesInMessage));
+    for (files::Sample const& sample : file.samples) names.push_back(Quoted(sample.name));
+    throw InputError(problem + " (choose from " + List(names, MaxNamesInMessage) + ')');
 }
 
 std::vector<std::size_t> WithName(MeasurementFile const& file, std::string_view name) {
@@ -69,17 +73,17 @@ std::vector<std::size_t> WithName(MeasurementFile const& file, std::string_view 
     return indices;
 }
 
-/// The index that "#3" means; none for other texts and for numbers that the file does not reach.
+/// Returns the index for "#3"; nothing for other texts and numbers beyond the file.
 std::optional<std::size_t> ByNumber(MeasurementFile const& file, std::string_view name) {
     if (!name.starts_with('#')) return std::nullopt;
-    auto const number = ParseWhole(name.substr(1));
+    auto const number = files::ToWhole(name.substr(1));
     if (!number || *number < 1) return std::nullopt;
     auto const index = static_cast<std::size_t>(*number) - 1;
     return index < file.samples.size() ? std::optional(index) : std::nullopt;
 }
 
-/// By name, by number, or else by pattern.
-std::vector<std::size_t> Meant(MeasurementFile const& file, std::string_view choice) {
+/// Matches by name, then by number, then by pattern.
+std::vector<std::size_t> MatchingSamples(MeasurementFile const& file, std::string_view choice) {
     std::vector<std::size_t> indices = WithName(file, choice);
     if (!indices.empty()) return indices;
     if (auto const index = ByNumber(file, choice)) return {*index};
@@ -134,9 +138,8 @@ std::size_t FindSample(MeasurementFile const& file, std::string_view name, Messa
     if (indices.size() > 1) {
         std::vector<std::string> numbers;
         for (std::size_t const index : indices) numbers.push_back('#' + std::to_string(index + 1));
-        messages.Warn(file.path + " has " + std::to_string(indices.size()) + " samples \"" +
-                      std::string(name) + "\" (" + List(numbers, MostNamesInMessage) +
-                      "): " + numbers.front() + " is taken");
+        messages.Warn(file.path + " has " + std::to_string(indices.size()) + " samples " + Quoted(name) +
+                      " (" + List(numbers, MaxNamesInMessage) + "): using " + numbers.front());
     }
     return indices.front();
 }
@@ -152,13 +155,13 @@ std::vector<std::size_t> ChooseSamples(MeasurementFile const& file, std::vector<
         chosen.insert(chosen.end(), indices.begin(), indices.end());
     };
     for (std::string const& choice : choices) {
-        // A name may itself have a comma.
-        if (std::vector<std::size_t> const whole = Meant(file, choice); !whole.empty()) {
+        // A name may contain a comma.
+        if (std::vector<std::size_t> const whole = MatchingSamples(file, choice); !whole.empty()) {
             add(whole);
             continue;
         }
-        for (std::string_view const piece : Split(choice, ',')) {
-            std::vector<std::size_t> const indices = Meant(file, piece);
+        for (std::string_view const piece : files::Split(choice, ',')) {
+            std::vector<std::size_t> const indices = MatchingSamples(file, piece);
             if (indices.empty()) FailUnknown(file, piece);
             add(indices);
         }

@@ -1,4 +1,4 @@
-// SampleNames: finds the samples that an argument means.
+// SampleNames: finds samples by name, number or pattern.
 #pragma once
 
 #include "Apps/files/MeasurementFile.h"
@@ -11,20 +11,20 @@
 
 namespace kvcolor {
 
-/// Whether the text matches a pattern in which "*" stands for any text and "?" for one code point.
+/// Matches a pattern in which "*" matches any text and "?" one code point.
 [[nodiscard]] bool MatchesGlob(std::string_view text, std::string_view pattern) noexcept;
 
-/// Whether a sample has this name, or the name is "#" and a number that the file has.
+/// Returns whether a sample has this name or, for "#3", this number.
 [[nodiscard]] bool HasSample(files::MeasurementFile const& file, std::string_view name);
 
-/// The index of the sample of this name, or of "#3", the third. Warns when several have the name and takes
-/// the first. Throws Unusable with the names that come near.
+/// Returns the index of the sample with this name or, for "#3", this number. If several have the name, warns
+/// and uses the first. Throws evaluation::InputError that suggests similar names.
 [[nodiscard]] std::size_t FindSample(files::MeasurementFile const& file, std::string_view name,
                                      Messages& messages);
 
-/// The indices of the samples that the choices mean, in the order of the file; all for no choice. A choice is
-/// a name, a pattern, "#3", or several of these with commas between them. Throws Unusable for one that means
-/// no sample.
+/// Returns the indices of the chosen samples in file order; all if there is no choice. A choice is a name, a
+/// pattern, "#3", or several of these separated by commas. Throws evaluation::InputError if one matches
+/// nothing.
 [[nodiscard]] std::vector<std::size_t> ChooseSamples(files::MeasurementFile const& file,
                                                      std::vector<std::string> const& choices);
 

@@ -1,58 +1,104 @@
 #include "Apps/kvcolor/Session.h"
 
+#include "Apps/evaluation/Conditions.h"
+#include "Apps/evaluation/InputError.h"
 #include "Apps/kvcolor/SampleNames.h"
 #include "Apps/kvcolor/output/Writers.h"
+#include "Platform/Utf8Path.h"
 
-#include <CLI/CLI.hpp>
-
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace kvcolor {
 
-void Session::AddOutputOptions(CLI::App& command) {
-    command.add_option("--format", format_, "table (default), csv or json")
-        ->check(CLI::IsMember({"table", "csv", "json"}))
-        ->type_name("FORM");
-    AddQuietOption(command);
+void Session::AddOutputOptions(Command& command) {
+    command.Add({.name = "--format",
+                 .help = "table (default), csv or json",
+                 .value = "FORMAT",
+                 .choices = {"table", "csv", "json"}},
+                format_);
+    AddQuiet(command);
 }
 
-void Session::AddQuietOption(CLI::App& command) {
-    command.add_flag_callback(
-        "-q,--quiet", [this] { messages_.DropNotes(); }, "No notes on choices that were made; warnings stay");
+void Session::AddQuiet(Command& command) {
+    command.Add({.name = "-q,--quiet", .help = "Suppress notes; warnings are still shown"},
+                messages_.IsQuiet());
 }
 
-void Session::AddFileOptions(CLI::App& command) {
+void Session::AddInputOptions(Command& command) {
+    command.Add(
+        {.name = "FILE", .help = "Measurements: CGATS, ISO 28178, CSV or a data file", .isRequired = true},
+        file_);
+    command.Add({.name = "--only",
+                 .help = "Only these samples: names, patterns (neutral*), numbers (#3)",
+                 .value = "NAME"},
+                only_);
+    AddMeasurementMode(command, "Expected measurement condition: M0 to M3");
+    command.Add({.name = "--instrument-filter",
+                 .help = "Expected instrument filter: No, Pol, UV, ...",
+                 .value = "FILTER"},
+                filter_);
+}
+
+void Session::AddFileOptions(Command& command) {
     AddInputOptions(command);
     AddOutputOptions(command);
 }
 
-void Session::AddInputOptions(CLI::App& command) {
-    command.add_option("FILE", file_, "Measurements: CGATS, ISO 28178, CSV or a data file")
-        ->required()
-        ->type_name("");
-    command.add_option("--only", only_, "Show these samples: names, patterns (neutral*), numbers (#3)")
-        ->allow_extra_args(false)
-        ->type_name("NAME");
-    command.add_option("--condition", measurementMode_, "Expect this measurement condition: M0 to M3")
-        ->type_name("M");
-    command
-        .add_option("--instrument-filter", filter_, "Expect this filter of the instrument: No, Pol, UV, ...")
-        ->type_name("FILTER");
+void Session::AddConditions(Command& command) {
+    command.Add(
+        {.name = "--illuminant", .help = "D50 (default); kvcolor illuminants lists all", .value = "NAME"},
+        illuminant_);
+    AddObserver(command);
 }
 
-files::MeasurementFile Session::Load(AskedConditions asked) { return Load(file_, std::move(asked)); }
+void Session::AddObserver(Command& command, char const* help) {
+    command.Add({.name = "--observer", .help = help, .value = "ANGLE"}, observer_);
+}
 
-files::MeasurementFile Session::Load(std::string const& path, AskedConditions asked) {
-    if (!measurementMode_.empty()) asked.measurementMode = ParseMeasurementMode(measurementMode_);
-    if (!filter_.empty()) asked.filter = ParseFilter(filter_);
+void Session::AddWeights(Command& command) {
+    command.Add({.name = "--cmc", .help = "Weights of CMC, 2:1 by default", .value = "l:c"}, cmc_);
+    command.Add({.name = "--k", .help = "Weights of CIE94, 1:1:1 by default", .value = "kL:kC:kH"}, k94_);
+}
+
+void Session::AddMeasurementMode(Command& command, char const* help) {
+    command.Add({.name = "--condition", .help = help, .value = "M"}, measurementMode_);
+}
+
+void Session::AddForce(Command& command, char const* help) {
+    command.Add({.name = "--force", .help = help}, isForced_);
+}
+
+kv::IllumClass Session::Illuminant() const { return evaluation::ParseIlluminant(illuminant_); }
+kv::ObserverClass Session::Observer() const { return evaluation::ParseObserver(observer_); }
+evaluation::FormulaWeights Session::Weights() const { return evaluation::ParseWeights(cmc_, k94_); }
+std::string Session::MeasurementMode() const {
+    return measurementMode_.empty() ? "" : evaluation::ParseMeasurementMode(measurementMode_);
+}
+
+files::MeasurementFile Session::Load(evaluation::RequestedConditions requested) {
+    return Load(file_, std::move(requested));
+}
+
+files::MeasurementFile Session::Load(std::string const& path, evaluation::RequestedConditions requested) {
+    requested.measurementMode = MeasurementMode();
+    if (!filter_.empty()) requested.filter = evaluation::ParseFilter(filter_);
     files::MeasurementFile file = files::ReadMeasurementFile(path);
     for (std::string const& note : file.notes) messages_.Note(file.path + ": " + note);
-    CheckStated(file, asked, messages_);
+    messages_.Write(evaluation::CheckStated(file, requested));
     return file;
 }
 
 std::vector<std::size_t> Session::Chosen(files::MeasurementFile const& file) const {
     return ChooseSamples(file, only_);
+}
+
+void Session::CheckOutput(std::string const& path) const {
+    std::error_code ignored;
+    if (!isForced_ && std::filesystem::exists(platform::PathOf(path), ignored)) {
+        throw evaluation::InputError(path + " already exists (use --force to overwrite)");
+    }
 }
 
 std::vector<Condition> Session::ConditionsOf(files::MeasurementFile const& file) {
@@ -64,13 +110,20 @@ std::vector<Condition> Session::ConditionsOf(files::MeasurementFile const& file)
     return conditions;
 }
 
-void Session::Deliver(Report const& report) const {
+void Session::AppendConditions(std::vector<Condition>& conditions) const {
+    conditions.push_back({"illuminant", evaluation::NameOf(Illuminant())});
+    conditions.push_back({"observer", evaluation::NameOf(Observer())});
+}
+
+void Session::ApplyConditions() const { evaluation::ApplyConditions(Illuminant(), Observer()); }
+
+void Session::Deliver(Answer const& answer) const {
     if (format_ == "csv") {
-        environment_.out << WriteCsv(report);
+        environment_.out << WriteCsv(answer);
     } else if (format_ == "json") {
-        environment_.out << WriteJson(report);
+        environment_.out << WriteJson(answer);
     } else {
-        environment_.out << WriteTable(report, DepthOf(environment_));
+        environment_.out << WriteTable(answer, DepthOf(environment_));
     }
 }
 

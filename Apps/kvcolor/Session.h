@@ -1,19 +1,17 @@
-// Session: what all commands share: the options that each of them has, reading a file with its notes and
-// warnings, and delivering a report.
+// Session: what the commands share: their common options, reading files with notes and warnings, and writing
+// the answer.
 #pragma once
 
+#include "Apps/evaluation/DifferenceFormula.h"
+#include "Apps/evaluation/StatedCheck.h"
 #include "Apps/files/MeasurementFile.h"
+#include "Apps/kvcolor/CommandLine.h"
 #include "Apps/kvcolor/Environment.h"
-#include "Apps/kvcolor/StatedCheck.h"
 #include "Apps/kvcolor/output/Answer.h"
 #include "Apps/kvcolor/output/Messages.h"
 
 #include <string>
 #include <vector>
-
-namespace CLI {
-class App;
-}
 
 namespace kvcolor {
 
@@ -22,35 +20,60 @@ class Session {
     explicit Session(Environment const& environment)
         : environment_(environment), messages_(environment.err) {}
 
-    /// Gives a command --format and --quiet.
-    void AddOutputOptions(CLI::App& command);
-    /// Gives a command its FILE, the choice of samples and the conditions of measurement to expect.
-    void AddFileOptions(CLI::App& command);
-    /// The same without --format and --quiet, and --quiet alone: for a command that shows no report.
-    void AddInputOptions(CLI::App& command);
-    void AddQuietOption(CLI::App& command);
+    /// Adds --format and --quiet.
+    void AddOutputOptions(Command& command);
+    void AddQuiet(Command& command);
+    /// Adds FILE, the choice of samples and the expected conditions of measurement.
+    void AddInputOptions(Command& command);
+    /// Adds both.
+    void AddFileOptions(Command& command);
+    /// Adds --illuminant and --observer.
+    void AddConditions(Command& command);
+    void AddObserver(Command& command, char const* help = "2 (default) or 10 degrees");
+    /// Adds --cmc and --k.
+    void AddWeights(Command& command);
+    /// Adds --condition, the expected measurement condition.
+    void AddMeasurementMode(Command& command, char const* help);
+    /// Adds --force.
+    void AddForce(Command& command, char const* help);
 
-    /// Reads FILE, or another file, says its notes and holds what it states against what is asked for; the
-    /// conditions of measurement asked for are those of the options. Throws files::ReadError.
-    [[nodiscard]] files::MeasurementFile Load(AskedConditions asked);
-    [[nodiscard]] files::MeasurementFile Load(std::string const& path, AskedConditions asked);
-    /// The samples that --only chooses.
+    // The values of these options. They throw evaluation::InputError.
+    [[nodiscard]] kv::IllumClass Illuminant() const;
+    [[nodiscard]] kv::ObserverClass Observer() const;
+    [[nodiscard]] evaluation::FormulaWeights Weights() const;
+    [[nodiscard]] std::string const& WeightsOfCmc() const noexcept { return cmc_; }
+    [[nodiscard]] std::string const& WeightsOfCie94() const noexcept { return k94_; }
+    /// "M0" to "M3", or empty.
+    [[nodiscard]] std::string MeasurementMode() const;
+    [[nodiscard]] evaluation::RequestedConditions Requested() const {
+        return {{Illuminant()}, Observer(), "", ""};
+    }
+
+    /// Reads FILE, or another file, writes its notes and compares what it states with the request, to which
+    /// the options add the conditions of measurement. Throws files::ReadError.
+    [[nodiscard]] files::MeasurementFile Load(evaluation::RequestedConditions requested = {});
+    [[nodiscard]] files::MeasurementFile Load(std::string const& path,
+                                              evaluation::RequestedConditions requested);
+    /// Returns the samples chosen by --only.
     [[nodiscard]] std::vector<std::size_t> Chosen(files::MeasurementFile const& file) const;
-    /// Whether --only was given.
-    [[nodiscard]] bool IsChoosing() const noexcept { return !only_.empty(); }
+    /// Throws evaluation::InputError if the file exists and --force is not given.
+    void CheckOutput(std::string const& path) const;
 
-    /// The conditions that a report on this file begins with: the file, and what it states of its
-    /// measurement.
+    /// Returns the conditions that every answer on this file begins with.
     [[nodiscard]] static std::vector<Condition> ConditionsOf(files::MeasurementFile const& file);
+    /// Appends the illuminant and the observer.
+    void AppendConditions(std::vector<Condition>& conditions) const;
+    /// Sets the illuminant and the observer in the library's context.
+    void ApplyConditions() const;
 
-    /// The column of sample names, and a row that has its name and swatch in place.
+    /// The column of sample names, and a row with a name and a swatch.
     [[nodiscard]] static Column NameColumn() { return TextColumn("name", "name"); }
     [[nodiscard]] static Row RowOf(files::Sample const& sample) {
         return {{sample.name}, ToRgb(sample.spectrum)};
     }
 
-    /// Writes the report in the form of --format.
-    void Deliver(Report const& report) const;
+    /// Writes the answer in the format of --format.
+    void Deliver(Answer const& answer) const;
 
     [[nodiscard]] Messages& GetMessages() noexcept { return messages_; }
     [[nodiscard]] Environment const& GetEnvironment() const noexcept { return environment_; }
@@ -61,8 +84,13 @@ class Session {
     std::string file_;
     std::string format_ = "table";
     std::vector<std::string> only_;
+    std::string illuminant_ = "D50";
+    std::string observer_ = "2";
+    std::string cmc_ = "2:1";
+    std::string k94_ = "1:1:1";
     std::string measurementMode_;
     std::string filter_;
+    bool isForced_ = false;
 };
 
 }  // namespace kvcolor

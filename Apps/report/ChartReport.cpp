@@ -133,7 +133,7 @@ class ChartReport {
     [[nodiscard]] sv::String SampleName(std::size_t sample) const;
     [[nodiscard]] sv::String MeasurementOf() const;
     [[nodiscard]] sv::String MeasureOf() const {
-        return evaluation::TitleOf(conditions_.tolerances.measure, conditions_.tolerances.weights);
+        return evaluation::TitleOf(conditions_.tolerances.formula, conditions_.tolerances.weights);
     }
     [[nodiscard]] sv::String LimitsOf() const;
     [[nodiscard]] bool HasDifferences() const noexcept { return verdict_.judged > 0; }
@@ -173,13 +173,13 @@ sv::String ChartReport::MeasurementOf() const {
 
 /// "dE*ab 2.00, dL* 1.00".
 sv::String ChartReport::LimitsOf() const {
-    using evaluation::Measure;
+    using evaluation::DifferenceFormula;
     evaluation::Tolerances const& tolerances = conditions_.tolerances;
     std::array<std::pair<sv::String, double>, 4> const limits = {
         {{MeasureOf(), tolerances.difference},
-         {std::string(NameOf(Measure::DeltaL)), tolerances.components[0]},
-         {std::string(NameOf(Measure::DeltaC)), tolerances.components[1]},
-         {std::string(NameOf(Measure::DeltaH)), tolerances.components[2]}}};
+         {std::string(NameOf(DifferenceFormula::DeltaL)), tolerances.components[0]},
+         {std::string(NameOf(DifferenceFormula::DeltaC)), tolerances.components[1]},
+         {std::string(NameOf(DifferenceFormula::DeltaH)), tolerances.components[2]}}};
     sv::String text;
     for (auto const& [name, limit] : limits) {
         if (limit == 0) continue;

@@ -23,7 +23,7 @@ ColourSheet SheetOf(std::initializer_list<float> reflectances) {
 
 }  // namespace
 
-TEST(ColourSheetTest, JudgesByTheMeasureAndByEachComponent) {
+TEST(ColourSheetTest, JudgesByTheFormulaAndByEachComponent) {
     kv::Spectrum const standard = Grey(0.5F);
     kv::Spectrum const darker = Grey(0.45F);
     double const distance = -Judge(darker, standard, {}).components[0];  // greys differ in L* alone
@@ -31,21 +31,29 @@ TEST(ColourSheetTest, JudgesByTheMeasureAndByEachComponent) {
     ASSERT_LT(distance, 5);
     struct Row {
         char const* what;
-        Measure measure;
+        DifferenceFormula formula;
         double difference;
         std::array<double, 3> components;
         bool isWithin;
     };
     for (Row const& row : {
-             Row{"a limit belongs to what it allows", Measure::Cielab, distance, {}, true},
-             Row{"beyond the limit", Measure::Cielab, distance - 0.01, {}, false},
-             Row{"a limit of 0 is none", Measure::Cielab, 0, {}, true},
-             Row{"a component counts without its sign", Measure::Cielab, 5, {distance - 0.01, 0, 0}, false},
-             Row{"components that are kept", Measure::Cielab, 5, {distance, 0.01, 0.01}, true},
-             Row{"a measure with a sign counts without it", Measure::DeltaL, distance - 0.01, {}, false},
+             Row{"a limit belongs to what it allows", DifferenceFormula::Cielab, distance, {}, true},
+             Row{"beyond the limit", DifferenceFormula::Cielab, distance - 0.01, {}, false},
+             Row{"a limit of 0 is none", DifferenceFormula::Cielab, 0, {}, true},
+             Row{"a component counts without its sign",
+                 DifferenceFormula::Cielab,
+                 5,
+                 {distance - 0.01, 0, 0},
+                 false},
+             Row{"components that are kept", DifferenceFormula::Cielab, 5, {distance, 0.01, 0.01}, true},
+             Row{"a formula with a sign counts without it",
+                 DifferenceFormula::DeltaL,
+                 distance - 0.01,
+                 {},
+                 false},
          }) {
         Tolerances tolerances;
-        tolerances.measure = row.measure;
+        tolerances.formula = row.formula;
         tolerances.difference = row.difference;
         tolerances.components = row.components;
         EXPECT_EQ(Judge(darker, standard, tolerances).isWithin, row.isWithin) << row.what;
@@ -54,7 +62,7 @@ TEST(ColourSheetTest, JudgesByTheMeasureAndByEachComponent) {
 
 TEST(ColourSheetTest, ADifferenceWithoutAValueIsNeverWithin) {
     Tolerances tolerances;
-    tolerances.measure = Measure::Fmc2;
+    tolerances.formula = DifferenceFormula::Fmc2;
     tolerances.difference = 1e9;
     Judgement const judgement = Judge(Grey(0.5F), Grey(0), tolerances);
     EXPECT_TRUE(std::isnan(judgement.difference));

@@ -39,7 +39,7 @@ std::string Verdict(std::vector<RawSpectrum> const& spectra, std::optional<State
     return failure == "accepted" ? text : failure;
 }
 
-TEST(Reflectance, FractionOrPercentIsDecidedAndSaid) {
+TEST(Reflectance, FractionOrPercentIsDecidedAndNoted) {
     StatedScale const percent{Scale::Percent, "SPECTRAL_PCT"};
     StatedScale const fraction{Scale::Fraction, "SPECTRAL_DEC"};
     EXPECT_EQ(Verdict(SpectraOf(0.5)),
@@ -60,7 +60,7 @@ TEST(Reflectance, FractionOrPercentIsDecidedAndSaid) {
         "says; the largest is 85)");
 }
 
-TEST(Reflectance, ValuesOutsideAreSaidOrRefused) {
+TEST(Reflectance, ValuesOutsideAreNotedOrRefused) {
     EXPECT_EQ(
         Verdict(SpectraOf(0.5, {0.1, -0.01, -0.02})),
         "fraction; reflectance as fractions, by the values: the largest is 0.5; 2 values below 0 kept, the "

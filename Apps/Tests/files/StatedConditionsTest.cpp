@@ -59,7 +59,7 @@ TEST(StatedConditions, AWeightingFunctionOutranksTheRestInAnyOrder) {
     }
 }
 
-TEST(StatedConditions, WhatIsNotKnownIsSaid) {
+TEST(StatedConditions, WhatIsNotKnownIsNoted) {
     ConditionReader reader;
     reader.Take("ILLUMINANT", "TL84");
     reader.Take("FILTER", "UV-cut");

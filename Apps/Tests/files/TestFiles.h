@@ -1,4 +1,4 @@
-// Small measurement files for the tests, put together from the parts in which they differ.
+// Small measurement files, composed from the parts in which they differ.
 #pragma once
 
 #include "Apps/files/MeasurementFile.h"
@@ -11,14 +11,14 @@
 
 namespace files::test {
 
-/// Wavelengths of a file, in the order of its columns.
+/// The wavelengths of a file in the order of its columns.
 struct Range {
     int first = 380;
     int last = 730;
     int step = 10;
 };
 
-/// `item` once for each wavelength, every "#" in it being the wavelength; joined by `separator`.
+/// Repeats `item` for each wavelength, which replaces "#"; joined by `separator`.
 inline std::string Repeat(std::string_view item, std::string_view separator, Range const& range = {}) {
     std::string text;
     for (int nm = range.first; nm != range.last + range.step; nm += range.step) {
@@ -28,12 +28,12 @@ inline std::string Repeat(std::string_view item, std::string_view separator, Ran
     return text;
 }
 
-/// A CGATS file of these header lines, fields and rows; each ends its own lines.
+/// A CGATS file of header lines, fields and rows; header lines and rows end with a newline.
 inline std::string Cgats(std::string const& header, std::string const& fields, std::string const& rows) {
     return header + "BEGIN_DATA_FORMAT\n" + fields + "\nEND_DATA_FORMAT\nBEGIN_DATA\n" + rows + "END_DATA\n";
 }
 
-/// One sample "1" whose values are all `value`, with the header that is to be looked at.
+/// A CGATS file of one sample "1" whose values are all `value`.
 inline std::string CgatsWithHeader(std::string const& header, std::string_view value = "0.5") {
     return Cgats(header, "SampleID " + Repeat("SPECTRAL_NM#", " "), "1 " + Repeat(value, " ") + "\n");
 }
@@ -46,7 +46,7 @@ inline std::string Replaced(std::string text, std::string_view from, std::string
     return text;
 }
 
-/// What is said when the call fails as it must; "accepted" if it does not.
+/// Returns the message of the exception; "accepted" if there is none.
 template <class Error = ReadError, class Call>
 std::string FailureOf(Call call) {
     try {
@@ -57,18 +57,18 @@ std::string FailureOf(Call call) {
     return "accepted";
 }
 
-/// What the reader says of a file that it must refuse; "accepted" if it does not.
-inline std::string Refusal(std::string_view bytes) {
-    return FailureOf([&] { static_cast<void>(ParseMeasurements(bytes, "file")); });
+/// Returns the message with which the reader refuses a file; "accepted" if it does not.
+inline std::string Refusal(std::string_view bytes, std::string const& name = "file") {
+    return FailureOf([&] { static_cast<void>(ParseMeasurements(bytes, name)); });
 }
 
-/// One file as a dialect writes it.
+/// A file in one dialect.
 struct Dialect {
     char const* what;
     std::string bytes;
 };
 
-/// The file in each dialect: two samples "a b" and "c" of 0.25, but 0.75 at 730 nm. `check` sees the rest.
+/// Expects the samples "a b" and "c" of 0.25, but 0.75 at 730 nm, in each dialect. `check` tests the rest.
 template <class Check>
 void ExpectTheSameOfAll(std::vector<Dialect> const& dialects, Check check) {
     for (auto const& [what, bytes] : dialects) {
@@ -87,17 +87,7 @@ void ExpectTheSameOfAll(std::vector<Dialect> const& dialects, Check check) {
     }
 }
 
-/// A file that cannot be read, and what is said of it.
-struct Refused {
-    std::string bytes;
-    std::string message;
-};
-
-inline void ExpectRefusals(std::vector<Refused> const& files) {
-    for (auto const& [bytes, message] : files) EXPECT_EQ(Refusal(bytes), message);
-}
-
-/// All notes, a line each.
+/// Returns the notes, one per line.
 inline std::string Notes(MeasurementFile const& file) {
     std::string notes;
     for (std::string const& note : file.notes) notes += note + "\n";

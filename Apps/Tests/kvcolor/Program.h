@@ -1,4 +1,4 @@
-// Program: kvcolor as a test calls it, and small measurement files for it to read.
+// Program: calls kvcolor from a test and writes small measurement files for it.
 #pragma once
 
 #include "Apps/kvcolor/Run.h"
@@ -21,7 +21,7 @@ struct Outcome {
 
 using Arguments = std::vector<std::string>;
 
-/// Runs the program with nothing but files and pipes around it.
+/// Runs the program without a terminal.
 inline Outcome RunProgram(Arguments const& arguments) {
     std::ostringstream out;
     std::ostringstream err;
@@ -29,7 +29,7 @@ inline Outcome RunProgram(Arguments const& arguments) {
     return {status, out.str(), err.str()};
 }
 
-/// The result as JSON; the command must succeed.
+/// Returns the answer as JSON; the command must succeed.
 inline nlohmann::json RunJson(Arguments arguments) {
     arguments.insert(arguments.end(), {"--format", "json", "--quiet"});
     Outcome const outcome = RunProgram(arguments);
@@ -37,7 +37,7 @@ inline nlohmann::json RunJson(Arguments arguments) {
     return nlohmann::json::parse(outcome.out, nullptr, false);
 }
 
-/// What a run that must fail says; its status is tested in passing, and that it shows no result.
+/// Returns the message of a run that must fail without an answer.
 inline std::string FailureOf(Arguments arguments) {
     arguments.emplace_back("--quiet");
     Outcome const outcome = RunProgram(arguments);
@@ -63,7 +63,7 @@ struct Flat {
     std::string reflectance;
 };
 
-/// Writes a CGATS file of flat samples below the test's own folder and returns its path. `keywords` are whole
+/// Writes a CGATS file of flat samples to the temporary folder and returns its path. `keywords` are whole
 /// lines.
 inline std::string WriteFile(std::string const& name, std::vector<Flat> const& samples,
                              std::string const& keywords = "") {

@@ -51,12 +51,12 @@ TEST(SampleNamesTest, Choices) {
     }
 }
 
-TEST(SampleNamesTest, AnAmbiguousNameIsWarnedOf) {
+TEST(SampleNamesTest, WarnsOfAnAmbiguousName) {
     std::ostringstream err;
     Messages messages(err);
     auto const file = FileOf({"x", "a", "b", "a"});
     EXPECT_EQ(FindSample(file, "a", messages), 1U);
-    EXPECT_EQ(err.str(), "kvcolor: warning: f.txt has 2 samples \"a\" (#2, #4): #2 is taken\n");
+    EXPECT_EQ(err.str(), "kvcolor: warning: f.txt has 2 samples \"a\" (#2, #4): using #2\n");
     err.str("");
     EXPECT_EQ(FindSample(file, "#4", messages), 3U);
     EXPECT_EQ(err.str(), "");

@@ -1,32 +1,29 @@
-// Commands: what kvcolor can do. Each function adds one command to the program, which runs when the
-// arguments name it; a command throws Unusable or files::ReadError.
+// Commands: the commands of kvcolor. Each function adds one to the program. A command throws
+// evaluation::InputError, files::ReadError or files::WriteError.
 #pragma once
-
-namespace CLI {
-class App;
-}
 
 namespace kvcolor {
 
+class CommandLine;
 class Session;
 
-/// Colour coordinates of each sample.
-void AddConvert(CLI::App& program, Session& session);
-/// Densities of each sample, absolute or relative to a paper, and dot areas.
-void AddDensity(CLI::App& program, Session& session);
-/// Colour differences, to one sample or between two files, with their summary.
-void AddDifference(CLI::App& program, Session& session);
-/// How far samples that match a standard under one light are from it under others.
-void AddMetamerism(CLI::App& program, Session& session);
-/// Colour strength relative to a solid.
-void AddStrength(CLI::App& program, Session& session);
-/// The samples in a data file of the suite.
-void AddExport(CLI::App& program, Session& session);
-/// A chart, patch by patch through the measuring server.
-void AddMeasure(CLI::App& program, Session& session);
-/// The samples as a report on paper.
-void AddChartReport(CLI::App& program, Session& session);
-/// The illuminants on offer with their white points.
-void AddIlluminants(CLI::App& program, Session& session);
+/// Computes the colour coordinates of each sample.
+void AddConvert(CommandLine& program, Session& session);
+/// Computes the densities of each sample, absolute or relative to a paper, and dot areas.
+void AddDensity(CommandLine& program, Session& session);
+/// Computes colour differences to a sample or between two files, with their summary.
+void AddDifference(CommandLine& program, Session& session);
+/// Computes how far samples that match a standard under one illuminant are from it under others.
+void AddMetamerism(CommandLine& program, Session& session);
+/// Computes the colour strength relative to a solid.
+void AddStrength(CommandLine& program, Session& session);
+/// Writes the samples to a data file of the suite.
+void AddExport(CommandLine& program, Session& session);
+/// Measures a chart through the measuring server.
+void AddMeasure(CommandLine& program, Session& session);
+/// Prints the samples as a report.
+void AddReport(CommandLine& program, Session& session);
+/// Lists the illuminants with their white points.
+void AddIlluminants(CommandLine& program, Session& session);
 
 }  // namespace kvcolor

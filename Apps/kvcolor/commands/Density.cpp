@@ -1,13 +1,12 @@
-#include "Apps/kvcolor/Conditions.h"
-#include "Apps/kvcolor/InputError.h"
+#include "Apps/evaluation/Conditions.h"
+#include "Apps/evaluation/InputError.h"
+#include "Apps/files/Numbers.h"
+#include "Apps/files/Text.h"
 #include "Apps/kvcolor/SampleNames.h"
 #include "Apps/kvcolor/Session.h"
 #include "Apps/kvcolor/commands/Commands.h"
-#include "Apps/kvcolor/output/Numbers.h"
 #include "Apps/kvcolor/output/Progress.h"
 #include "KVUtils/KVUtils.h"
-
-#include <CLI/CLI.hpp>
 
 #include <array>
 #include <memory>
@@ -17,7 +16,11 @@ namespace kvcolor {
 
 namespace {
 
+using evaluation::HasColourFilters;
+using evaluation::InputError;
+using evaluation::NameOf;
 using files::MeasurementFile;
+using files::Quoted;
 using files::Sample;
 
 constexpr int Channels = 4;
@@ -37,7 +40,7 @@ struct References {
     Sample const* solid = nullptr;
 };
 
-/// What is measured with: a standard and, for dot areas, a filter of it.
+/// A density standard and, for dot areas, one of its filters.
 struct Densitometer {
     kv::DStdClass standard;
     std::optional<int> areaFilter;
@@ -46,20 +49,21 @@ struct Densitometer {
 std::vector<kv::DStdClass> StandardsOf(DensityOptions const& options) {
     std::vector<kv::DStdClass> standards;
     if (options.allStandards) {
-        for (kv::DStdType const type : DensityStandards()) standards.emplace_back(type);
+        for (kv::DStdType const type : evaluation::DensityStandards()) standards.emplace_back(type);
     }
-    for (std::string const& name : options.standards) standards.push_back(ParseDensityStandard(name));
+    for (std::string const& name : options.standards)
+        standards.push_back(evaluation::ParseDensityStandard(name));
     if (standards.empty()) standards.emplace_back(kv::DStdType::AnsiT);
     return standards;
 }
 
-/// None for "auto".
+/// Returns nothing for "auto".
 std::optional<int> ParseFilterIndex(std::string const& text) {
     if (text == "auto") return std::nullopt;
-    auto const index = ParseWhole(text);
+    auto const index = files::ToWhole(text);
     if (index && *index < Channels) return index;
-    throw Unusable("no density filter \"" + text +
-                   "\": there are auto, 0 (visual), 1 (red), 2 (green), 3 (blue)");
+    throw InputError("unknown density filter " + Quoted(text) +
+                     " (choose from auto, 0 (visual), 1 (red), 2 (green), 3 (blue))");
 }
 
 References FindReferences(Session& session, DensityOptions const& options, MeasurementFile const& file) {
@@ -69,20 +73,20 @@ References FindReferences(Session& session, DensityOptions const& options, Measu
     return {find(options.paper), find(options.solid)};
 }
 
-/// Puts a standard in force, and the paper with it: its responses belong to the standard's filters.
+/// Sets the standard, then the paper, whose responses depend on the filters of the standard.
 void Use(kv::DStdClass const& standard, Sample const* paper) {
     kv::CMetry::SetDensityStandard(standard);
     kv::CMetry::EnterWhite(paper != nullptr ? paper->spectrum : kv::Spectrum());
 }
 
-/// The densitometer of a standard, with what there is to say of its choice.
+/// Returns the densitometer of a standard; writes notes and warnings on it.
 Densitometer Prepare(Session& session, References const& references, kv::DStdClass const& standard,
                      std::optional<int> filter) {
     Use(standard, references.paper);
     if (!HasColourFilters(standard)) {
-        session.GetMessages().Note(NameOf(standard) + " has the visual filter only");
+        session.GetMessages().Note(NameOf(standard) + " has only the visual filter");
         if (filter && *filter > 0)
-            throw Unusable(NameOf(standard) + " has no filter " + std::to_string(*filter));
+            throw InputError(NameOf(standard) + " has no filter " + std::to_string(*filter));
     }
     Densitometer densitometer{standard, std::nullopt};
     if (references.solid == nullptr) return densitometer;
@@ -92,8 +96,8 @@ Densitometer Prepare(Session& session, References const& references, kv::DStdCla
     if (kv::Phi(index, solid, solid).GetDenominator() > 0) {
         densitometer.areaFilter = index;
     } else {
-        session.GetMessages().Warn("solid \"" + references.solid->name +
-                                   "\" is not darker than the paper for the " +
+        session.GetMessages().Warn("solid " + Quoted(references.solid->name) +
+                                   " is not darker than the paper for the " +
                                    ChannelNames.at(static_cast<std::size_t>(index)) + " filter of " +
                                    NameOf(standard) + ": no dot areas");
     }
@@ -112,7 +116,7 @@ std::vector<Column> Columns(References const& references, bool namesStandard) {
     return columns;
 }
 
-/// The cells of a sample behind its name.
+/// Appends the cells of a sample after its name.
 void AppendDensities(Row& row, Sample const& sample, References const& references,
                      Densitometer const& densitometer) {
     kv::DensityVector const densities(sample.spectrum, references.paper != nullptr);
@@ -143,13 +147,13 @@ std::vector<Condition> ConditionsOf(MeasurementFile const& file, References cons
 void RunDensity(Session& session, DensityOptions const& options) {
     std::vector<kv::DStdClass> const standards = StandardsOf(options);
     std::optional<int> const filter = ParseFilterIndex(options.filter);
-    MeasurementFile const file = session.Load({});
+    MeasurementFile const file = session.Load();
     auto const chosen = session.Chosen(file);
     References const references = FindReferences(session, options, file);
     bool const namesStandard = standards.size() > 1;
 
-    PutInForce(kv::IllumClass(kv::IllumType::D50), kv::ObserverClass(kv::ObserverType::TwoDegrees),
-               standards.front());
+    evaluation::ApplyConditions(kv::IllumClass(kv::IllumType::D50),
+                                kv::ObserverClass(kv::ObserverType::TwoDegrees), standards.front());
     std::vector<Densitometer> densitometers;
     densitometers.reserve(standards.size());
     for (kv::DStdClass const& standard : standards) {
@@ -173,30 +177,27 @@ void RunDensity(Session& session, DensityOptions const& options) {
 
 }  // namespace
 
-void AddDensity(CLI::App& program, Session& session) {
+void AddDensity(CommandLine& program, Session& session) {
     auto const options = std::make_shared<DensityOptions>();
-    CLI::App* const command = program.add_subcommand("density", "Densities and dot areas of each sample");
-    session.AddFileOptions(*command);
-    command
-        ->add_option("--standard", options->standards,
-                     "ANSI T (default), ANSI A, ANSI M, DIN, DIN NB, SPI or DS1")
-        ->allow_extra_args(false)
-        ->type_name("NAME");
-    command->add_flag("--all", options->allStandards, "Every density standard");
-    CLI::Option* const paper =
-        command->add_option("--paper", options->paper, "Densities relative to this sample")
-            ->type_name("NAME");
-    CLI::Option* const solid =
-        command->add_option("--solid", options->solid, "Dot areas relative to this sample")
-            ->type_name("NAME");
-    solid->needs(paper);
-    command
-        ->add_option("--filter", options->filter,
-                     "Of the dot areas: auto (default, the solid's own) or 0 to 3")
-        ->needs(solid)
-        ->type_name("NUMBER");
-    command->footer("Example:\n  kvcolor density ink.txt --standard 'ANSI T' --paper 0 --solid 100");
-    command->callback([&session, options] { RunDensity(session, *options); });
+    Command command = program.Add("density", "Compute densities and dot areas of each sample");
+    session.AddFileOptions(command);
+    command.Add({.name = "--standard",
+                 .help = "ANSI T (default), ANSI A, ANSI M, DIN, DIN NB, SPI or DS1",
+                 .value = "NAME"},
+                options->standards);
+    command.Add({.name = "--all", .help = "All density standards"}, options->allStandards);
+    command.Add({.name = "--paper", .help = "Densities relative to this sample", .value = "NAME"},
+                options->paper);
+    command.Add(
+        {.name = "--solid", .help = "Dot areas relative to this sample", .value = "NAME", .needs = "--paper"},
+        options->solid);
+    command.Add({.name = "--filter",
+                 .help = "Filter of the dot areas: auto (default, that of the solid) or 0 to 3",
+                 .value = "NUMBER",
+                 .needs = "--solid"},
+                options->filter);
+    command.Finish("Example:\n  kvcolor density ink.txt --standard 'ANSI T' --paper 0 --solid 100",
+                   [&session, options] { RunDensity(session, *options); });
 }
 
 }  // namespace kvcolor

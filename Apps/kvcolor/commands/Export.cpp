@@ -2,8 +2,6 @@
 #include "Apps/kvcolor/Session.h"
 #include "Apps/kvcolor/commands/Commands.h"
 
-#include <CLI/CLI.hpp>
-
 #include <memory>
 #include <utility>
 
@@ -11,33 +9,27 @@ namespace kvcolor {
 
 namespace {
 
-struct ExportOptions {
-    std::string out;
-    bool isForced = false;
-};
-
-void RunExport(Session& session, ExportOptions const& options) {
-    if (!options.isForced) CheckIsNew(options.out);
-    auto file = session.Load({});
+void RunExport(Session& session, std::string const& out) {
+    session.CheckOutput(out);
+    auto file = session.Load();
     std::vector<files::Sample> samples;
     for (std::size_t const index : session.Chosen(file)) samples.push_back(std::move(file.samples[index]));
     file.samples = std::move(samples);
 
-    WriteExport(file, options.out, session.GetMessages());
+    WriteExport(file, out, session.GetMessages());
 }
 
 }  // namespace
 
-void AddExport(CLI::App& program, Session& session) {
-    auto const options = std::make_shared<ExportOptions>();
-    CLI::App* const command = program.add_subcommand(
-        "export", "Measurements into a data file of the suite, which all commands read");
-    session.AddInputOptions(*command);
-    command->add_option("OUT", options->out, "The data file to write")->required()->type_name("");
-    command->add_flag("--force", options->isForced, "Replace OUT if it is there");
-    session.AddQuietOption(*command);
-    command->footer("Example:\n  kvcolor export ink.txt ink.dat --only 0,100");
-    command->callback([&session, options] { RunExport(session, *options); });
+void AddExport(CommandLine& program, Session& session) {
+    auto const out = std::make_shared<std::string>();
+    Command command = program.Add("export", "Write the samples to a data file of the suite");
+    session.AddInputOptions(command);
+    command.Add({.name = "OUT", .help = "The data file to write", .isRequired = true}, *out);
+    session.AddForce(command, "Overwrite OUT if it exists");
+    session.AddQuiet(command);
+    command.Finish("Example:\n  kvcolor export ink.txt ink.dat --only 0,100",
+                   [&session, out] { RunExport(session, *out); });
 }
 
 }  // namespace kvcolor

@@ -1,9 +1,8 @@
-#include "Apps/kvcolor/Conditions.h"
+#include "Apps/evaluation/Conditions.h"
+#include "Apps/files/StatedConditions.h"
 #include "Apps/kvcolor/Session.h"
 #include "Apps/kvcolor/commands/Commands.h"
 #include "KVUtils/KVUtils.h"
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 
@@ -11,12 +10,9 @@ namespace kvcolor {
 
 namespace {
 
-struct IlluminantsOptions {
-    std::vector<std::string> names;
-    std::string observer = "2";
-};
+using evaluation::NameOf;
 
-/// What an illuminant stands for (CIE 15).
+/// Describes an illuminant (CIE 15).
 std::string Describe(kv::IllumClass const& illuminant) {
     switch (static_cast<kv::IllumType>(illuminant)) {
         case kv::IllumType::A:
@@ -47,54 +43,53 @@ std::string Describe(kv::IllumClass const& illuminant) {
     }
 }
 
-std::vector<kv::IllumClass> Wanted(std::vector<std::string> const& names) {
-    std::vector<kv::IllumClass> wanted;
-    wanted.reserve(names.size());
-    for (std::string const& name : names) wanted.push_back(ParseIlluminant(name));
-    if (!names.empty()) return wanted;
-    for (kv::IllumType const type : TabledIlluminants()) wanted.emplace_back(type);
-    // The formula's range, and the two of its daylights that standards name.
-    for (short const number : {FirstDayNumber, short{55}, short{75}, LastDayNumber}) {
-        wanted.emplace_back(kv::IllumType::Dxx1, number);
+std::vector<kv::IllumClass> SelectedIlluminants(std::vector<std::string> const& names) {
+    std::vector<kv::IllumClass> selected;
+    selected.reserve(names.size());
+    for (std::string const& name : names) selected.push_back(evaluation::ParseIlluminant(name));
+    if (!names.empty()) return selected;
+    for (kv::IllumType const type : evaluation::TabledIlluminants()) selected.emplace_back(type);
+    // The limits of the formula, and the two daylights of it that standards name.
+    for (short const number : {files::FirstDayNumber, short{55}, short{75}, files::LastDayNumber}) {
+        selected.emplace_back(kv::IllumType::Dxx1, number);
     }
-    return wanted;
+    return selected;
 }
 
 Row WhitePoint(kv::IllumClass const& illuminant, kv::ObserverClass const& observer) {
-    PutInForce(illuminant, observer, kv::DStdClass(kv::DStdType::AnsiT));
+    evaluation::ApplyConditions(illuminant, observer);
     kv::Spectrum const white(1.0F, kv::PhysicalConditions());
     kv::XYZVector const xyz(white);
     kv::xyYVector const xyY(white);
     return {{NameOf(illuminant), Describe(illuminant), xyz[0], xyz[1], xyz[2], xyY[0], xyY[1]}, std::nullopt};
 }
 
-void RunIlluminants(Session& session, IlluminantsOptions const& options) {
-    kv::ObserverClass const observer = ParseObserver(options.observer);
+void RunIlluminants(Session& session, std::vector<std::string> const& names) {
+    kv::ObserverClass const observer = session.Observer();
     Table table{
         "illuminants",
         {Session::NameColumn(), TextColumn("what", "what"), NumberColumn("X", "X"), NumberColumn("Y", "Y"),
          NumberColumn("Z", "Z"), NumberColumn("x", "x", 4), NumberColumn("y", "y", 4)},
         {}};
-    for (kv::IllumClass const& illuminant : Wanted(options.names)) {
+    for (kv::IllumClass const& illuminant : SelectedIlluminants(names)) {
         table.rows.push_back(WhitePoint(illuminant, observer));
     }
-    if (options.names.empty()) {
-        session.GetMessages().Note("D40 to D150 are there too, daylight of 4000 K to 15000 K");
+    if (names.empty()) {
+        session.GetMessages().Note("any daylight from D40 (4000 K) to D250 (25000 K) can be selected");
     }
     session.Deliver({"illuminants", {{"observer", NameOf(observer)}}, {table}});
 }
 
 }  // namespace
 
-void AddIlluminants(CLI::App& program, Session& session) {
-    auto const options = std::make_shared<IlluminantsOptions>();
-    CLI::App* const command =
-        program.add_subcommand("illuminants", "The illuminants that there are, with white points");
-    command->add_option("NAME", options->names, "These illuminants alone")->type_name("");
-    command->add_option("--observer", options->observer, "2 (default) or 10 degrees")->type_name("ANGLE");
-    session.AddOutputOptions(*command);
-    command->footer("Example:\n  kvcolor illuminants D50 D55 F11 --observer 10");
-    command->callback([&session, options] { RunIlluminants(session, *options); });
+void AddIlluminants(CommandLine& program, Session& session) {
+    auto const names = std::make_shared<std::vector<std::string>>();
+    Command command = program.Add("illuminants", "List illuminants and their white points");
+    command.Add({.name = "NAME", .help = "Only these illuminants"}, *names);
+    session.AddObserver(command);
+    session.AddOutputOptions(command);
+    command.Finish("Example:\n  kvcolor illuminants D50 D55 F11 --observer 10",
+                   [&session, names] { RunIlluminants(session, *names); });
 }
 
 }  // namespace kvcolor

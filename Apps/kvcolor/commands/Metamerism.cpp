@@ -1,12 +1,11 @@
-#include "Apps/kvcolor/Conditions.h"
-#include "Apps/kvcolor/InputError.h"
+#include "Apps/evaluation/Conditions.h"
+#include "Apps/evaluation/InputError.h"
+#include "Apps/files/Text.h"
 #include "Apps/kvcolor/SampleNames.h"
 #include "Apps/kvcolor/Session.h"
 #include "Apps/kvcolor/commands/Commands.h"
 #include "Apps/kvcolor/output/Progress.h"
 #include "KVUtils/KVUtils.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <memory>
@@ -15,36 +14,38 @@ namespace kvcolor {
 
 namespace {
 
+using evaluation::InputError;
+using evaluation::NameOf;
+
 struct MetamerismOptions {
     std::string standard;
     std::string sample;
     std::string reference = "D65";
     std::vector<std::string> tests;
-    std::string observer = "2";
 };
 
-/// What is judged under: a reference light, and test lights of different names.
-struct Lights {
+/// The reference illuminant and the different test illuminants.
+struct Illuminants {
     kv::IllumClass reference;
     std::vector<kv::IllumClass> tests;
-    kv::ObserverClass observer;
 };
 
-Lights LightsOf(MetamerismOptions const& options) {
-    Lights lights{ParseIlluminant(options.reference), {}, ParseObserver(options.observer)};
+Illuminants IlluminantsOf(MetamerismOptions const& options) {
+    Illuminants illuminants{evaluation::ParseIlluminant(options.reference), {}};
     for (std::string const& name : options.tests) {
-        kv::IllumClass const test = ParseIlluminant(name);
-        if (test == lights.reference) {
-            throw Unusable("--test " + name + " is the reference light: its index is 0 for every pair");
+        kv::IllumClass const test = evaluation::ParseIlluminant(name);
+        if (test == illuminants.reference) {
+            throw InputError("--test " + name + " is the reference illuminant: every index would be 0");
         }
-        if (std::ranges::find(lights.tests, test) == lights.tests.end()) lights.tests.push_back(test);
+        if (std::ranges::find(illuminants.tests, test) == illuminants.tests.end())
+            illuminants.tests.push_back(test);
     }
-    if (lights.tests.empty()) lights.tests.emplace_back(kv::IllumType::A);
-    return lights;
+    if (illuminants.tests.empty()) illuminants.tests.emplace_back(kv::IllumType::A);
+    return illuminants;
 }
 
-std::vector<std::size_t> SamplesBeside(Session& session, MetamerismOptions const& options,
-                                       files::MeasurementFile const& file, std::size_t standard) {
+std::vector<std::size_t> OtherSamples(Session& session, MetamerismOptions const& options,
+                                      files::MeasurementFile const& file, std::size_t standard) {
     std::vector<std::size_t> samples;
     if (!options.sample.empty()) {
         samples.push_back(FindSample(file, options.sample, session.GetMessages()));
@@ -52,36 +53,38 @@ std::vector<std::size_t> SamplesBeside(Session& session, MetamerismOptions const
         samples = session.Chosen(file);
     }
     std::erase(samples, standard);
-    if (samples.empty()) throw Unusable("no sample beside the standard \"" + options.standard + '"');
+    if (samples.empty())
+        throw InputError("no sample other than the standard " + files::Quoted(options.standard));
     return samples;
 }
 
-std::vector<Column> Columns(Lights const& lights) {
-    std::string const reference = NameOf(lights.reference);
+std::vector<Column> Columns(Illuminants const& illuminants) {
+    std::string const reference = NameOf(illuminants.reference);
     std::vector<Column> columns = {Session::NameColumn(),
                                    NumberColumn("dE_ab_" + reference, "dE*ab " + reference)};
-    for (kv::IllumClass const& test : lights.tests) {
+    for (kv::IllumClass const& test : illuminants.tests) {
         columns.push_back(NumberColumn("index_" + NameOf(test), "index " + NameOf(test)));
     }
     return columns;
 }
 
 void RunMetamerism(Session& session, MetamerismOptions const& options) {
-    Lights const lights = LightsOf(options);
-    std::vector<kv::IllumClass> illuminants = lights.tests;
-    illuminants.insert(illuminants.begin(), lights.reference);
-    auto const file = session.Load({illuminants, lights.observer, "", ""});
+    Illuminants const illuminants = IlluminantsOf(options);
+    kv::ObserverClass const observer = session.Observer();
+    std::vector<kv::IllumClass> all = illuminants.tests;
+    all.insert(all.begin(), illuminants.reference);
+    auto const file = session.Load({all, observer, "", ""});
     std::size_t const standardIndex = FindSample(file, options.standard, session.GetMessages());
     kv::Spectrum const& standard = file.samples[standardIndex].spectrum;
-    auto const samples = SamplesBeside(session, options, file, standardIndex);
+    auto const samples = OtherSamples(session, options, file, standardIndex);
 
-    PutInForce(lights.reference, lights.observer, kv::DStdClass(kv::DStdType::AnsiT));
+    evaluation::ApplyConditions(illuminants.reference, observer);
     std::vector<kv::MetamerieRechner> judges;
-    for (kv::IllumClass const& test : lights.tests) {
-        judges.emplace_back(standard, lights.reference, test, lights.observer);
+    for (kv::IllumClass const& test : illuminants.tests) {
+        judges.emplace_back(standard, illuminants.reference, test, observer);
     }
 
-    Table table{"samples", Columns(lights), {}};
+    Table table{"samples", Columns(illuminants), {}};
     Progress progress(session.GetEnvironment(), "judging", samples.size());
     for (std::size_t const index : samples) {
         files::Sample const& sample = file.samples[index];
@@ -95,35 +98,34 @@ void RunMetamerism(Session& session, MetamerismOptions const& options) {
     }
     auto conditions = Session::ConditionsOf(file);
     conditions.push_back({"standard", file.samples[standardIndex].name});
-    conditions.push_back({"reference", NameOf(lights.reference)});
-    conditions.push_back({"observer", NameOf(lights.observer)});
+    conditions.push_back({"reference", NameOf(illuminants.reference)});
+    conditions.push_back({"observer", NameOf(observer)});
     session.Deliver({"metamerism", conditions, {table}});
 }
 
 }  // namespace
 
-void AddMetamerism(CLI::App& program, Session& session) {
+void AddMetamerism(CommandLine& program, Session& session) {
     auto const options = std::make_shared<MetamerismOptions>();
-    CLI::App* const command =
-        program.add_subcommand("metamerism", "Metamerism index of samples against a standard");
-    session.AddFileOptions(*command);
-    command->add_option("--standard", options->standard, "The sample that the others are to match")
-        ->required()
-        ->type_name("NAME");
-    command->add_option("--sample", options->sample, "This sample alone")
-        ->type_name("NAME")
-        ->excludes("--only");
-    command->add_option("--reference", options->reference, "The light of the match, D65 by default")
-        ->type_name("NAME");
-    command->add_option("--test", options->tests, "The light of the judgement, A by default; may be repeated")
-        ->allow_extra_args(false)
-        ->type_name("NAME");
-    command->add_option("--observer", options->observer, "2 (default) or 10 degrees")->type_name("ANGLE");
-    command->footer(
-        "The index is the CIELAB difference under the test light, after what remains under the reference\n"
-        "light (dE*ab) is taken out.\n\n"
-        "Example:\n  kvcolor metamerism patches.txt --standard original --reference D65 --test A --test F11");
-    command->callback([&session, options] { RunMetamerism(session, *options); });
+    Command command = program.Add("metamerism", "Compute the metamerism index of samples against a standard");
+    session.AddFileOptions(command);
+    command.Add({.name = "--standard",
+                 .help = "The sample that the others are compared with",
+                 .value = "NAME",
+                 .isRequired = true},
+                options->standard);
+    command.Add({.name = "--sample", .help = "Only this sample", .value = "NAME", .excludes = "--only"},
+                options->sample);
+    command.Add({.name = "--reference", .help = "Reference illuminant, D65 by default", .value = "NAME"},
+                options->reference);
+    command.Add({.name = "--test", .help = "Test illuminant, A by default; may be repeated", .value = "NAME"},
+                options->tests);
+    session.AddObserver(command);
+    command.Finish(
+        "The index is the CIELAB difference under the test illuminant after correction for the difference\n"
+        "under the reference illuminant (dE*ab).\n\n"
+        "Example:\n  kvcolor metamerism patches.txt --standard original --reference D65 --test A --test F11",
+        [&session, options] { RunMetamerism(session, *options); });
 }
 
 }  // namespace kvcolor

@@ -1,21 +1,18 @@
+#include "Apps/evaluation/Conditions.h"
+#include "Apps/evaluation/InputError.h"
 #include "Apps/files/DataFile.h"
+#include "Apps/files/Numbers.h"
 #include "Apps/files/SuiteText.h"
-#include "Apps/kvcolor/Conditions.h"
-#include "Apps/kvcolor/ExportFile.h"
-#include "Apps/kvcolor/InputError.h"
-#include "Apps/kvcolor/Measures.h"
-#include "Apps/kvcolor/Run.h"
+#include "Apps/files/Text.h"
 #include "Apps/kvcolor/SampleNames.h"
 #include "Apps/kvcolor/Session.h"
 #include "Apps/kvcolor/commands/Commands.h"
-#include "Apps/kvcolor/output/Numbers.h"
 #include "Apps/report/ChartReport.h"
 #include "Apps/suite/SuiteServices.h"
 #include "KVUtils/KVUtils.h"
+#include "KVUtils/Version.h"
 #include "Platform/CommandLine.h"
 #include "SV/core/NativePath.h"
-
-#include <CLI/CLI.hpp>
 
 #include <memory>
 
@@ -23,20 +20,17 @@ namespace kvcolor {
 
 namespace {
 
+using evaluation::InputError;
 using files::MeasurementFile;
+using files::Quoted;
 
-constexpr std::size_t MostCurves = 6;
+constexpr std::size_t MaxCurves = 6;
 
-struct ChartReportOptions {
+struct ReportOptions {
     std::string out;
-    bool isForced = false;
-    std::string illuminant = "D50";
-    std::string observer = "2";
     std::string density = "ANSI T";
     std::string standard;
-    std::string measure = "cielab";
-    std::string cmc = "2:1";
-    std::string k94 = "1:1:1";
+    std::string formula = "cielab";
     std::string tolerance;
     std::string paper;
     std::vector<std::string> curves;
@@ -45,13 +39,13 @@ struct ChartReportOptions {
     bool isLandscape = false;
 };
 
-/// What reports stand on: the program's name, its texts and the user's settings, for as long as it lives.
+/// Provides the services that a report needs while it lives: the program's name, texts and user settings.
 class Services {
   public:
-    explicit Services(ChartReportOptions const& options) {
+    explicit Services(ReportOptions const& options) {
         kv::AppConfig::CreateAppConfig(suite::ProgramIniFile("kvcolor"));
         kv::AppDir::CreateAppDir(sv::FromNativePath(platform::RunningProgram()));
-        kv::AppName::CreateAppName("kvcolor", Version);
+        kv::AppName::CreateAppName("kvcolor", kv::Version);
         if (!options.user.empty()) kv::KVSetting::Instance()->SetBenutzername(files::ToSuite(options.user));
         kv::Text::FreeResources();
         kv::Text::LoadText((kv::AppDir::Instance()->LngDirEntry() + "colourdesk").GetFull(),
@@ -72,112 +66,110 @@ class Services {
     }
 };
 
-Measure MeasureOf(ChartReportOptions const& options) {
-    auto const measures = ParseMeasures(options.measure);
-    if (!options.measure.empty() && measures.size() == 1) return measures.front();
-    throw Unusable("--measure " + options.measure + ": a report judges by one measure");
+evaluation::DifferenceFormula FormulaOf(ReportOptions const& options) {
+    auto const formulas = evaluation::ParseFormulas(options.formula);
+    if (formulas.size() == 1) return formulas.front();
+    throw InputError("--formula " + options.formula + ": a report uses one formula");
 }
 
-/// 0 for none.
-double ToleranceOf(ChartReportOptions const& options) {
+/// Returns 0 if there is none.
+double ToleranceOf(ReportOptions const& options) {
     if (options.tolerance.empty()) return 0;
-    auto const tolerance = ParseNumber(options.tolerance);
+    auto const tolerance = files::ToNumber(options.tolerance);
     if (tolerance && *tolerance > 0) return *tolerance;
-    throw Unusable("--tolerance: found \"" + options.tolerance + "\", expected a number above 0");
+    throw InputError("--tolerance: found " + Quoted(options.tolerance) + ", expected a number above 0");
 }
 
-evaluation::SheetConditions ConditionsOf(Session& session, ChartReportOptions const& options,
+evaluation::SheetConditions ConditionsOf(Session& session, ReportOptions const& options,
                                          MeasurementFile const& file) {
     auto const find = [&](std::string const& name) -> std::optional<std::size_t> {
         if (name.empty()) return std::nullopt;
         return FindSample(file, name, session.GetMessages());
     };
     evaluation::SheetConditions conditions;
-    conditions.illuminant = ParseIlluminant(options.illuminant);
-    conditions.observer = ParseObserver(options.observer);
-    conditions.densityStandard = ParseDensityStandard(options.density);
+    conditions.illuminant = session.Illuminant();
+    conditions.observer = session.Observer();
+    conditions.densityStandard = evaluation::ParseDensityStandard(options.density);
     conditions.standard = find(options.standard);
     conditions.paper = find(options.paper);
-    conditions.tolerances.measure = MeasureOf(options);
-    conditions.tolerances.weights = ParseMeasureWeights(options.cmc, options.k94);
+    conditions.tolerances.formula = FormulaOf(options);
+    conditions.tolerances.weights = session.Weights();
     conditions.tolerances.difference = ToleranceOf(options);
     return conditions;
 }
 
-report::ReportOptions ContentOf(Session& session, ChartReportOptions const& options,
-                                MeasurementFile const& file) {
+report::ReportOptions ContentOf(Session& session, ReportOptions const& options, MeasurementFile const& file) {
     report::ReportOptions content;
     content.samples = session.Chosen(file);
     content.language = options.language;
     content.curves = options.curves.empty() ? content.samples : ChooseSamples(file, options.curves);
-    if (options.curves.empty() && content.curves.size() > MostCurves) content.curves.resize(MostCurves);
+    if (options.curves.empty() && content.curves.size() > MaxCurves) content.curves.resize(MaxCurves);
     return content;
 }
 
-kv::MyPrinter& PrinterFor(ChartReportOptions const& options) {
+kv::MyPrinter& PrinterFor(ReportOptions const& options) {
     kv::MyPrinter* const printer = kv::MyPrinter::CreateMyPrinter(sv::FromNativePath(options.out));
     if (options.isLandscape) printer->ChangeOrientation(sv::Orientation::Landscape);
     return *printer;
 }
 
-void RunChartReport(Session& session, ChartReportOptions const& options) {
-    if (!options.out.ends_with(".pdf")) throw Unusable("--out " + options.out + ": a report is a .pdf file");
-    if (!options.isForced) CheckIsNew(options.out);
-    kv::IllumClass const illuminant = ParseIlluminant(options.illuminant);
-    kv::ObserverClass const observer = ParseObserver(options.observer);
-    evaluation::ColourSheet sheet(session.Load({{illuminant}, observer, "", ""}));
+void RunReport(Session& session, ReportOptions const& options) {
+    if (!options.out.ends_with(".pdf")) throw InputError("--out " + options.out + ": not a .pdf file");
+    session.CheckOutput(options.out);
+    evaluation::ColourSheet sheet(session.Load(session.Requested()));
     sheet.Change(ConditionsOf(session, options, sheet.File()));
     report::ReportOptions const content = ContentOf(session, options, sheet.File());
 
     auto const printing = session.GetEnvironment().beginPrinting();
-    if (printing == nullptr) throw Unusable("this build of kvcolor has no printing");
+    if (printing == nullptr) throw InputError("this build of kvcolor cannot print");
     Services const services(options);
     if (!report::PrintChartReport(PrinterFor(options), sheet, content))
         throw files::WriteError(options.out + ": cannot be written");
-    session.GetMessages().Note(options.out + ": " + std::to_string(content.samples.size()) + " samples");
+    session.GetMessages().Note(options.out + ": " + files::Counted(content.samples.size(), "sample"));
 }
 
-void AddContentOptions(CLI::App& command, ChartReportOptions& options) {
-    command.add_option("--illuminant", options.illuminant, "D50 (default); kvcolor illuminants lists all")
-        ->type_name("NAME");
-    command.add_option("--observer", options.observer, "2 (default) or 10 degrees")->type_name("ANGLE");
-    command.add_option("--density", options.density, "Density standard, ANSI T by default")
-        ->type_name("NAME");
-    command.add_option("--paper", options.paper, "Densities relative to this sample")->type_name("NAME");
-    command
-        .add_option("--curves", options.curves, "Samples whose spectra are drawn; the first six by default")
-        ->allow_extra_args(false)
-        ->type_name("NAME");
-    CLI::Option* const standard =
-        command.add_option("--standard", options.standard, "Differences to this sample")->type_name("NAME");
-    command.add_option("--measure", options.measure, "cielab (default), cmc, cie94, mg, ...")
-        ->type_name("NAME");
-    command.add_option("--tolerance", options.tolerance, "The largest difference that passes")
-        ->needs(standard)
-        ->type_name("NUMBER");
-    command.add_option("--cmc", options.cmc, "Weights of CMC, 2:1 by default")->type_name("l:c");
-    command.add_option("--k", options.k94, "Weights of CIE94, 1:1:1 by default")->type_name("kL:kC:kH");
+void AddContentOptions(Command& command, Session& session, ReportOptions& options) {
+    session.AddConditions(command);
+    command.Add({.name = "--density", .help = "Density standard, ANSI T by default", .value = "NAME"},
+                options.density);
+    command.Add({.name = "--paper", .help = "Densities relative to this sample", .value = "NAME"},
+                options.paper);
+    command.Add({.name = "--curves",
+                 .help = "Samples whose spectra are drawn; the first six by default",
+                 .value = "NAME"},
+                options.curves);
+    command.Add({.name = "--standard", .help = "Differences to this sample", .value = "NAME"},
+                options.standard);
+    command.Add({.name = "--formula", .help = "cielab (default), cmc, cie94, mg, ...", .value = "NAME"},
+                options.formula);
+    command.Add({.name = "--tolerance",
+                 .help = "The maximum difference that passes",
+                 .value = "NUMBER",
+                 .needs = "--standard"},
+                options.tolerance);
+    session.AddWeights(command);
 }
 
 }  // namespace
 
-void AddChartReport(CLI::App& program, Session& session) {
-    auto const options = std::make_shared<ChartReportOptions>();
-    CLI::App* const command =
-        program.add_subcommand("report", "The samples as a printed report, a PDF file for an archive");
-    session.AddInputOptions(*command);
-    command->add_option("--out", options->out, "The PDF file to write")->required()->type_name("FILE.pdf");
-    command->add_flag("--force", options->isForced, "Replace the file if it is there");
-    AddContentOptions(*command, *options);
-    command->add_option("--language", options->language, "en (default) or de")
-        ->check(CLI::IsMember({"en", "de"}))
-        ->type_name("LANGUAGE");
-    command->add_option("--user", options->user, "Whose report it is")->type_name("NAME");
-    command->add_flag("--landscape", options->isLandscape, "Pages on their long side");
-    session.AddQuietOption(*command);
-    command->footer(
-        "Example:\n  kvcolor report chart.csv --out chart.pdf --standard white --tolerance 2.5 --language de");
-    command->callback([&session, options] { RunChartReport(session, *options); });
+void AddReport(CommandLine& program, Session& session) {
+    auto const options = std::make_shared<ReportOptions>();
+    Command command = program.Add("report", "Print the samples as a report, an archivable PDF file");
+    session.AddInputOptions(command);
+    command.Add({.name = "--out", .help = "The PDF file to write", .value = "FILE.pdf", .isRequired = true},
+                options->out);
+    session.AddForce(command, "Overwrite the file if it exists");
+    AddContentOptions(command, session, *options);
+    command.Add(
+        {.name = "--language", .help = "en (default) or de", .value = "LANGUAGE", .choices = {"en", "de"}},
+        options->language);
+    command.Add({.name = "--user", .help = "User name printed on the report", .value = "NAME"},
+                options->user);
+    command.Add({.name = "--landscape", .help = "Landscape pages"}, options->isLandscape);
+    session.AddQuiet(command);
+    command.Finish(
+        "Example:\n  kvcolor report chart.csv --out chart.pdf --standard white --tolerance 2.5 --language de",
+        [&session, options] { RunReport(session, *options); });
 }
 
 }  // namespace kvcolor

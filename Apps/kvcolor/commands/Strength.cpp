@@ -1,13 +1,11 @@
-#include "Apps/kvcolor/Conditions.h"
-#include "Apps/kvcolor/InputError.h"
+#include "Apps/evaluation/Conditions.h"
+#include "Apps/evaluation/InputError.h"
+#include "Apps/files/Text.h"
 #include "Apps/kvcolor/SampleNames.h"
 #include "Apps/kvcolor/Session.h"
 #include "Apps/kvcolor/commands/Commands.h"
 #include "Apps/kvcolor/output/Progress.h"
-#include "Apps/kvcolor/output/Text.h"
 #include "KVUtils/KVUtils.h"
-
-#include <CLI/CLI.hpp>
 
 #include <array>
 #include <memory>
@@ -16,12 +14,14 @@ namespace kvcolor {
 
 namespace {
 
+using evaluation::InputError;
+using files::Quoted;
+
 struct StrengthOptions {
     std::string paper;
     std::string solid;
     std::string model = "power";
     std::string method = "maximum";
-    std::string observer = "2";
 };
 
 struct Model {
@@ -35,7 +35,7 @@ constexpr std::array<Model, 3> Models = {{
     {"plain", kv::KSFarbartType::KubelkaMunk},
 }};
 
-/// A model's calculator for one solid.
+/// The calculator of a model for one solid.
 struct Judge {
     char const* model;
     kv::FarbstaerkeRechner calculator;
@@ -50,15 +50,15 @@ std::vector<Judge> JudgesOf(StrengthOptions const& options, kv::Spectrum const& 
         if (options.model != "all" && options.model != model.name) continue;
         kv::KSSpectrum const reference(solid, paper, model.kind);
         if (!(reference.KS(method) > 0.0001F)) {
-            throw Unusable("solid \"" + options.solid + "\" absorbs no more than paper \"" + options.paper +
-                           "\": it is no measure of strength");
+            throw InputError("solid " + Quoted(options.solid) + " absorbs no more than paper " +
+                             Quoted(options.paper) + " (choose a darker solid)");
         }
         judges.push_back({model.name, kv::FarbstaerkeRechner(reference, method)});
     }
     return judges;
 }
 
-/// The wavelength belongs to the maximum; a mean has none.
+/// Only the maximum has a wavelength.
 std::vector<Column> Columns(std::vector<Judge> const& judges, bool hasWavelength) {
     std::vector<Column> columns = {Session::NameColumn()};
     for (Judge const& judge : judges) {
@@ -70,11 +70,11 @@ std::vector<Column> Columns(std::vector<Judge> const& judges, bool hasWavelength
 }
 
 void RunStrength(Session& session, StrengthOptions const& options) {
-    kv::ObserverClass const observer = ParseObserver(options.observer);
+    kv::ObserverClass const observer = session.Observer();
     bool const byMean = options.method == "mean";
-    AskedConditions asked;
-    if (byMean) asked.observer = observer;
-    auto const file = session.Load(asked);
+    evaluation::RequestedConditions requested;
+    if (byMean) requested.observer = observer;
+    auto const file = session.Load(requested);
     auto const chosen = session.Chosen(file);
     auto const find = [&](std::string const& name) -> files::Sample const& {
         return file.samples[FindSample(file, name, session.GetMessages())];
@@ -82,8 +82,8 @@ void RunStrength(Session& session, StrengthOptions const& options) {
     files::Sample const& paper = find(options.paper);
     files::Sample const& solid = find(options.solid);
 
-    // The weighted mean takes its weights from the observer in force.
-    PutInForce(kv::IllumClass(kv::IllumType::D50), observer, kv::DStdClass(kv::DStdType::AnsiT));
+    // The weighted mean uses the observer in force.
+    evaluation::ApplyConditions(kv::IllumClass(kv::IllumType::D50), observer);
     std::vector<Judge> const judges = JudgesOf(options, paper.spectrum, solid.spectrum);
 
     Table table{"samples", Columns(judges, !byMean), {}};
@@ -101,34 +101,35 @@ void RunStrength(Session& session, StrengthOptions const& options) {
     conditions.push_back({"paper", paper.name});
     conditions.push_back({"solid", solid.name});
     conditions.push_back({"method", options.method});
-    if (byMean) conditions.push_back({"observer", NameOf(observer)});
+    if (byMean) conditions.push_back({"observer", evaluation::NameOf(observer)});
     session.Deliver({"strength", conditions, {table}});
 }
 
 }  // namespace
 
-void AddStrength(CLI::App& program, Session& session) {
+void AddStrength(CommandLine& program, Session& session) {
     auto const options = std::make_shared<StrengthOptions>();
-    CLI::App* const command =
-        program.add_subcommand("strength", "Colour strength of each sample relative to a solid");
-    session.AddFileOptions(*command);
-    command->add_option("--paper", options->paper, "The unprinted paper")->required()->type_name("NAME");
-    command->add_option("--solid", options->solid, "The reference, of strength 1")
-        ->required()
-        ->type_name("NAME");
-    command
-        ->add_option("--model", options->model,
-                     "Ink model: power (default), corrected or plain Kubelka-Munk, all")
-        ->check(CLI::IsMember({"power", "corrected", "plain", "all"}))
-        ->type_name("NAME");
-    command
-        ->add_option("--method", options->method, "By the solid's maximum (default) or by the weighted mean")
-        ->check(CLI::IsMember({"maximum", "mean"}))
-        ->type_name("NAME");
-    command->add_option("--observer", options->observer, "Weights of the mean: 2 (default) or 10 degrees")
-        ->type_name("ANGLE");
-    command->footer("Example:\n  kvcolor strength ink.txt --paper 0 --solid 100 --model all");
-    command->callback([&session, options] { RunStrength(session, *options); });
+    Command command =
+        program.Add("strength", "Compute the colour strength of each sample relative to a solid");
+    session.AddFileOptions(command);
+    command.Add({.name = "--paper", .help = "The unprinted paper", .value = "NAME", .isRequired = true},
+                options->paper);
+    command.Add(
+        {.name = "--solid", .help = "The reference, of strength 1", .value = "NAME", .isRequired = true},
+        options->solid);
+    command.Add({.name = "--model",
+                 .help = "Ink model: power (default), corrected or plain Kubelka-Munk, all",
+                 .value = "NAME",
+                 .choices = {"power", "corrected", "plain", "all"}},
+                options->model);
+    command.Add({.name = "--method",
+                 .help = "At the maximum of the solid (default) or by the weighted mean",
+                 .value = "NAME",
+                 .choices = {"maximum", "mean"}},
+                options->method);
+    session.AddObserver(command, "Weights of the mean: 2 (default) or 10 degrees");
+    command.Finish("Example:\n  kvcolor strength ink.txt --paper 0 --solid 100 --model all",
+                   [&session, options] { RunStrength(session, *options); });
 }
 
 }  // namespace kvcolor

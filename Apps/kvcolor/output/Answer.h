@@ -1,4 +1,4 @@
-// Report: what a command answers, as data. The writers turn it into text and know nothing of colour.
+// Answer: the result of a command as data, which the writers turn into text.
 #pragma once
 
 #include "Apps/kvcolor/output/Swatch.h"
@@ -13,13 +13,13 @@ namespace kvcolor {
 
 enum class ColumnKind : int { Text, Number };
 
-/// A column of a table: its name in files, its head and its unit for people.
+/// A column of a table: its name in files, its title and its unit.
 struct Column {
     std::string key;
     std::string header;
     std::string unit;
     ColumnKind kind = ColumnKind::Number;
-    /// Of the table for people; files get all digits. A number without decimals is a whole number.
+    /// The decimals shown by the table format; the others write all digits. With 0 the numbers are whole.
     int decimals = 2;
 };
 
@@ -31,7 +31,7 @@ struct Column {
     return {std::move(key), std::move(header), std::move(unit), ColumnKind::Number, decimals};
 }
 
-/// A cell: nothing, a text or a number. A number that is not finite counts as nothing in files.
+/// A cell: nothing, a text or a number. Files leave out a number that is not finite.
 using Cell = std::variant<std::monostate, std::string, float>;
 
 struct Row {
@@ -42,21 +42,21 @@ struct Row {
 struct Table {
     /// Its name in files: "samples", "summary".
     std::string key;
-    /// The first is the name of what a row is about.
+    /// The first is the name of the row.
     std::vector<Column> columns;
     std::vector<Row> rows;
 };
 
-/// What the result holds under: "illuminant" and "D50".
+/// A condition of the result: "illuminant" and "D50".
 struct Condition {
     std::string key;
     std::string value;
 };
 
-struct Report {
+struct Answer {
     std::string command;
     std::vector<Condition> conditions;
-    /// At least one; the first is the one that has room in a CSV file.
+    /// At least one; CSV contains the first.
     std::vector<Table> tables;
 };
 

@@ -1,4 +1,4 @@
-#include "Apps/kvcolor/output/Numbers.h"
+#include "Apps/files/Numbers.h"
 #include "Apps/kvcolor/output/Writers.h"
 
 #include <cmath>
@@ -7,7 +7,7 @@ namespace kvcolor {
 
 namespace {
 
-std::string Quoted(std::string const& text) {
+std::string CsvQuoted(std::string const& text) {
     if (text.find_first_of(",\"\r\n") == std::string::npos) return text;
     std::string quoted = "\"";
     for (char const c : text) quoted.append(c == '"' ? 2 : 1, c);
@@ -15,24 +15,24 @@ std::string Quoted(std::string const& text) {
 }
 
 std::string CsvText(Cell const& cell) {
-    if (auto const* text = std::get_if<std::string>(&cell)) return Quoted(*text);
+    if (auto const* text = std::get_if<std::string>(&cell)) return CsvQuoted(*text);
     auto const* number = std::get_if<float>(&cell);
-    return number != nullptr && std::isfinite(*number) ? Shortest(*number) : std::string();
+    return number != nullptr && std::isfinite(*number) ? files::ToText(*number) : std::string();
 }
 
-/// Puts the end of a line in place of its last comma.
+/// Replaces the last comma of a line by its end.
 void EndLine(std::string& text) { text.replace(text.size() - 1, 1, "\r\n"); }
 
 }  // namespace
 
-std::string WriteCsv(Report const& report) {
-    Table const& table = report.tables.front();
+std::string WriteCsv(Answer const& answer) {
+    Table const& table = answer.tables.front();
     std::string text;
-    for (Column const& column : table.columns) text.append(Quoted(column.key)).append(",");
+    for (Column const& column : table.columns) text.append(CsvQuoted(column.key)).append(",");
     std::string conditions;
-    for (Condition const& condition : report.conditions) {
-        text.append(Quoted(condition.key)).append(",");
-        conditions.append(Quoted(condition.value)).append(",");
+    for (Condition const& condition : answer.conditions) {
+        text.append(CsvQuoted(condition.key)).append(",");
+        conditions.append(CsvQuoted(condition.value)).append(",");
     }
     EndLine(text);
 

@@ -1,4 +1,4 @@
-#include "Apps/kvcolor/output/Numbers.h"
+#include "Apps/files/Numbers.h"
 #include "Apps/kvcolor/output/Writers.h"
 
 #include <nlohmann/json.hpp>
@@ -16,8 +16,8 @@ Json ToJson(Column const& column, Cell const& cell) {
     auto const* number = std::get_if<float>(&cell);
     if (number == nullptr || !std::isfinite(*number)) return nullptr;
     if (column.decimals == 0) return std::lround(*number);
-    // By way of the shortest text: 0.1F shall not come out as 0.10000000149.
-    return Json::parse(Shortest(*number)).get<double>();
+    // The double with the shortest text: 0.1F is written as 0.1, not 0.10000000149.
+    return files::ToNumber(files::ToText(*number)).value();
 }
 
 Json ToJson(Table const& table) {
@@ -34,12 +34,12 @@ Json ToJson(Table const& table) {
 
 }  // namespace
 
-std::string WriteJson(Report const& report) {
+std::string WriteJson(Answer const& answer) {
     Json root;
-    root["command"] = report.command;
+    root["command"] = answer.command;
     root["conditions"] = Json::object();
-    for (Condition const& condition : report.conditions) root["conditions"][condition.key] = condition.value;
-    for (Table const& table : report.tables) root[table.key] = ToJson(table);
+    for (Condition const& condition : answer.conditions) root["conditions"][condition.key] = condition.value;
+    for (Table const& table : answer.tables) root[table.key] = ToJson(table);
     return root.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 

@@ -5,14 +5,20 @@
 namespace kvcolor {
 
 void Messages::Note(std::string_view text) {
-    if (hasNotes_) Say("note: ", text);
+    if (!isQuiet_) Write("note: ", text);
 }
 
-void Messages::Warn(std::string_view text) { Say("warning: ", text); }
+void Messages::Warn(std::string_view text) { Write("warning: ", text); }
 
-void Messages::Error(std::string_view text) { Say("", text); }
+void Messages::Error(std::string_view text) { Write("", text); }
 
-void Messages::Say(std::string_view kind, std::string_view text) {
+void Messages::Write(evaluation::Remarks const& remarks) {
+    for (evaluation::Remark const& remark : remarks) {
+        remark.kind == evaluation::Remark::Kind::Note ? Note(remark.text) : Warn(remark.text);
+    }
+}
+
+void Messages::Write(std::string_view kind, std::string_view text) {
     err_ << "kvcolor: " << kind << Printable(text) << '\n';
 }
 

@@ -1,5 +1,7 @@
-// Messages: all that the program says beside its result, each in one line on standard error.
+// Messages: notes, warnings and errors, one line each on standard error.
 #pragma once
+
+#include "Apps/evaluation/Remark.h"
 
 #include <ostream>
 #include <string_view>
@@ -10,21 +12,22 @@ class Messages {
   public:
     explicit Messages(std::ostream& err) noexcept : err_(err) {}
 
-    /// Leaves out notes from here on; warnings and errors stay.
-    void DropNotes() noexcept { hasNotes_ = false; }
+    /// Whether notes are suppressed; warnings and errors are not.
+    [[nodiscard]] bool& IsQuiet() noexcept { return isQuiet_; }
 
-    /// "kvcolor: note: ...": a choice that was made.
+    /// "kvcolor: note: ...": how the result was obtained.
     void Note(std::string_view text);
-    /// "kvcolor: warning: ...": what may make the result mean something else than expected.
+    /// "kvcolor: warning: ...": why the result may differ from what is expected.
     void Warn(std::string_view text);
     /// "kvcolor: ...": why there is no result.
     void Error(std::string_view text);
+    void Write(evaluation::Remarks const& remarks);
 
   private:
-    void Say(std::string_view kind, std::string_view text);
+    void Write(std::string_view kind, std::string_view text);
 
     std::ostream& err_;
-    bool hasNotes_ = true;
+    bool isQuiet_ = false;
 };
 
 }  // namespace kvcolor

@@ -8,7 +8,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto Patience = 1s;
+constexpr auto Delay = 1s;
 constexpr auto Interval = 100ms;
 
 }  // namespace
@@ -17,7 +17,7 @@ Progress::Progress(Environment const& environment, std::string what, std::size_t
     : environment_(environment),
       what_(std::move(what)),
       steps_(steps),
-      nextDraw_(environment.now() + Patience) {}
+      nextDraw_(environment.now() + Delay) {}
 
 Progress::~Progress() {
     if (isDrawn_) environment_.err << "\r\x1B[K" << std::flush;

@@ -1,4 +1,4 @@
-// Progress: tells a waiting person how far a longer piece of work is.
+// Progress: shows how far a long operation is.
 #pragma once
 
 #include "Apps/kvcolor/Environment.h"
@@ -8,8 +8,8 @@
 
 namespace kvcolor {
 
-/// Draws one line on standard error if that is a terminal and the work takes more than a second, and takes
-/// the line away at the end.
+/// Draws one line on standard error if that is a terminal and the operation takes more than a second; erases
+/// it at the end.
 class Progress {
   public:
     Progress(Environment const& environment, std::string what, std::size_t steps);
@@ -17,7 +17,7 @@ class Progress {
     Progress(Progress const&) = delete;
     Progress& operator=(Progress const&) = delete;
 
-    /// One step is done.
+    /// Counts one step as done.
     void Step();
 
   private:

@@ -1,6 +1,6 @@
 #include "Apps/kvcolor/output/Swatch.h"
 
-#include "Apps/kvcolor/output/Text.h"
+#include "Apps/files/Text.h"
 #include "KVUtils/Source/colorimetry/CMetry.h"
 #include "KVUtils/Source/colorimetry/XYZVector.h"
 
@@ -11,14 +11,15 @@ namespace kvcolor {
 
 namespace {
 
-/// Linear light [0, 1] to 0 to 255.
+/// Encodes linear light [0, 1] as 0 to 255.
 std::uint8_t Encode(double linear) noexcept {
     double const v = std::clamp(linear, 0.0, 1.0);
     double const encoded = v <= 0.0031308 ? 12.92 * v : 1.055 * std::pow(v, 1 / 2.4) - 0.055;
     return static_cast<std::uint8_t>(std::lround(255 * encoded));
 }
 
-/// The entry of the 256-colour palette that is nearest: its cube of 6 x 6 x 6 colours or its ramp of greys.
+/// Returns the nearest entry of the 256-colour palette: of its cube of 6 x 6 x 6 colours or its ramp of
+/// greys.
 int PaletteIndex(Rgb const& colour) noexcept {
     constexpr std::array<int, 6> levels = {0, 95, 135, 175, 215, 255};
     auto const square = [](int x) { return x * x; };
@@ -52,9 +53,9 @@ Rgb ToRgb(kv::Spectrum const& spectrum) noexcept {
 
 ColourDepth DepthOf(Environment const& environment) {
     if (!environment.outIsTerminal || !environment.variable("NO_COLOR").empty()) return ColourDepth::None;
-    std::string const term = Lower(environment.variable("TERM"));
+    std::string const term = files::Lower(environment.variable("TERM"));
     if (term == "dumb") return ColourDepth::None;
-    std::string const colours = Lower(environment.variable("COLORTERM"));
+    std::string const colours = files::Lower(environment.variable("COLORTERM"));
     if (colours == "truecolor" || colours == "24bit") return ColourDepth::TrueColour;
     return term.find("256color") != std::string::npos ? ColourDepth::Palette256 : ColourDepth::None;
 }

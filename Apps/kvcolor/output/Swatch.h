@@ -1,4 +1,4 @@
-// Swatch: a sample's colour on the screen, and how a terminal is told to show it.
+// Swatch: the colour of a sample on the screen, and its escape sequence for a terminal.
 #pragma once
 
 #include "Apps/kvcolor/Environment.h"
@@ -14,16 +14,16 @@ namespace kvcolor {
 /// sRGB (IEC 61966-2-1), 0 to 255 each.
 using Rgb = std::array<std::uint8_t, 3>;
 
-/// The colour of a spectrum under D65 with the 2 degree observer. What the screen cannot show is clipped.
+/// Returns the colour of a spectrum under D65 with the 2 degree observer, clipped to sRGB.
 [[nodiscard]] Rgb ToRgb(kv::Spectrum const& spectrum) noexcept;
 
 enum class ColourDepth : int { None, Palette256, TrueColour };
 
-/// What the terminal of standard output can show. None for anything but a terminal, for TERM=dumb, and where
-/// NO_COLOR is set and not empty.
+/// Returns what standard output can show: None if it is not a terminal, TERM is dumb, or NO_COLOR is set and
+/// not empty.
 [[nodiscard]] ColourDepth DepthOf(Environment const& environment);
 
-/// Two blanks on this background. The depth is not None.
+/// Returns two blanks on this background. The depth is not None.
 [[nodiscard]] std::string SwatchText(Rgb const& colour, ColourDepth depth);
 
 }  // namespace kvcolor

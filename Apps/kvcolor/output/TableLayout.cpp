@@ -1,7 +1,7 @@
 #include "Apps/kvcolor/output/TableLayout.h"
 
-#include "Apps/kvcolor/output/Numbers.h"
 #include "Apps/kvcolor/output/Text.h"
+#include "KVUtils/Source/data/GString.h"
 
 #include <algorithm>
 #include <numeric>
@@ -10,8 +10,8 @@ namespace kvcolor {
 
 namespace {
 
-/// Room for a name that still tells samples apart.
-constexpr std::size_t LeastTextWidth = 8;
+/// Enough of a name to distinguish samples.
+constexpr std::size_t MinTextWidth = 8;
 
 std::vector<std::size_t> NaturalWidths(Table const& table) {
     std::vector<std::size_t> widths;
@@ -24,19 +24,22 @@ std::vector<std::size_t> NaturalWidths(Table const& table) {
     return widths;
 }
 
-/// With one blank between columns.
-std::size_t LeastWidth(std::vector<std::size_t> const& widths) noexcept {
+/// Returns the width with one blank between columns.
+std::size_t TotalWidth(std::vector<std::size_t> const& widths) noexcept {
     return std::accumulate(widths.begin(), widths.end(), widths.empty() ? 0 : widths.size() - 1);
 }
 
-/// Takes from the widest text columns until the table fits or no text can give more.
+/// Narrows the widest text columns until the table fits or all have their minimum width.
 void ShrinkTexts(Table const& table, std::vector<std::size_t>& widths, std::size_t limit) {
-    while (LeastWidth(widths) > limit) {
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+        if (table.columns[i].kind == ColumnKind::Text) widths[i] = std::min(widths[i], limit);
+    }
+    while (TotalWidth(widths) > limit) {
         std::size_t* widest = nullptr;
         for (std::size_t i = 0; i < widths.size(); ++i) {
-            bool const canGive = table.columns[i].kind == ColumnKind::Text &&
-                                 widths[i] > std::max(LeastTextWidth, Width(HeadText(table.columns[i])));
-            if (canGive && (widest == nullptr || widths[i] > *widest)) widest = &widths[i];
+            bool const canShrink = table.columns[i].kind == ColumnKind::Text &&
+                                   widths[i] > std::max(MinTextWidth, Width(HeadText(table.columns[i])));
+            if (canShrink && (widest == nullptr || widths[i] > *widest)) widest = &widths[i];
         }
         if (widest == nullptr) return;
         --*widest;
@@ -47,7 +50,7 @@ std::vector<ColumnBlock> Fold(std::vector<std::size_t> const& widths, std::size_
     std::vector<ColumnBlock> blocks(1, {{0}, {widths[0]}});
     for (std::size_t i = 1; i < widths.size(); ++i) {
         bool const isFirstHere = blocks.back().columns.size() == 1;
-        if (!isFirstHere && LeastWidth(blocks.back().widths) + 1 + widths[i] > limit) {
+        if (!isFirstHere && TotalWidth(blocks.back().widths) + 1 + widths[i] > limit) {
             blocks.push_back({{0}, {widths[0]}});
         }
         blocks.back().columns.push_back(i);
@@ -60,6 +63,13 @@ std::vector<ColumnBlock> Fold(std::vector<std::size_t> const& widths, std::size_
 
 std::string HeadText(Column const& column) {
     return column.unit.empty() ? column.header : column.header + ' ' + column.unit;
+}
+
+std::string Fixed(float value, int decimals) {
+    std::string text(kv::fString(value, decimals).View());
+    // In a column of differences "-0.00" looks like a mistake.
+    if (text.find_first_not_of("-0.") == std::string::npos && text.starts_with('-')) text.erase(0, 1);
+    return text;
 }
 
 std::string CellText(Column const& column, Cell const& cell) {
@@ -75,7 +85,7 @@ std::vector<ColumnBlock> LayOut(Table const& table, std::size_t limit) {
 }
 
 std::size_t GapOf(ColumnBlock const& block, std::size_t limit) noexcept {
-    return LeastWidth(block.widths) + block.widths.size() - 1 <= limit ? 2 : 1;
+    return TotalWidth(block.widths) + block.widths.size() - 1 <= limit ? 2 : 1;
 }
 
 }  // namespace kvcolor

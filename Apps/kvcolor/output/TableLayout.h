@@ -1,4 +1,4 @@
-// TableLayout: which columns of a table stand side by side and how wide, decided before anything is written.
+// TableLayout: computes which columns of a table are side by side and how wide they are.
 #pragma once
 
 #include "Apps/kvcolor/output/Answer.h"
@@ -9,7 +9,7 @@
 
 namespace kvcolor {
 
-/// A table for people is never wider.
+/// The maximum width of a table.
 inline constexpr std::size_t MaxLineWidth = 100;
 
 /// Columns side by side, by their index, with their widths.
@@ -18,16 +18,18 @@ struct ColumnBlock {
     std::vector<std::size_t> widths;
 };
 
-/// The head and the unit of a column.
+/// Returns the title and the unit of a column.
 [[nodiscard]] std::string HeadText(Column const& column);
-/// A cell as it stands in the table, not yet cut: "-" for nothing.
+/// Formats a number with these decimals, rounded half away from zero; a rounded 0 has no sign.
+[[nodiscard]] std::string Fixed(float value, int decimals);
+/// Returns the text of a cell before it is cut: "-" for nothing.
 [[nodiscard]] std::string CellText(Column const& column, Cell const& cell);
 
-/// Blocks of at most `limit` in width, two blanks between columns, or one where two would not fit. Texts are
-/// cut before a table is folded; each block of a folded table begins with the first column.
+/// Arranges the columns in blocks of at most `limit` in width, with two blanks between columns, or one if two
+/// do not fit. Cuts texts before it folds a table; each block of a folded table begins with the first column.
 [[nodiscard]] std::vector<ColumnBlock> LayOut(Table const& table, std::size_t limit);
 
-/// How many blanks a block has between its columns.
+/// Returns the number of blanks between the columns of a block.
 [[nodiscard]] std::size_t GapOf(ColumnBlock const& block, std::size_t limit) noexcept;
 
 }  // namespace kvcolor

@@ -7,20 +7,20 @@ namespace kvcolor {
 namespace {
 
 constexpr std::size_t SwatchWidth = 3;
-/// A path has no blanks to break a line at.
+/// Cuts paths, which have no blanks to break a line at.
 constexpr std::size_t MaxConditionWidth = 75;
 
-std::string HeadLine(Report const& report) {
-    std::string line = report.command + ':';
+std::string HeadLine(Answer const& answer) {
+    std::string line = answer.command + ':';
     char const* separator = " ";
-    for (Condition const& condition : report.conditions) {
+    for (Condition const& condition : answer.conditions) {
         line += separator + condition.key + ' ' + Cut(Printable(condition.value), MaxConditionWidth);
         separator = ", ";
     }
     return Wrap(line, MaxLineWidth) + '\n';
 }
 
-/// Texts stand left and numbers right.
+/// Aligns texts left and numbers right.
 void Append(std::string& line, std::string const& text, std::size_t width, ColumnKind kind) {
     std::string const shown = Cut(text, width);
     std::string const padding(width - Width(shown), ' ');
@@ -32,7 +32,7 @@ void FinishLine(std::string& text, std::string line) {
     text += line + '\n';
 }
 
-/// One line of a block: `textOf` gives the text of a column by its index.
+/// Returns a line of a block; `textOf` returns the text of a column by its index.
 template <class TextOf>
 std::string Line(Table const& table, ColumnBlock const& block, std::size_t gap, TextOf const& textOf) {
     std::string line;
@@ -70,9 +70,9 @@ void AppendTable(std::string& text, Table const& table, ColourDepth depth) {
 
 }  // namespace
 
-std::string WriteTable(Report const& report, ColourDepth depth) {
-    std::string text = HeadLine(report);
-    for (Table const& table : report.tables) AppendTable(text, table, depth);
+std::string WriteTable(Answer const& answer, ColourDepth depth) {
+    std::string text = HeadLine(answer);
+    for (Table const& table : answer.tables) AppendTable(text, table, depth);
     return text;
 }
 

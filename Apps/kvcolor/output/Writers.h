@@ -1,5 +1,5 @@
-// Writers: the three forms of a report. A form for people rounds; the two for programs give every digit that
-// the value holds, always with ".".
+// Writers: the three formats of an answer. The table rounds; CSV and JSON contain all digits, always with
+// ".".
 #pragma once
 
 #include "Apps/kvcolor/output/Answer.h"
@@ -9,14 +9,15 @@
 
 namespace kvcolor {
 
-/// Aligned columns of at most 100 code points a line, under a line with the command and its conditions.
-[[nodiscard]] std::string WriteTable(Report const& report, ColourDepth depth);
+/// Writes a line with the command and its conditions, then aligned columns in lines of at most 100 code
+/// points.
+[[nodiscard]] std::string WriteTable(Answer const& answer, ColourDepth depth);
 
-/// The first table as CSV (RFC 4180), with a column for each condition behind those of the table. What has no
-/// value is empty.
-[[nodiscard]] std::string WriteCsv(Report const& report);
+/// Writes the first table as CSV (RFC 4180), followed by a column for each condition. A missing value is
+/// empty.
+[[nodiscard]] std::string WriteCsv(Answer const& answer);
 
-/// All tables as one JSON object (RFC 8259). What has no value is null.
-[[nodiscard]] std::string WriteJson(Report const& report);
+/// Writes all tables as one JSON object (RFC 8259). A missing value is null.
+[[nodiscard]] std::string WriteJson(Answer const& answer);
 
 }  // namespace kvcolor

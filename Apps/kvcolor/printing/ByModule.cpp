@@ -1,4 +1,4 @@
-// Qt takes longer to load than most commands to run, so it comes in a library of its own when it is needed.
+// Qt takes longer to load than most commands take to run, so a library of its own loads it when it is needed.
 #include "Apps/kvcolor/printing/Printing.h"
 #include "Platform/CommandLine.h"
 #include "Platform/Library.h"
@@ -11,7 +11,7 @@ namespace kvcolor {
 
 namespace {
 
-/// The library beside the program.
+/// Returns the path of the library, next to the program.
 std::string ModulePath() {
     std::filesystem::path const folder = platform::PathOf(platform::RunningProgram()).parent_path();
     return platform::Utf8Of(folder / "kvcolor-printing") + platform::LibrarySuffix();

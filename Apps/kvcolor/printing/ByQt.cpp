@@ -5,7 +5,7 @@ namespace kvcolor {
 
 namespace {
 
-/// What Qt is told of the program's start. Pages need no screen, so it looks for none.
+/// The arguments that Qt is started with. Pages need no screen.
 struct Printing {
     char program[8] = "kvcolor";
     char option[10] = "-platform";

@@ -1,14 +1,14 @@
-// Printing: what prints, where the build has it.
+// Printing: the printing backend, if the build has one.
 #pragma once
 
 #include <memory>
 
 namespace kvcolor {
 
-/// Brings it up, for as long as the answer lives; null in a build without printing.
+/// Starts the backend, which lives as long as the result; null in a build without printing.
 [[nodiscard]] std::shared_ptr<void> BeginPrinting();
 
-/// What the library with the printing exports.
+/// The function that the printing library exports.
 using BeginPrintingFunction = void(std::shared_ptr<void>& printing);
 inline constexpr char BeginPrintingName[] = "KvcolorBeginPrinting";
 

@@ -1,4 +1,5 @@
 #include "Apps/Tests/kvcolor/Program.h"
+#include "KVUtils/Version.h"
 
 #include <cstdio>
 
@@ -6,24 +7,24 @@ namespace kvcolor::test {
 
 namespace {
 
-/// A path below the test's own folder where nothing is.
+/// Returns the path of a file that does not exist.
 std::string FreshPath(std::string const& name) {
     std::string path = testing::TempDir() + name;
     static_cast<void>(std::remove(path.c_str()));
     return path;
 }
 
-/// The report without its first condition, the name of the file.
+/// Returns the answer without the name of the file.
 nlohmann::json NumbersOf(Arguments const& arguments) {
-    nlohmann::json report = RunJson(arguments);
-    EXPECT_FALSE(report.is_discarded());
-    report["conditions"].erase("file");
-    return report;
+    nlohmann::json answer = RunJson(arguments);
+    EXPECT_FALSE(answer.is_discarded());
+    answer["conditions"].erase("file");
+    return answer;
 }
 
 }  // namespace
 
-TEST(ExportTest, EveryCommandReadsWhatItWritesAndPrintsTheSame) {
+TEST(ExportTest, EveryCommandReadsItAndGivesTheSameAnswer) {
     struct Case {
         std::string file;
         Arguments command;
@@ -34,7 +35,7 @@ TEST(ExportTest, EveryCommandReadsWhatItWritesAndPrintsTheSame) {
         {ChartA, {"convert"}, {"--only", "*blue*"}},
         {InkSeries, {"density"}, {"--paper", "0", "--solid", "100"}},
         {ChartA, {"difference"}, {"--standard", ChartB}},
-        {InkSeries, {"difference"}, {"--standard", "0", "--measure", "cielab,cmc"}},
+        {InkSeries, {"difference"}, {"--standard", "0", "--formula", "cielab,cmc"}},
         {InkSeries, {"metamerism"}, {"--standard", "0"}},
         {InkSeries, {"strength"}, {"--paper", "0", "--solid", "100", "--model", "all"}},
     };
@@ -53,7 +54,7 @@ TEST(ExportTest, EveryCommandReadsWhatItWritesAndPrintsTheSame) {
     }
 }
 
-TEST(ExportTest, WritesTheChosenSamplesAndSaysHowMany) {
+TEST(ExportTest, WritesTheChosenSamplesAndTheirCount) {
     std::string const out = FreshPath("chosen.dat");
     Outcome const outcome = RunProgram({"export", InkSeries, out, "--only", "0,100"});
     EXPECT_EQ(outcome.status, 0);
@@ -67,38 +68,37 @@ TEST(ExportTest, WritesTheChosenSamplesAndSaysHowMany) {
     std::string first;
     std::string second;
     std::getline(std::getline(file, first), second);
-    EXPECT_EQ(first + '\n' + second, "[File]\nApplication=kvcolor " + std::string(Version));
+    EXPECT_EQ(first + '\n' + second, "[File]\nApplication=kvcolor " + std::string(kv::Version));
     EXPECT_EQ(LinesOf(RunProgram({"convert", out}).err).front(),
               "kvcolor: note: " + out + ": the suite's data file, version 2");
 }
 
-TEST(ExportTest, ReplacesAFileOnlyWhenTold) {
+TEST(ExportTest, OverwritesAFileOnlyIfForced) {
     std::string const out = WriteFile("there.dat", {{"old", "0.5"}});
     EXPECT_EQ(FailureOf({"export", InkSeries, out}),
-              "kvcolor: " + out + " is there already: --force replaces it\n");
+              "kvcolor: " + out + " already exists (use --force to overwrite)\n");
     EXPECT_EQ(RunJson({"convert", out})["samples"].size(), 1U);
     EXPECT_EQ(RunProgram({"export", InkSeries, out, "--force"}).status, 0);
     EXPECT_EQ(RunJson({"convert", out})["samples"].size(), 15U);
-    // Into the file that it comes from, too.
+    // Also into its own source.
     EXPECT_EQ(RunProgram({"export", out, out, "--force", "--only", "#1"}).status, 0);
     EXPECT_EQ(RunJson({"convert", out})["samples"].size(), 1U);
 }
 
-TEST(ExportTest, WarnsOfNamesThatDoNotSurvive) {
+TEST(ExportTest, WarnsOfNamesThatAreNotRepresentable) {
     std::string const path = WriteFile("names.txt", {{"2^A", "0.5"}, {"plain", "0.5"}});
     Outcome const outcome = RunProgram({"export", path, FreshPath("names.dat"), "--quiet"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(
-        outcome.err,
-        "kvcolor: warning: sample \"2^A\" will be read by another name: a data file keeps no \"^\" and no "
-        "character outside Windows-1252\n");
+    EXPECT_EQ(outcome.err,
+              "kvcolor: warning: sample \"2^A\" will have another name: a data file cannot contain \"^\" or "
+              "characters outside Windows-1252\n");
 }
 
 TEST(ExportTest, AnOutputThatCannotBeWrittenHasItsOwnStatus) {
     std::string const out = testing::TempDir() + "no-such-folder/out.dat";
     Outcome const outcome = RunProgram({"export", InkSeries, out, "--quiet"});
     EXPECT_EQ(outcome.status, OutputFailed);
-    EXPECT_TRUE(outcome.err.starts_with("kvcolor: " + out + ": cannot be written: ")) << outcome.err;
+    EXPECT_EQ(outcome.err, "kvcolor: " + out + ": cannot be written: no such directory\n");
 }
 
 }  // namespace kvcolor::test

@@ -1,4 +1,4 @@
-// kvcolor measure with the real measuring server.
+// Runs kvcolor measure with the real measuring server.
 #include "Apps/Tests/HQMSERV/Desktop.h"
 #include "Apps/Tests/kvcolor/Program.h"
 
@@ -10,7 +10,7 @@ using hqmserv::test::Desktop;
 
 nlohmann::json Samples(Arguments const& arguments) { return RunJson(arguments)["samples"]; }
 
-TEST(MeasureTest, BeginsWithNothingRunningAndLosesNoDigit) {
+TEST(MeasureTest, StartsTheServerAndPreservesEveryDigit) {
     Desktop const desktop;
     auto const measured = Samples({"measure", "--illuminant", "A"});
     EXPECT_EQ(measured.size(), 24U);
@@ -23,7 +23,7 @@ TEST(MeasureTest, BeginsWithNothingRunningAndLosesNoDigit) {
     EXPECT_EQ(Samples({"convert", out}), Samples({"convert", ChartA, "--only", "#1,#2,#3,#4,#5"}));
 }
 
-TEST(MeasureTest, SaysWhyThereIsNoMeasurement) {
+TEST(MeasureTest, ReportsWhyThereIsNoMeasurement) {
     std::string const stated = WriteFile("m1.txt", {{"one", "0.5"}}, "MEASUREMENT_MODE \"M1\"\n");
     struct Case {
         std::string chart;
@@ -32,9 +32,7 @@ TEST(MeasureTest, SaysWhyThereIsNoMeasurement) {
     };
     std::vector<Case> const cases = {
         {"", {}, "the instrument is not ready: nothing to measure"},
-        {"nowhere.csv",
-         {},
-         "the instrument is not ready: nowhere.csv: found no file of this name, expected a measurement file"},
+        {"nowhere.csv", {}, "the instrument is not ready: nowhere.csv: no such file"},
         {stated, {"--patches", "2"}, "the chart has 1 patches, asked for were 2"},
         {stated, {"--condition", "M2"}, "the instrument measures under other conditions"},
     };
@@ -46,7 +44,7 @@ TEST(MeasureTest, SaysWhyThereIsNoMeasurement) {
     }
 }
 
-/// A run at a terminal, which something happens to after its third patch.
+/// A run at a terminal that calls a function after its third patch.
 struct Disturbed {
     std::ostringstream out;
     std::ostringstream err;
@@ -56,7 +54,7 @@ struct Disturbed {
         auto const isInterrupted = [&] {
             return err.str().find("measuring: 3 of 24") != std::string::npos && afterThird();
         };
-        // Time runs, so that each step of the progress shows.
+        // Each call is later, so that every step is drawn.
         auto const later = [this] { return now += std::chrono::seconds(2); };
         return kvcolor::Run(
             arguments,
@@ -65,12 +63,12 @@ struct Disturbed {
     }
 };
 
-TEST(MeasureTest, KeepsWhatWasMeasuredWhenTheServerDies) {
+TEST(MeasureTest, KeepsThePatchesMeasuredBeforeTheServerIsKilled) {
     Desktop const desktop;
     hqmserv::test::ServerProgram server({ChartA, "--measuring-time", "20"});
     std::string const out = desktop.File("part.dat");
     Disturbed run;
-    int const status = run.Run({"measure", out, "--patience", "3"}, [&] {
+    int const status = run.Run({"measure", out, "--timeout", "3"}, [&] {
         server.Kill();
         return false;
     });
@@ -79,7 +77,7 @@ TEST(MeasureTest, KeepsWhatWasMeasuredWhenTheServerDies) {
     EXPECT_GE(Samples({"convert", out}).size(), 3U);
 }
 
-TEST(MeasureTest, TakesItsLeaveWhenInterrupted) {
+TEST(MeasureTest, DisconnectsWhenInterrupted) {
     Desktop const desktop;
     hqmserv::test::ServerProgram server({ChartA, "--measuring-time", "20"});
     Disturbed run;

@@ -9,7 +9,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// What four steps of this length draw.
+/// Returns what four steps of this length draw.
 std::string DrawnBy(std::chrono::milliseconds step, bool isTerminal) {
     std::ostringstream out;
     std::ostringstream err;

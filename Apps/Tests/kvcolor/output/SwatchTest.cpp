@@ -35,7 +35,7 @@ TEST(SwatchTest, ColoursOfTheChart) {
     auto const white = ToRgb(kv::Spectrum(1.0F, kv::PhysicalConditions()));
     for (int const channel : white) EXPECT_NEAR(channel, 255, 1);
     EXPECT_EQ(ToRgb(kv::Spectrum()), (Rgb{0, 0, 0}));
-    // The chart's maker publishes sRGB of its patches; another specimen's average lies within a few steps.
+    // The sRGB values published for the chart; the average of other specimens differs by a few steps.
     struct Patch {
         char const* name;
         std::array<int, 3> published;

@@ -1,5 +1,5 @@
 #include "Apps/Tests/kvcolor/Program.h"
-#include "Apps/kvcolor/output/Numbers.h"
+#include "Apps/files/Text.h"
 #include "Apps/kvcolor/output/TableLayout.h"
 #include "Apps/kvcolor/output/Text.h"
 #include "Apps/kvcolor/output/Writers.h"
@@ -12,21 +12,21 @@ namespace kvcolor::test {
 
 namespace {
 
-Report ReportOf(std::vector<Column> columns, std::vector<Row> rows) {
+Answer AnswerOf(std::vector<Column> columns, std::vector<Row> rows) {
     return {"test", {{"file", "f.txt"}}, {{"samples", std::move(columns), std::move(rows)}}};
 }
 
-/// The cells of a CSV line without quotes.
+/// Returns the cells of a CSV line without quotes.
 std::vector<std::string> CellsOf(std::string line) {
     if (line.ends_with('\r')) line.pop_back();
     std::vector<std::string> cells;
-    for (std::string_view const cell : Split(line, ',')) cells.emplace_back(cell);
+    for (std::string_view const cell : files::Split(line, ',')) cells.emplace_back(cell);
     return cells;
 }
 
 }  // namespace
 
-TEST(WritersTest, TheThreeFormsAgree) {
+TEST(WritersTest, TheThreeFormatsAgree) {
     for (Arguments const& command : std::vector<Arguments>{
              {"convert", InkSeries},
              {"density", InkSeries, "--paper", "0", "--solid", "100"},
@@ -95,7 +95,7 @@ TEST(WritersTest, TablesFitAHundredColumns) {
                 .out = out, .err = err, .outIsTerminal = isTerminal, .variable = variable};
             ASSERT_EQ(kvcolor::Run(command, environment), 0) << err.str();
             for (std::string line : LinesOf(out.str())) {
-                // A swatch is two columns wide, whatever its escape sequences.
+                // A swatch is two columns wide; its escape sequences are not.
                 if (line.starts_with("\x1B[48")) line = "  " + line.substr(line.find("\x1B[0m") + 4);
                 EXPECT_LE(Width(line), MaxLineWidth) << line;
                 EXPECT_FALSE(line.ends_with(' ')) << line;
@@ -128,21 +128,21 @@ TEST(WritersTest, LayoutCutsTextsThenFolds) {
 }
 
 TEST(WritersTest, CsvQuotesAndLeavesOutWhatIsNotFinite) {
-    Report const report = ReportOf(
+    Answer const answer = AnswerOf(
         {TextColumn("name", "n"), NumberColumn("v", "v"), NumberColumn("w, x", "w")},
         {{{"a \"b\", c", 0.1F, std::nanf("")}, std::nullopt}, {{"d\ne", 1e-7F, Cell()}, std::nullopt}});
-    EXPECT_EQ(WriteCsv(report),
+    EXPECT_EQ(WriteCsv(answer),
               "name,v,\"w, x\",file\r\n"
               "\"a \"\"b\"\", c\",0.1,,f.txt\r\n"
               "\"d\ne\",1e-07,,f.txt\r\n");
 }
 
 TEST(WritersTest, JsonHasShortNumbersNullsAndValidText) {
-    Report const report =
-        ReportOf({TextColumn("name", "n"), NumberColumn("v", "v"), NumberColumn("nm", "nm", 0)},
+    Answer const answer =
+        AnswerOf({TextColumn("name", "n"), NumberColumn("v", "v"), NumberColumn("nm", "nm", 0)},
                  {{{"a\xFF", 0.1F, 620.0F}, std::nullopt},
                   {{"b", std::numeric_limits<float>::infinity(), Cell()}, std::nullopt}});
-    std::string const text = WriteJson(report);
+    std::string const text = WriteJson(answer);
     EXPECT_NE(text.find("\"v\": 0.1,"), std::string::npos);
     EXPECT_NE(text.find("\"nm\": 620\n"), std::string::npos);
     auto const json = nlohmann::json::parse(text);
