@@ -52,7 +52,6 @@
 #include "KVUtils/Source/mail/Mail.h"
 #include "KVUtils/Source/mail/MailList.h"
 #include "KVUtils/Source/mail/Mailer.h"
-#include "KVUtils/Source/messaging/ApplicationList.h"
 #include "KVUtils/Source/messaging/DDE.h"
 #include "KVUtils/Source/messaging/KORVELEvent.h"
 #include "KVUtils/Source/messaging/KORVELEventQueue.h"

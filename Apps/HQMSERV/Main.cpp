@@ -1,7 +1,6 @@
 // The program HQMSERV: a measuring server that replays measurement files.
 #include "Apps/HQMSERV/Options.h"
 #include "Apps/HQMSERV/Server.h"
-#include "Apps/suite/ServerProbe.h"
 #include "Apps/suite/SuiteServices.h"
 #include "KVUtils/KVUtils.h"
 #include "Platform/CommandLine.h"
@@ -11,6 +10,7 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <stdexcept>
 
 namespace {
 
@@ -38,8 +38,12 @@ Instrument Prepare(Options const& options, Server::Settings& settings) {
 }
 
 void Serve(Options const& options) {
-    Clients clients;
-    if (suite::ServerProbe().IsReachable(suite::ServerName)) {
+    if (!kv::PostOffice::IsSupported()) {
+        throw std::runtime_error(
+            "messages between programs do not work here: the folder for their sockets cannot be created, or is "
+            "open to other users");
+    }
+    if (kv::PostOffice::IsReachable(suite::ServerName)) {
         if (options.isCalled) return;  // two messages have started two servers
         throw std::runtime_error("already running");
     }
@@ -51,7 +55,7 @@ void Serve(Options const& options) {
     if (!options.isCalled) {
         std::cerr << "HQMSERV: " << instrument.Patches() << " patches; exits after its last client\n";
     }
-    Server const server(clients, std::move(instrument), settings);
+    Server const server(std::move(instrument), settings);
     sv::Application::Execute();
 }
 

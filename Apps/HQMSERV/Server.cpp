@@ -76,9 +76,9 @@ std::span<Server::Entry const> Server::Table() {
     };
     // Replaces the post office's own handler, which shows a box if a client exits before its answer.
     static constexpr auto Protocol = [](Server& server, Event* event) {
-        sv::String const sender = event->GetSender();
-        if (kv::PostOffice::NumberOfCommand(*event) == kv::DISCONNECT) std::erase(server.listeners_, sender);
-        if (!server.clients_.IsDead(sender)) Answer(event);
+        if (kv::PostOffice::NumberOfCommand(*event) == kv::DISCONNECT)
+            std::erase(server.listeners_, event->GetSender());
+        Answer(event);
     };
     static constexpr Entry Entries[] = {
         {kv::GET_SW_VERSION, AtOnce,
@@ -144,19 +144,22 @@ std::span<Server::Entry const> Server::Table() {
     return Entries;
 }
 
-Server::Server(Clients& clients, Instrument instrument, Settings settings)
-    : clients_(clients), instrument_(std::move(instrument)), settings_(std::move(settings)) {
+Server::Server(Instrument instrument, Settings settings)
+    : instrument_(std::move(instrument)), settings_(std::move(settings)) {
     theServer_ = this;
     auto const link = sv::Link::To<&Server::MessageHdl>(*this);
     for (Entry const& entry : Table()) {
         kv::PostOffice::Instance()->ChangeMessageHdl(static_cast<unsigned>(entry.message), link, entry.when);
     }
-    kv::PostOffice::Instance()->ChangeReceiveFunction(&Receive);
+    kv::PostOffice::Instance()->ChangePeerGoneHdl(sv::Link::To<&Server::PeerGoneHdl>(*this));
     sv::Application::SetUserEventHdl(&UserEvent);
     WaitForFirstClient();
 }
 
-Server::~Server() { theServer_ = nullptr; }
+Server::~Server() {
+    kv::PostOffice::Instance()->ChangePeerGoneHdl({});
+    theServer_ = nullptr;
+}
 
 void Server::WaitForFirstClient() {
     if (settings_.timeout.count() == 0) return;
@@ -168,23 +171,22 @@ void Server::WaitForFirstClient() {
     });
 }
 
-void Server::Receive(Event& event) {
-    if (theServer_ != nullptr && theServer_->clients_.Note(event)) {
-        kv::PostOffice::Instance()->CommunicationReceiveFunction(event);
-    }
-}
-
 void Server::UserEvent(unsigned long id, void* data) {
     kv::DDE::UserEvent(id, data);
-    if (theServer_ == nullptr) return;
-    if (id == Clients::DeathEvent) theServer_->clients_.BuryTheDead();
-    if (id == NoClientEvent && !theServer_->clients_.HadAny()) sv::Application::Quit();
+    bool const isWaiting = theServer_ != nullptr && kv::PostOffice::Instance()->ConnectedClients() <= 0;
+    if (id == NoClientEvent && isWaiting) sv::Application::Quit();
 }
 
 long Server::MessageHdl(Event* event) {
     int const message = kv::PostOffice::NumberOfCommand(*event);
     auto const entry = std::ranges::find(Table(), message, &Entry::message);
     if (entry != Table().end()) entry->handle(*this, event);
+    return 0;
+}
+
+long Server::PeerGoneHdl(sv::String* peer) {
+    std::erase(listeners_, *peer);
+    kv::PostOffice::Instance()->ReleasePeer(*peer);
     return 0;
 }
 

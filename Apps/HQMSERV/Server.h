@@ -1,7 +1,6 @@
 // Server: answers the messages to the measuring server. Apps/suite/ServerPayloads.h documents them.
 #pragma once
 
-#include "Apps/HQMSERV/Clients.h"
 #include "Apps/HQMSERV/Instrument.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 
@@ -23,8 +22,8 @@ class Server {
         std::chrono::seconds timeout{0};
     };
 
-    /// Installs the handlers. `clients` must outlive the object. Only one object may exist at a time.
-    Server(Clients& clients, Instrument instrument, Settings settings);
+    /// Installs the handlers. The post office must outlive the object. Only one object may exist at a time.
+    Server(Instrument instrument, Settings settings);
     Server(Server const&) = delete;
     Server& operator=(Server const&) = delete;
     ~Server();
@@ -39,7 +38,7 @@ class Server {
     };
     [[nodiscard]] static std::span<Entry const> Table();
     long MessageHdl(Event* event);
-    static void Receive(Event& event);
+    long PeerGoneHdl(sv::String* peer);
     static void UserEvent(unsigned long id, void* data);
     void WaitForFirstClient();
 
@@ -48,7 +47,6 @@ class Server {
     [[nodiscard]] ServerStatus Measure();
     void NotifyListeners();
 
-    Clients& clients_;
     Instrument instrument_;
     Settings settings_;
     std::vector<sv::String> listeners_;

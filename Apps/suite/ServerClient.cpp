@@ -1,10 +1,8 @@
 #include "Apps/suite/ServerClient.h"
 
 #include "Apps/files/SuiteText.h"
-#include "Apps/suite/ServerProbe.h"
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
-#include "KVUtils/Source/messaging/detail/MessageWire.h"
 #include "SV/core/Application.h"
 
 #include <algorithm>
@@ -54,7 +52,7 @@ void ServerClient::Disconnect() noexcept {
         settings_.timeout = std::min<std::chrono::milliseconds>(settings_.timeout, 2s);
         settings_.isInterrupted = [] { return false; };
         // Sending to a server that has exited would start another one.
-        if (ServerProbe().IsReachable(ServerName)) {
+        if (kv::PostOffice::IsReachable(ServerName)) {
             if (isLocked_) Ask(kv::UNLOCK);
             for (; connects_ > 0; --connects_) Ask(kv::DISCONNECT);
         }
@@ -64,8 +62,8 @@ void ServerClient::Disconnect() noexcept {
 }
 
 void ServerClient::Receive(kv::KORVELEvent& event) {
-    if (theClient_ != nullptr && kv::detail::NumberOfMessage(event.GetCommandName()) ==
-                                     theClient_->awaited_ + kv::detail::AnswerOffset) {
+    if (theClient_ != nullptr && kv::PostOffice::NumberOfMessage(event.GetCommandName()) ==
+                                     theClient_->awaited_ + kv::PostOffice::AnswerOffset) {
         theClient_->answer_ = event.GetData();
         theClient_->awaited_ = Nothing;
         return;
@@ -104,8 +102,7 @@ void ServerClient::Connect() {
 
 // Sends nothing: another message would start another server.
 void ServerClient::WaitForStart(Clock::time_point end) const {
-    ServerProbe const probe;
-    while (Clock::now() < end && !probe.IsReachable(ServerName)) {
+    while (Clock::now() < end && !kv::PostOffice::IsReachable(ServerName)) {
         if (settings_.isInterrupted()) throw ServerError("interrupted");
         sv::Application::Reschedule();
     }
@@ -121,7 +118,7 @@ bool ServerClient::IsAnsweredBy(Clock::time_point end) {
 kv::MyMemoryBlock ServerClient::WaitForAnswer(int message) {
     if (!IsAnsweredBy(Clock::now() + settings_.timeout)) {
         throw ServerError("the measuring server did not answer " +
-                          std::string(kv::detail::NameOfMessage(message).View()) + " within " +
+                          std::string(kv::PostOffice::NameOfMessage(message).View()) + " within " +
                           Seconds(settings_.timeout));
     }
     return *std::exchange(answer_, std::nullopt);

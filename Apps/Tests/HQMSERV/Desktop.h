@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Apps/suite/ServerPayloads.h"
-#include "Apps/suite/ServerProbe.h"
+#include "KVUtils/Source/messaging/PostOffice.h"
 #include "Platform/Tests/PeerProcess.h"
 #include "Platform/Tests/RuntimeDirectory.h"
 #include "Platform/Tests/TemporaryDirectory.h"
@@ -22,8 +22,7 @@ inline std::string const Chart = KV_APPS_DATA "/chart24-lab-a.csv";
 
 /// Waits until the server is reachable, or no longer is.
 inline void WaitUntil(bool isReachable) {
-    suite::ServerProbe const probe;
-    for (int i = 0; i < 3000 && probe.IsReachable(suite::ServerName) != isReachable; ++i) {
+    for (int i = 0; i < 3000 && kv::PostOffice::IsReachable(suite::ServerName) != isReachable; ++i) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
 }

@@ -2,6 +2,7 @@
 
 #include "KVUtils/Source/controls/RegisterTopWindow.h"
 #include "KVUtils/Source/frame/Language.h"
+#include "Platform/Ddeml.h"
 #include "Platform/Process.h"
 #include "SV/core/Application.h"
 #include "SV/core/Boxes.h"
@@ -42,6 +43,28 @@ class StringHandle {
     platform::HSZ handle_;
 };
 
+/// The process's instance, or one of its own for as long as it lives; 0 when the system refuses.
+class ProbeInstance {
+  public:
+    explicit ProbeInstance(std::uint32_t existing) : instance_(existing), isOwn_(existing == 0) {
+        auto const refuseAll = [](unsigned, unsigned, platform::HCONV, platform::HSZ, platform::HSZ,
+                                  platform::HDDEDATA, std::uintptr_t,
+                                  std::uintptr_t) -> platform::HDDEDATA { return nullptr; };
+        if (isOwn_ && platform::DdeInitializeA(&instance_, refuseAll, 0, 0) != platform::DMLERR_NO_ERROR)
+            instance_ = 0;
+    }
+    ProbeInstance(ProbeInstance const&) = delete;
+    ProbeInstance& operator=(ProbeInstance const&) = delete;
+    ~ProbeInstance() {
+        if (isOwn_ && instance_ != 0) platform::DdeUninitialize(instance_);
+    }
+    [[nodiscard]] std::uint32_t Get() const noexcept { return instance_; }
+
+  private:
+    std::uint32_t instance_;
+    bool isOwn_;
+};
+
 bool Poke(platform::HCONV conversation, MyMemoryBlock& frame, platform::HSZ item) {
     return platform::DdeClientTransaction(frame.GetDatenZeiger(), static_cast<std::uint32_t>(frame.Len()),
                                           conversation, item, platform::CF_TEXT, platform::XTYP_POKE,
@@ -69,8 +92,7 @@ DDE::DDE(char const* name, DDEServices const& services) : services_(services) {
         return;
     }
     theDDE_ = this;
-    callback_ = &CallbackFunktion;
-    if (platform::DdeInitializeA(&instance_, callback_, 0, 0) != platform::DMLERR_NO_ERROR) {
+    if (platform::DdeInitializeA(&instance_, &CallbackFunktion, 0, 0) != platform::DMLERR_NO_ERROR) {
         ShowError("DDE-Server kann nicht initialisiert werden.");
         sv::Application::Quit();
         return;
@@ -90,7 +112,7 @@ void DDE::Register(char const* name) {
 }
 
 DDE::~DDE() {
-    if (theDDE_ != this) return;  // a copy, or a second object that never came to work
+    if (theDDE_ != this) return;  // a copy, or a second object
     theDDE_ = nullptr;
     for (Conversations* const list : {&clients_, &servers_}) {
         for (; !list->empty(); list->pop_back()) platform::DdeDisconnect(list->back().conversation);
@@ -101,6 +123,18 @@ DDE::~DDE() {
         if (handle != nullptr) platform::DdeFreeStringHandle(instance_, handle);
     }
     platform::DdeUninitialize(std::exchange(instance_, 0));
+}
+
+bool DDE::IsSupported() { return ProbeInstance(instance_).Get() != 0; }
+
+bool DDE::IsReachable(sv::String const& topic) {
+    ProbeInstance const probe(instance_);
+    if (probe.Get() == 0) return false;
+    StringHandle const service(probe.Get(), ServiceName);
+    StringHandle const topicHandle(probe.Get(), topic.GetStr());
+    platform::HCONV const conversation =
+        platform::DdeConnect(probe.Get(), service.Get(), topicHandle.Get(), nullptr);
+    return conversation != nullptr && platform::DdeDisconnect(conversation);
 }
 
 unsigned char DDE::Send(char const* target, char const* item, void const* data, long length,
@@ -130,8 +164,9 @@ bool DDE::PokeOverOpen(std::string_view target, MyMemoryBlock& frame, platform::
     for (std::size_t i = clients_.size(); i-- > 0;) {
         if (clients_[i].name.View() != target) continue;
         if (Poke(clients_[i].conversation, frame, item)) return true;
-        // Meant: it leaves the list without being disconnected, since its peer has ended it already.
+        // Intentional: it leaves the list without being disconnected, since its peer has ended it already.
         clients_.erase(clients_.begin() + static_cast<std::ptrdiff_t>(i));
+        ReportEnd(sv::String(target));
     }
     return false;
 }
@@ -144,8 +179,8 @@ platform::HCONV DDE::Connect(char const* target, char const* topic) const {
         return platform::DdeConnect(instance_, service.Get(), topicHandle.Get(), nullptr);
     };
     if (platform::HCONV const conversation = attempt()) return conversation;
-    // Meant: one attempt directly behind the start, and no waiting, so that no sender hangs on a slow
-    // program.
+    // Intentional: one attempt immediately after the start, without waiting, so that no sender hangs on a
+    // slow program.
     return StartPeer(topic == nullptr ? target : topic) ? attempt() : nullptr;
 }
 
@@ -163,7 +198,7 @@ platform::HDDEDATA DDE::CallbackFunktion(unsigned transaction, unsigned /*format
                                          std::uintptr_t /*value1*/, std::uintptr_t /*value2*/) {
     using platform::DdeAnswer;
     if (transaction == platform::XTYP_ERROR) ShowError("A DDE error occured!");
-    if (theDDE_ == nullptr) return nullptr;  // a last transaction on the way out
+    if (theDDE_ == nullptr) return nullptr;  // a last transaction while the process exits
     switch (transaction) {
         case platform::XTYP_CONNECT:
             return DdeAnswer(theDDE_->Accepts(string1, string2) ? 1 : 0);
@@ -176,7 +211,7 @@ platform::HDDEDATA DDE::CallbackFunktion(unsigned transaction, unsigned /*format
         case platform::XTYP_EXECUTE:
             return DdeAnswer(theDDE_->Execute(data) ? platform::DDE_FACK : 0);
         case platform::XTYP_POKE:
-            theDDE_->Receive(string2, data);
+            theDDE_->Receive(conversation, string2, data);
             return DdeAnswer(platform::DDE_FACK);
         default:
             return nullptr;
@@ -192,9 +227,24 @@ bool DDE::Accepts(platform::HSZ topic, platform::HSZ service) const {
 
 void DDE::EndConversation(platform::HCONV conversation) {
     for (Conversations* const list : {&clients_, &servers_}) {
-        auto const ended = [=](ConversationEntry const& entry) { return entry.conversation == conversation; };
+        auto const entry = std::ranges::find(*list, conversation, &ConversationEntry::conversation);
+        if (entry == list->end()) continue;
+        sv::String const peer = entry->name;
+        auto const ended = [=](ConversationEntry const& each) { return each.conversation == conversation; };
         if (std::erase_if(*list, ended) > 0) platform::DdeDisconnect(conversation);
+        ReportEnd(peer);
     }
+}
+
+void DDE::ReportEnd(sv::String const& peer) const {
+    if (!peer.IsEmpty() && services_.conversationEnded != nullptr) services_.conversationEnded(peer);
+}
+
+bool DDE::HasConversationWith(sv::String const& peer) const {
+    auto const isIn = [&](Conversations const& list) {
+        return std::ranges::find(list, peer, &ConversationEntry::name) != list.end();
+    };
+    return isIn(clients_) || isIn(servers_);
 }
 
 bool DDE::Execute(platform::HDDEDATA command) const {
@@ -205,7 +255,7 @@ bool DDE::Execute(platform::HDDEDATA command) const {
     return true;
 }
 
-void DDE::Receive(platform::HSZ item, platform::HDDEDATA data) const {
+void DDE::Receive(platform::HCONV conversation, platform::HSZ item, platform::HDDEDATA data) {
     std::array<char, ItemSize> name{};
     platform::DdeQueryStringA(instance_, item, name.data(), ItemSize, platform::CP_WINANSI);
 
@@ -217,10 +267,12 @@ void DDE::Receive(platform::HSZ item, platform::HDDEDATA data) const {
     MyMemoryBlock payload;
     if (end < bytes.size()) payload.Put(&bytes[end] + 1, static_cast<long>(bytes.size() - end - 1));
     platform::DdeUnaccessData(data);
+    auto const entry = std::ranges::find(servers_, conversation, &ConversationEntry::conversation);
+    if (entry != servers_.end()) entry->name = sender;
     if (services_.decode != nullptr) services_.decode(payload);
 
-    // Meant: one slot, and a message that lies in it is replaced. The event loop takes in no second message
-    // before it has delivered the first.
+    // Intentional: there is one slot, and a message in it is replaced. The event loop takes in no second
+    // message before it has delivered the first.
     pending_ = std::make_unique<KORVELEvent>(payload, sender, name.data());
     if (sv::Application::IsInExecute()) {
         sv::Application::PostUserEvent(UserEventId, nullptr);
@@ -235,7 +287,7 @@ void DDE::UserEvent(unsigned long id, void* /*data*/) {
 
 void DDE::DeliverPending() {
     if (theDDE_ == nullptr || theDDE_->receive_ == nullptr) return;
-    // Out of the slot first: a message that comes in while this one is handled must find it free.
+    // A message that comes in while this one is handled must find the slot free.
     std::unique_ptr<KORVELEvent> const event = std::move(pending_);
     if (event != nullptr) theDDE_->receive_(*event);
 }

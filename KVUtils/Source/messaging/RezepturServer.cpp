@@ -1,6 +1,7 @@
 #include "KVUtils/Source/messaging/RezepturServer.h"
 
 #include "KVUtils/Source/controls/RegisterTopWindow.h"
+#include "Platform/Ddeml.h"
 #include "SV/core/Application.h"
 #include "SV/core/Boxes.h"
 
@@ -67,7 +68,7 @@ RezepturServer::RezepturServer(sv::Window* parent) {
 }
 
 RezepturServer::~RezepturServer() {
-    if (state.server != this) return;  // a younger one has taken over
+    if (state.server != this) return;  // a later one replaced it
     state.server = nullptr;
     if (state.conversation != nullptr) platform::DdeDisconnect(state.conversation);
     if (state.instance != 0) {
@@ -81,7 +82,7 @@ RezepturServer::~RezepturServer() {
 }
 
 void RezepturServer::VerwendeVorlage(DDERezepturVorlage& /*vorlage*/) {
-    // Meant: the wording is the one that the users of the suite know.
+    // Intentional: users of the suite know this wording.
     sv::InfoBox(RegisterTopWindow::GetActiveTopWindow(), "Septkrum erhalten!").Execute();
 }
 

@@ -1,5 +1,5 @@
 #include "KVUtils/Source/frame/APPSETTI.h"
-#include "KVUtils/Source/messaging/ApplicationList.h"
+#include "KVUtils/Source/messaging/detail/ApplicationList.h"
 #include "KVUtils/Tests/messaging/MessagingSupport.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "KVUtils/Source/messaging/ApplicationList.h"
+#include "KVUtils/Source/messaging/detail/ApplicationList.h"
 
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "KVUtils/Source/frame/Check.h"
