@@ -1,10 +1,10 @@
-// Command: what a person can have ColourDesk do, by menu, button or keyboard.
+// Command: what the user can choose in the menus, by the buttons and with the keyboard.
 #pragma once
 
 namespace colourdesk {
 
-/// The number is that of the item's text in the group "ColourDeskMenu", behind those of the menus' titles,
-/// and of its line of help in the group "ColourDeskHelp". Menus count their items from 1.
+/// The item's number in the menu, from 1. Its name follows the menus' titles in the group "ColourDeskMenu",
+/// its line of help stands in "ColourDeskHelp" in the same order.
 enum class Command : int {
     Open = 1,
     Measure,
@@ -13,7 +13,7 @@ enum class Command : int {
     SaveReport,
     Print,
     SendReport,
-    Close,
+    Quit,
     UseAsStandard,
     UseAsPaper,
     SelectAll,

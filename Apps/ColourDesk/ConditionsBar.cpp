@@ -16,7 +16,7 @@ constexpr int CaptionGap = 6;
 constexpr int ChoiceGap = 18;
 constexpr int ArrowWidth = 34;
 
-/// Of the value in the list; `End` when it is not there.
+/// `End` when the value is not in the list.
 template <class Type, class Class>
 unsigned short PlaceOf(std::span<Type const> types, Class const& value) {
     auto const place = std::ranges::find_if(types, [&](Type type) { return value == type; });
@@ -39,7 +39,7 @@ ConditionsBar::ConditionsBar(sv::Window* parent) : Window(parent) {
         density_.InsertEntry(evaluation::NameOf(kv::DStdClass(type)));
     }
     kv::Language::InitListBox(language_);
-    TakeTexts();
+    UpdateTexts();
 }
 
 std::array<ConditionsBar::Choice, 4> ConditionsBar::Choices() {
@@ -49,7 +49,7 @@ std::array<ConditionsBar::Choice, 4> ConditionsBar::Choices() {
              {languageCaption_, language_, 10}}};
 }
 
-void ConditionsBar::TakeTexts() {
+void ConditionsBar::UpdateTexts() {
     unsigned short const observer = observer_.GetSelectEntryPos();
     observer_.Clear();
     observer_.InsertEntry(TextOf(Label::TwoDegrees));

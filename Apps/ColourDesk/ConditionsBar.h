@@ -1,5 +1,4 @@
-// ConditionsBar: the line above the samples: under which light, by which observer and through which filters
-// they are seen, and in which language the window speaks.
+// ConditionsBar: selects illuminant, observer, density filters and the language of the window.
 #pragma once
 
 #include "Apps/evaluation/ColourSheet.h"
@@ -13,18 +12,18 @@ class ConditionsBar : public sv::Window {
   public:
     explicit ConditionsBar(sv::Window* parent);
 
-    /// Selects what is in force.
+    /// Selects these conditions.
     void Show(evaluation::SheetConditions const& conditions);
     using Window::Show;
-    /// Puts what is selected into the conditions.
+    /// Stores what is selected in `conditions`.
     void Read(evaluation::SheetConditions& conditions) const;
-    void TakeTexts();
+    void UpdateTexts();
 
-    /// Another condition was selected; the sender is a list. Returns the link before.
+    /// Called when the user selects a condition; the sender is a list. Returns the previous link.
     sv::Link ChangeConditionHdl(sv::Link const& link);
-    /// Another language was selected.
+    /// Called when the user selects a language. Returns the previous link.
     sv::Link ChangeLanguageHdl(sv::Link const& link) { return language_.ChangeSelectHdl(link); }
-    /// Its place in the list of languages.
+    /// The selected language's place in the list.
     [[nodiscard]] unsigned short GetLanguageEntry() const { return language_.GetSelectEntryPos(); }
 
     void Resize() override;
@@ -33,7 +32,7 @@ class ConditionsBar : public sv::Window {
     struct Choice {
         sv::FixedText& caption;
         sv::DropDownListBox& list;
-        int letters;  // the longest entry
+        int letters;  // of the longest entry
     };
     [[nodiscard]] std::array<Choice, 4> Choices();
 
@@ -45,7 +44,7 @@ class ConditionsBar : public sv::Window {
     sv::DropDownListBox density_{this};
     sv::FixedText languageCaption_{this};
     sv::DropDownListBox language_{this};
-    std::optional<kv::IllumClass> untabled_;  // a daylight of its own, at the end of the list
+    std::optional<kv::IllumClass> untabled_;  // a daylight from a file, the last entry of the list
 };
 
 }  // namespace colourdesk

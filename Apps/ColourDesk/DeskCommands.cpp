@@ -1,9 +1,8 @@
-// DeskWindow: its commands, the menus and buttons that give them, and when each can be given.
-#include "Apps/ColourDesk/DeskWindow.h"
+#include "Apps/ColourDesk/DeskCommands.h"
+
 #include "KVUtils/Source/frame/TextSegment.h"
 
 #include <array>
-#include <numeric>
 #include <utility>
 
 namespace colourdesk {
@@ -12,7 +11,7 @@ namespace {
 
 constexpr kv::ButtonSize ButtonWidth{1};
 
-/// A button at the right: one of the suite's own by its id, or one with this picture and the menu's text.
+/// One of the suite's standard buttons by its id, or one with this bitmap and the menu's text.
 struct DeskButton {
     Command command;
     long standardId;
@@ -26,7 +25,7 @@ constexpr std::array<DeskButton, 8> Buttons = {{{Command::Open, 0x2, 0},
                                                 {Command::Print, 0x20, 0},
                                                 {Command::SendReport, 0x1000000, 0},
                                                 {Command::Messages, 0, 2241},
-                                                {Command::Close, 0x1, 0}}};
+                                                {Command::Quit, 0x1, 0}}};
 constexpr unsigned short PlainButton = 0x10;
 
 struct MenuEntry {
@@ -42,7 +41,7 @@ constexpr std::array<MenuEntry, 8> FileMenu = {{{Command::Open, "Ctrl+O", false}
                                                 {Command::SaveReport, "Ctrl+R", true},
                                                 {Command::Print, "Ctrl+P", false},
                                                 {Command::SendReport, "Ctrl+L", true},
-                                                {Command::Close, "Ctrl+Q", false}}};
+                                                {Command::Quit, "Ctrl+Q", false}}};
 constexpr std::array<MenuEntry, 3> SamplesMenu = {{{Command::UseAsStandard, "Ctrl+T", false},
                                                    {Command::UseAsPaper, "Ctrl+W", true},
                                                    {Command::SelectAll, "Ctrl+A", false}}};
@@ -51,20 +50,28 @@ constexpr std::array<MenuEntry, 4> ViewMenu = {{{Command::AutoScale, "Ctrl+Y", t
                                                 {Command::CursorRight, "Ctrl+Right", true},
                                                 {Command::Messages, "F8", false}}};
 
-/// The menus' titles are the first texts of their group.
+/// Titles precede the items in the group of texts.
 constexpr unsigned long MenuCount = 3;
 
 }  // namespace
 
-void DeskWindow::MakeMenu() {
+DeskCommands::DeskCommands(sv::Window& window, std::function<void(Command)> execute)
+    : window_(window), execute_(std::move(execute)) {}
+
+void DeskCommands::UpdateTexts() {
+    MakeMenu();
+    MakeButtons();
+}
+
+void DeskCommands::MakeMenu() {
     menu_.reset();
-    menu_ = std::make_unique<kv::KORVELMenu>(this, "ColourDeskMenu");
+    menu_ = std::make_unique<kv::KORVELMenu>(&window_, "ColourDeskMenu");
     auto const add = [this](unsigned long title, auto const& entries) {
         menu_->AddMenu(title);
         for (MenuEntry const& entry : entries) {
             auto const number = static_cast<unsigned short>(entry.command);
             menu_->AddItem(number, MenuCount + number - FirstCommand,
-                           sv::Link::To<&DeskWindow::MenuHdl>(*this), entry.shortcut);
+                           sv::Link::To<&DeskCommands::MenuHdl>(*this), entry.shortcut);
             if (entry.endsGroup) menu_->InsertSeparator();
         }
     };
@@ -73,12 +80,12 @@ void DeskWindow::MakeMenu() {
     add(2, ViewMenu);
 }
 
-void DeskWindow::MakeButtons() {
+void DeskCommands::MakeButtons() {
     buttons_.reset();
-    buttons_ = std::make_unique<kv::KOBitmapButtonBar>(this, ButtonWidth);
+    buttons_ = std::make_unique<kv::KOBitmapButtonBar>(&window_, ButtonWidth);
     kv::TextSegment const help("ColourDeskHelp");
     kv::TextSegment const menu("ColourDeskMenu");
-    sv::Link const link = sv::Link::To<&DeskWindow::ButtonHdl>(*this);
+    sv::Link const link = sv::Link::To<&DeskCommands::ButtonHdl>(*this);
     for (DeskButton const& button : Buttons) {
         auto const number = static_cast<unsigned long>(button.command) - FirstCommand;
         auto const flags = static_cast<long>(button.command);
@@ -90,99 +97,38 @@ void DeskWindow::MakeButtons() {
     }
 }
 
-bool DeskWindow::CanDo(Command command) const {
-    if (isBusy_) return false;
-    switch (command) {
-        case Command::Save:
-        case Command::SaveReport:
-        case Command::Print:
-        case Command::SendReport:
-        case Command::SelectAll:
-            return sheet_.has_value();
-        case Command::UseAsStandard:
-        case Command::UseAsPaper:
-        case Command::SavePlot:
-        case Command::CursorLeft:
-        case Command::CursorRight:
-            return !samples_.GetSelectedRows().empty();
-        default:
-            return true;
-    }
-}
-
-void DeskWindow::ShowCommands() {
+void DeskCommands::Enable(std::function<bool(Command)> const& canDo) {
     for (int number = FirstCommand; number <= LastCommand; ++number) {
-        menu_->EnableItem(static_cast<unsigned short>(number), CanDo(static_cast<Command>(number)));
+        menu_->EnableItem(static_cast<unsigned short>(number), canDo(static_cast<Command>(number)));
     }
-    menu_->CheckItem(static_cast<unsigned short>(Command::AutoScale), plot_.IsAutoScale());
     for (unsigned long i = 0; i < buttons_->Count(); ++i) {
         auto* const button = static_cast<kv::KOBitmapButton*>(buttons_->GetObject(i));
-        bool const can = CanDo(static_cast<Command>(button->GetFlags()));
+        bool const can = canDo(static_cast<Command>(button->GetFlags()));
         if (button->IsEnabled() != can) button->Enable(can);
     }
-    judgement_.EnableUse(CanDo(Command::UseAsStandard));
 }
 
-void DeskWindow::Execute(Command command) {
-    if (!CanDo(command)) return;
-    auto const selected = samples_.GetSelectedRows();
-    switch (command) {
-        case Command::Open:
-            return AskAndOpen();
-        case Command::Measure:
-            return Measure();
-        case Command::Save:
-            AskAndSave();
-            return;
-        case Command::SavePlot:
-            return AskAndSavePlot();
-        case Command::SaveReport:
-            return AskAndSaveReport();
-        case Command::Print:
-            PrintReport({});
-            return;
-        case Command::SendReport:
-            return AskAndSendReport();
-        case Command::Close:
-            return WasClosed();
-        case Command::UseAsStandard:
-            return UseAsStandard(static_cast<std::size_t>(selected.front()));
-        case Command::UseAsPaper:
-            return UseAsPaper(static_cast<std::size_t>(selected.front()));
-        case Command::SelectAll: {
-            std::vector<int> all(sheet_->Rows().size());
-            std::iota(all.begin(), all.end(), 0);
-            return SelectSamples(std::move(all));
-        }
-        case Command::AutoScale:
-            plot_.SetAutoScale(!plot_.IsAutoScale());
-            return ShowCommands();
-        case Command::CursorLeft:
-            return plot_.MoveCursor(-1);
-        case Command::CursorRight:
-            return plot_.MoveCursor(1);
-        case Command::Messages:
-            return ShowMessages();
-    }
+void DeskCommands::Check(Command command, bool isChecked) {
+    menu_->CheckItem(static_cast<unsigned short>(command), isChecked);
 }
 
-long DeskWindow::MenuHdl(sv::MenuBar* sender) {
-    Execute(static_cast<Command>(sender->GetCurItemId()));
+int DeskCommands::MenuHeight() { return menu_ == nullptr ? 0 : menu_->Fit(); }
+
+int DeskCommands::ButtonsWidth() const {
+    return buttons_ == nullptr ? 0 : buttons_->GetBarPosSizePixel().GetSize().Width();
+}
+
+void DeskCommands::PlaceButtons(sv::Point position) {
+    if (buttons_ != nullptr) buttons_->ChangePosPixel(position);
+}
+
+long DeskCommands::MenuHdl(sv::MenuBar* sender) {
+    execute_(static_cast<Command>(sender->GetCurItemId()));
     return 0;
 }
 
-long DeskWindow::ButtonHdl(kv::KOBitmapButton* sender) {
-    Execute(static_cast<Command>(sender->GetFlags()));
-    return 0;
-}
-
-long DeskWindow::UseAsStandardHdl(void* /*sender*/) {
-    Execute(Command::UseAsStandard);
-    return 0;
-}
-
-long DeskWindow::UseAsPaperHdl(void* /*sender*/) {
-    Execute(Command::UseAsPaper);
+long DeskCommands::ButtonHdl(kv::KOBitmapButton* sender) {
+    execute_(static_cast<Command>(sender->GetFlags()));
     return 0;
 }
 

@@ -10,8 +10,7 @@ namespace {
 constexpr int Margin = 10;
 constexpr int FieldPadding = 10;
 
-/// Of what the table and the plot share.
-constexpr int TablePercent = 52;
+constexpr int TablePercent = 52;  // of the height that table and plot share
 
 sv::Rectangle Area(int x, int y, int width, int height) noexcept {
     return sv::Rectangle::Of({x, y}, {std::max(width, 0), std::max(height, 0)});

@@ -1,19 +1,19 @@
-// DeskLayout: where the parts of ColourDesk's window stand.
+// DeskLayout: the areas of ColourDesk's window.
 #pragma once
 
 #include "SV/core/Geometry.h"
 
 namespace colourdesk {
 
-/// What the texts of the language take up, in pixels.
+/// What depends on the font and the language, in pixels.
 struct DeskMetrics {
     int menu = 0;     // height of the menu bar
     int line = 0;     // height of a line of text
     int buttons = 0;  // width of the column of buttons
-    int panel = 0;    // width of the panel of judgement
+    int panel = 0;    // width of the panel of tolerances
 };
 
-/// Areas in the window, in pixels. One that the window has no room for is empty.
+/// In the window's pixels. An area that does not fit is empty.
 struct DeskLayout {
     sv::Point buttons;
     sv::Rectangle conditions;
@@ -23,7 +23,7 @@ struct DeskLayout {
     sv::Rectangle status;
 };
 
-/// The height of a field or a list that shows one line.
+/// The height of an input field or a list of one line.
 [[nodiscard]] int FieldHeight(int line) noexcept;
 [[nodiscard]] DeskLayout Arrange(sv::Size window, DeskMetrics const& metrics) noexcept;
 

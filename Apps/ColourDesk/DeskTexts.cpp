@@ -26,20 +26,20 @@ void ShowError(sv::String const& text) {
     sv::ErrorBox(sv::Application::GetAppWindow(), sv::WB_OK, text).Execute();
 }
 
-sv::String Filled(sv::String const& text, std::initializer_list<sv::String> arguments) {
-    std::string filled;
+sv::String Format(sv::String const& text, std::initializer_list<sv::String> arguments) {
+    std::string formatted;
     std::string_view const from = text.View();
     for (std::size_t i = 0; i < from.size(); ++i) {
         std::size_t const number =
             i + 1 < from.size() ? static_cast<std::size_t>(from[i + 1] - '1') : from.size();
         if (from[i] != '%' || number >= arguments.size()) {
-            filled += from[i];
+            formatted += from[i];
         } else {
-            filled += arguments.begin()[number].View();
+            formatted += arguments.begin()[number].View();
             ++i;
         }
     }
-    return filled;
+    return formatted;
 }
 
 }  // namespace colourdesk

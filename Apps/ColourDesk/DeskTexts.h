@@ -1,5 +1,4 @@
-// DeskTexts: the texts of ColourDesk by the places where they stand. The numbers are those of the texts in
-// their groups of the file colourdeskN.lng.
+// DeskTexts: the texts of ColourDesk. Values are the texts' numbers in their group of colourdeskN.lng.
 #pragma once
 
 #include "SV/core/String.h"
@@ -16,7 +15,7 @@ enum class Label : unsigned long {
     Language,
     TwoDegrees,
     TenDegrees,
-    Measure,
+    Formula,
     Limit,
     LimitOfLightness,
     LimitOfChroma,
@@ -25,11 +24,11 @@ enum class Label : unsigned long {
     PaperWhite,  // %1 its name
     None,
     NothingOpen,
-    Counts,   // %1 samples, of which %2 are selected
-    Verdict,  // %1 of %2 within, the largest difference %3 at %4
+    Counts,   // %1 samples, %2 selected
+    Verdict,  // %1 of %2 passed, the largest difference %3 at %4
     NotJudged,
-    Pointer,     // %1 nm: %2 of the sample %3
-    NotPlotted,  // %1 that show of %2
+    Pointer,     // %1 nm: reflectance %2 of sample %3
+    NotPlotted,  // %1 plotted of %2
     Messages,
     Passed,
     Failed,
@@ -62,13 +61,13 @@ enum class Question : unsigned long {
     OpenTitle,
     SaveTitle,
     SavePlotTitle,
-    Measurements,  // a kind of file
+    Measurements,  // as a file type
     AllFiles,
     DataFiles,
     Pictures,
     Drawings,
     PlotNotSaved,  // %1 the file
-    WrongNames,    // %1 samples that will be read by other names
+    ChangedNames,  // %1 samples whose names a data file cannot hold
     ReportTitle,
     Reports,
     ReportNotWritten,  // %1 the file
@@ -86,10 +85,10 @@ enum class Question : unsigned long {
 [[nodiscard]] sv::String TextOf(ColumnTitle title);
 [[nodiscard]] sv::String TextOf(Question question);
 
-/// The text with these in place of "%1", "%2", ...; an argument's own "%" stays.
-[[nodiscard]] sv::String Filled(sv::String const& text, std::initializer_list<sv::String> arguments);
+/// Replaces "%1", "%2", ... by the arguments; a "%" in an argument is kept.
+[[nodiscard]] sv::String Format(sv::String const& text, std::initializer_list<sv::String> arguments);
 
-/// In a box over the window.
+/// Shows an error box over the window.
 void ShowError(sv::String const& text);
 
 }  // namespace colourdesk

@@ -1,15 +1,17 @@
 #include "Apps/ColourDesk/DeskWindow.h"
 
 #include "Apps/ColourDesk/DeskLayout.h"
+#include "Apps/ColourDesk/DeskMeasuring.h"
+#include "Apps/ColourDesk/DeskStatus.h"
 #include "Apps/ColourDesk/DeskTexts.h"
 #include "Apps/files/SuiteText.h"
-#include "KVUtils/Source/data/GString.h"
+#include "KVUtils/Source/dialogs/MyFileDialog.h"
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Source/frame/Text.h"
 #include "KVUtils/Source/printing/MyPrinter.h"
 #include "SV/core/Application.h"
 
-#include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace colourdesk {
@@ -17,14 +19,12 @@ namespace colourdesk {
 namespace {
 
 constexpr char const* ProgramName = "ColourDesk";
-
-// Pixels.
-constexpr sv::Size FirstSize(1180, 760);
-constexpr sv::Size MessagesSize(640, 360);
-
+constexpr sv::Size FirstSize(1180, 760);  // pixels
 constexpr sv::Brush Ground(sv::Color(0xF4F4, 0xF4F4, 0xF2F2));
 
-sv::String Count(std::size_t count) { return std::to_string(count); }
+std::optional<std::size_t> Toggled(std::optional<std::size_t> current, std::size_t sample) {
+    return current == sample ? std::nullopt : std::optional(sample);
+}
 
 }  // namespace
 
@@ -35,27 +35,24 @@ DeskWindow::DeskWindow(sv::String textStem, Draw draw)
     ChangeBackgroundBrush(Ground);
     conditions_.ChangeConditionHdl(sv::Link::To<&DeskWindow::ConditionHdl>(*this));
     conditions_.ChangeLanguageHdl(sv::Link::To<&DeskWindow::LanguageHdl>(*this));
-    judgement_.ChangeToleranceHdl(sv::Link::To<&DeskWindow::ConditionHdl>(*this));
-    judgement_.ChangeStandardHdl(sv::Link::To<&DeskWindow::UseAsStandardHdl>(*this));
-    judgement_.ChangePaperHdl(sv::Link::To<&DeskWindow::UseAsPaperHdl>(*this));
+    tolerances_.ChangeToleranceHdl(sv::Link::To<&DeskWindow::ConditionHdl>(*this));
+    tolerances_.ChangeStandardHdl(sv::Link::To<&DeskWindow::UseAsStandardHdl>(*this));
+    tolerances_.ChangePaperHdl(sv::Link::To<&DeskWindow::UseAsPaperHdl>(*this));
     samples_.ChangeSelectHdl(sv::Link::To<&DeskWindow::SelectHdl>(*this));
     plot_.ChangeCursorHdl(sv::Link::To<&DeskWindow::CursorHdl>(*this));
     for (sv::Window* const part :
-         std::initializer_list<sv::Window*>{&conditions_, &samples_, &plot_, &judgement_, &status_}) {
+         std::initializer_list<sv::Window*>{&conditions_, &samples_, &plot_, &tolerances_, &status_}) {
         if (part != &samples_) part->ChangeBackgroundBrush(Ground);
         part->Show();
     }
-    TakeTexts();
+    UpdateTexts();
     ChangeSizePixel(FirstSize);
-    conditions_.Show(evaluation::SheetConditions());
-    judgement_.Show(evaluation::Tolerances(), {}, {});
-    ShowCommands();
-    ShowStatus();
+    ShowConditions({});
     samples_.GrabFocus();
 }
 
 DeskWindow::~DeskWindow() {
-    // The printer's window stands over this one.
+    // The printer's window has this one as its parent.
     if (kv::MyPrinter* const printer = kv::MyPrinter::Instance()) {
         kv::KVSingleton::Remove(printer);
         delete printer;
@@ -63,74 +60,67 @@ DeskWindow::~DeskWindow() {
     sv::Application::SetAppWindow(nullptr);
 }
 
-void DeskWindow::TakeTexts() {
-    MakeMenu();
-    MakeButtons();
-    conditions_.TakeTexts();
-    judgement_.TakeTexts();
-    samples_.TakeChanges();
+void DeskWindow::UpdateTexts() {
+    commands_.UpdateTexts();
+    conditions_.UpdateTexts();
+    tolerances_.UpdateTexts();
+    samples_.Update();
     samples_.SetAccessibleName(TextOf(ColumnTitle::Sample));
-    plot_.TakeTexts();
+    plot_.UpdateTexts();
     plot_.SetAccessibleName(TextOf(Label::Reflectance));
-    if (messages_ != nullptr) messages_->SetText(TextOf(Label::Messages));
+    messages_.UpdateTexts();
     DeskWindow::Resize();
+    ShowCommands();
+    ShowStatus();
 }
 
 void DeskWindow::Resize() {
-    if (buttons_ == nullptr) return;
-    sv::Size const buttons = buttons_->GetBarPosSizePixel().GetSize();
-    DeskLayout const layout = Arrange(
-        GetSizePixel(), {menu_->Fit(), GetTextSize("0").Height(), buttons.Width(), judgement_.GetWidth()});
-    buttons_->ChangePosPixel(layout.buttons);
+    DeskLayout const layout = Arrange(GetSizePixel(), {commands_.MenuHeight(), GetTextSize("0").Height(),
+                                                       commands_.ButtonsWidth(), tolerances_.GetWidth()});
+    commands_.PlaceButtons(layout.buttons);
     auto const place = [](sv::Window& window, sv::Rectangle const& area) {
         window.SetPosSizePixel(area.TopLeft(), area.GetSize());
     };
     place(conditions_, layout.conditions);
     place(samples_, layout.table);
     place(plot_, layout.plot);
-    place(judgement_, layout.panel);
+    place(tolerances_, layout.panel);
     place(status_, layout.status);
 }
 
 bool DeskWindow::Open(std::string const& path) {
-    try {
-        files::MeasurementFile file = files::ReadMeasurementFile(path);
-        for (std::string const& note : file.notes) Say(files::ToSuite(file.path + ": " + note));
-        ShowFile(std::move(file));
-        isUnsaved_ = false;
-        return true;
-    } catch (files::ReadError const& error) {
-        ShowError(files::ToSuite(error.what()));
-        return false;
-    }
+    auto file = file_.Read(path);
+    if (file) ShowFile(*std::move(file), false);
+    return file.has_value();
 }
 
-// What was chosen before stays, but for what the file states.
-void DeskWindow::ShowFile(files::MeasurementFile file) {
+// Conditions that the file does not state are kept.
+void DeskWindow::ShowFile(files::MeasurementFile file, bool isUnsaved) {
     evaluation::SheetConditions conditions;
     conditions_.Read(conditions);
-    judgement_.Read(conditions.tolerances);
+    tolerances_.Read(conditions.tolerances);
     if (file.stated.illuminant) conditions.illuminant = *file.stated.illuminant;
     if (file.stated.observer) conditions.observer = *file.stated.observer;
     samples_.ShowSheet(nullptr);
     plot_.ShowNothing();
-    sheet_.emplace(std::move(file));
-    samples_.ShowSheet(&*sheet_);
-    SetText(sv::String(files::ToSuite(sheet_->File().path)) + " - " + ProgramName);
+    file_.Set(std::move(file), isUnsaved);
+    samples_.ShowSheet(file_.GetSheet());
+    SetText(sv::String(files::ToSuite(GetSheet()->File().path)) + " - " + ProgramName);
     Recompute(conditions);
     SelectSamples({0});
 }
 
 void DeskWindow::Recompute(evaluation::SheetConditions const& conditions) {
-    sheet_->Change(conditions);
-    samples_.TakeChanges();
-    auto const nameOf = [this](std::optional<std::size_t> sample) {
-        return sample ? sv::String(files::ToSuite(sheet_->File().samples[*sample].name)) : sv::String();
-    };
-    evaluation::SheetConditions const& inForce = sheet_->Conditions();
-    conditions_.Show(inForce);
-    judgement_.Show(inForce.tolerances, nameOf(inForce.standard), nameOf(inForce.paper));
+    file_.GetSheet()->Change(conditions);
+    samples_.Update();
+    ShowConditions(GetSheet()->Conditions());
     ShowStatus();
+}
+
+void DeskWindow::ShowConditions(evaluation::SheetConditions const& conditions) {
+    conditions_.Show(conditions);
+    tolerances_.Show(conditions.tolerances, file_.SampleName(conditions.standard),
+                     file_.SampleName(conditions.paper));
 }
 
 void DeskWindow::SelectSamples(std::vector<int> samples) {
@@ -139,115 +129,181 @@ void DeskWindow::SelectSamples(std::vector<int> samples) {
 }
 
 void DeskWindow::ShowSelection() {
-    if (sheet_) plot_.ShowSamples(sheet_->File(), samples_.GetSelectedRows());
+    if (GetSheet() != nullptr) plot_.ShowSamples(GetSheet()->File(), samples_.GetSelectedRows());
     ShowCommands();
     ShowStatus();
 }
 
-sv::String DeskWindow::PointedValue() const {
-    auto const selected = samples_.GetSelectedRows();
-    auto const cursor = plot_.GetCursorIndex();
-    if (!cursor || selected.empty()) return {};
-    files::Sample const& sample = sheet_->File().samples[static_cast<std::size_t>(selected.front())];
-    return Filled(TextOf(Label::Pointer),
-                  {std::to_string(static_cast<int>(kv::Wavelength(*cursor))),
-                   kv::GString(sample.spectrum[*cursor], 4), files::ToSuite(sample.name)});
+void DeskWindow::ShowStatus() {
+    status_.SetText(StatusText(file_, samples_.GetSelectedRows(), plot_.GetCursorIndex()));
 }
 
-void DeskWindow::ShowStatus() {
-    if (!sheet_) return status_.SetText(TextOf(Label::NothingOpen));
-    std::size_t const selected = samples_.GetSelectedRows().size();
-    std::vector<sv::String> parts = {
-        Filled(TextOf(Label::Counts), {Count(sheet_->Rows().size()), Count(selected)})};
-    if (selected > SpectrumPlot::MostCurves) {
-        parts.push_back(
-            Filled(TextOf(Label::NotPlotted), {Count(SpectrumPlot::MostCurves), Count(selected)}));
-    }
-    evaluation::SheetVerdict const& verdict = sheet_->Verdict();
-    if (verdict.whereLargest) {
-        parts.push_back(Filled(TextOf(Label::Verdict),
-                               {Count(verdict.within), Count(verdict.judged), kv::GString(verdict.largest, 2),
-                                files::ToSuite(sheet_->File().samples[*verdict.whereLargest].name)}));
-    } else {
-        parts.push_back(TextOf(Label::NotJudged));
-    }
-    if (sv::String const pointed = PointedValue(); !pointed.IsEmpty()) parts.push_back(pointed);
-    sv::String text;
-    for (sv::String const& part : parts) text += text.IsEmpty() ? part : sv::String("   \xB7   ") + part;
-    status_.SetText(text);
+void DeskWindow::ShowCommands() {
+    commands_.Enable([this](Command command) { return CanDo(command); });
+    commands_.Check(Command::AutoScale, plot_.IsAutoScale());
+    tolerances_.EnableUse(CanDo(Command::UseAsStandard));
 }
 
 void DeskWindow::SetBusy(bool isBusy) {
     isBusy_ = isBusy;
     Enable(!isBusy);
-    if (messages_ != nullptr) messages_->Enable(!isBusy);
+    messages_.Enable(!isBusy);
     ShowCommands();
 }
 
-void DeskWindow::ToggleUse(std::optional<std::size_t> evaluation::SheetConditions::*role,
-                           std::size_t sample) {
-    if (!sheet_) return;
-    evaluation::SheetConditions conditions = sheet_->Conditions();
-    conditions.*role = conditions.*role == sample ? std::nullopt : std::optional(sample);
+void DeskWindow::UseAsStandard(std::size_t sample) {
+    if (GetSheet() == nullptr) return;
+    evaluation::SheetConditions conditions = GetSheet()->Conditions();
+    conditions.standard = Toggled(conditions.standard, sample);
     Recompute(conditions);
 }
 
-void DeskWindow::UseAsStandard(std::size_t sample) {
-    ToggleUse(&evaluation::SheetConditions::standard, sample);
+void DeskWindow::UseAsPaper(std::size_t sample) {
+    if (GetSheet() == nullptr) return;
+    evaluation::SheetConditions conditions = GetSheet()->Conditions();
+    conditions.paper = Toggled(conditions.paper, sample);
+    Recompute(conditions);
 }
-void DeskWindow::UseAsPaper(std::size_t sample) { ToggleUse(&evaluation::SheetConditions::paper, sample); }
+
 void DeskWindow::PutCursor(int wavelengthIndex) {
     plot_.MoveCursor(wavelengthIndex - plot_.GetCursorIndex().value_or(0));
 }
 
-void DeskWindow::SpeakLanguage(unsigned short entry) {
+void DeskWindow::ChangeLanguage(unsigned short entry) {
     kv::Language::SetLanguage(entry);
     kv::Text::FreeResources();
     kv::Text::LoadText(textStem_, kv::Language::GetCountryCode());
-    TakeTexts();
-    if (sheet_) {
-        Recompute(sheet_->Conditions());
+    UpdateTexts();
+    if (GetSheet() != nullptr) {
+        Recompute(GetSheet()->Conditions());
     } else {
-        judgement_.Show(evaluation::Tolerances(), {}, {});
+        tolerances_.Show({}, {}, {});
     }
-    ShowCommands();
-    ShowStatus();
 }
 
-void DeskWindow::Say(sv::String const& line) {
-    log_.push_back(line);
-    if (messages_ != nullptr) messages_->AddLine(line);
+void DeskWindow::Measure() {
+    if (isBusy_ || !file_.MayDiscard()) return;
+    DeskMeasurement measurement = [this] {
+        Busy const busy(*this);
+        return MeasureChart(*this);
+    }();
+    std::size_t const measured = measurement.file.samples.size();
+    if (measured > 0) ShowFile(std::move(measurement.file), true);
+    if (!measurement.fault.IsEmpty())
+        ShowError(
+            Format(TextOf(Question::MeasurementStopped), {std::to_string(measured), measurement.fault}));
 }
 
-// The window stays as long as this one once it was asked for; its button only ends the waiting.
-void DeskWindow::ShowMessages() {
-    if (messages_ != nullptr && messages_->IsVisible()) return messages_->ToTop();
-    messages_ = std::make_unique<kv::TextFenster>(this, TextOf(Label::Messages), MessagesSize.Width(),
-                                                  MessagesSize.Height());
-    for (sv::String const& line : log_) messages_->AddLine(line);
-    if (!kv::MyPrinter::IsInstantiated()) kv::MyPrinter::CreateMyPrinter({});
-    messages_->EnablePrinting();
-    messages_->AnzeigenUndWarten(1);
-    messages_->Hide();
+bool DeskWindow::SavePlot(sv::String const& path) {
+    if (draw_(plot_, path)) return true;
+    ShowError(Format(TextOf(Question::PlotNotSaved), {path}));
+    return false;
+}
+
+void DeskWindow::AskAndSavePlot() {
+    kv::MyFileDialog dialog(this, kv::MyFileDialog::Save, TextOf(Question::SavePlotTitle));
+    dialog.AddFilter(TextOf(Question::Pictures), "*.png");
+    dialog.AddFilter(TextOf(Question::Drawings), "*.pdf *.svg");
+    if (dialog.Execute() != 0) SavePlot(dialog.GetPath());
+}
+
+bool DeskWindow::PrintReport(sv::String const& printer) {
+    Busy const busy(*this);
+    return reporting_.Print(printer);
+}
+
+bool DeskWindow::SendReport(sv::String const& recipients) {
+    Busy const busy(*this);
+    return reporting_.Send(recipients);
+}
+
+bool DeskWindow::CanDo(Command command) const {
+    if (isBusy_) return false;
+    switch (command) {
+        case Command::Save:
+        case Command::SaveReport:
+        case Command::Print:
+        case Command::SendReport:
+        case Command::SelectAll:
+            return GetSheet() != nullptr;
+        case Command::UseAsStandard:
+        case Command::UseAsPaper:
+        case Command::SavePlot:
+        case Command::CursorLeft:
+        case Command::CursorRight:
+            return !samples_.GetSelectedRows().empty();
+        default:
+            return true;
+    }
+}
+
+void DeskWindow::Execute(Command command) {
+    if (!CanDo(command)) return;
+    auto const firstSelected = [this] {
+        return static_cast<std::size_t>(samples_.GetSelectedRows().front());
+    };
+    switch (command) {
+        case Command::Open:
+            if (!file_.MayDiscard()) return;
+            if (auto const path = file_.AskForPath()) Open(*path);
+            return;
+        case Command::Measure:
+            return Measure();
+        case Command::Save:
+            file_.AskAndSave();
+            return;
+        case Command::SavePlot:
+            return AskAndSavePlot();
+        case Command::SaveReport:
+            if (auto const path = reporting_.AskForPath(); !path.IsEmpty()) PrintReport(path);
+            return;
+        case Command::Print:
+            PrintReport({});
+            return;
+        case Command::SendReport:
+            if (auto const recipients = reporting_.AskForRecipients(); !recipients.IsEmpty())
+                SendReport(recipients);
+            return;
+        case Command::Quit:
+            return WasClosed();
+        case Command::UseAsStandard:
+            return UseAsStandard(firstSelected());
+        case Command::UseAsPaper:
+            return UseAsPaper(firstSelected());
+        case Command::SelectAll: {
+            std::vector<int> all(GetSheet()->Rows().size());
+            std::iota(all.begin(), all.end(), 0);
+            return SelectSamples(std::move(all));
+        }
+        case Command::AutoScale:
+            plot_.SetAutoScale(!plot_.IsAutoScale());
+            return ShowCommands();
+        case Command::CursorLeft:
+            return plot_.MoveCursor(-1);
+        case Command::CursorRight:
+            return plot_.MoveCursor(1);
+        case Command::Messages:
+            return messages_.Show();
+    }
 }
 
 void DeskWindow::WasClosed() {
-    if (isBusy_ || !MayGiveUp()) return;
-    if (messages_ != nullptr) messages_->WasClosed();
+    if (isBusy_ || !file_.MayDiscard()) return;
+    messages_.Close();
     sv::Application::Quit();
 }
 
 long DeskWindow::ConditionHdl(void* /*sender*/) {
-    if (!sheet_) return 0;
-    evaluation::SheetConditions conditions = sheet_->Conditions();
+    if (GetSheet() == nullptr) return 0;
+    evaluation::SheetConditions conditions = GetSheet()->Conditions();
     conditions_.Read(conditions);
-    judgement_.Read(conditions.tolerances);
+    tolerances_.Read(conditions.tolerances);
     Recompute(conditions);
     return 0;
 }
 
 long DeskWindow::LanguageHdl(void* /*sender*/) {
-    SpeakLanguage(conditions_.GetLanguageEntry());
+    ChangeLanguage(conditions_.GetLanguageEntry());
     return 0;
 }
 
@@ -258,6 +314,16 @@ long DeskWindow::SelectHdl(void* /*sender*/) {
 
 long DeskWindow::CursorHdl(void* /*sender*/) {
     ShowStatus();
+    return 0;
+}
+
+long DeskWindow::UseAsStandardHdl(void* /*sender*/) {
+    Execute(Command::UseAsStandard);
+    return 0;
+}
+
+long DeskWindow::UseAsPaperHdl(void* /*sender*/) {
+    Execute(Command::UseAsPaper);
     return 0;
 }
 

@@ -1,21 +1,15 @@
-// DeskWindow: the window of ColourDesk: a chart's samples as a table and as curves, and what can be done with
-// them.
+// DeskWindow: the window of ColourDesk. Shows a chart's samples as a table and as curves.
 #pragma once
 
-#include "Apps/ColourDesk/Command.h"
 #include "Apps/ColourDesk/ConditionsBar.h"
-#include "Apps/ColourDesk/JudgementPanel.h"
+#include "Apps/ColourDesk/DeskCommands.h"
+#include "Apps/ColourDesk/DeskFile.h"
+#include "Apps/ColourDesk/DeskReporting.h"
 #include "Apps/ColourDesk/SampleView.h"
 #include "Apps/ColourDesk/SpectrumPlot.h"
-#include "Apps/evaluation/ColourSheet.h"
-#include "KVUtils/Source/controls/KOBitmapButtonBar.h"
-#include "KVUtils/Source/controls/TextFenster.h"
-#include "KVUtils/Source/dialogs/KORVELMenu.h"
-#include "SV/ui/Controls.h"
+#include "Apps/ColourDesk/TolerancePanel.h"
 
 #include <functional>
-#include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,53 +17,49 @@ namespace colourdesk {
 
 class DeskWindow : public sv::Window {
   public:
-    /// Draws a window into a file, by the ending of its name; false when that cannot be.
+    /// Draws a window into a file of the format that the file's extension names; false when that fails.
     using Draw = std::function<bool(sv::Window& window, sv::String const& path)>;
 
-    /// `textStem` is the text files' name with its path, without the country code and what follows.
+    /// `textStem` is the path of the text files without country code and extension.
     DeskWindow(sv::String textStem, Draw draw);
     ~DeskWindow() override;
 
-    // What the commands do once it is known with which file; each says in a box what went wrong. Paths are
-    // UTF-8.
-    /// True when the file is open. What was open before stays if it is not.
+    // Commands without their dialogs. Each shows in a box what fails. Paths are UTF-8.
+    /// False when the file cannot be read; what was open stays open.
     bool Open(std::string const& path);
-    bool Save(std::string const& path);
+    bool Save(std::string const& path) { return file_.Save(path); }
     /// The path is in the suite's code page.
     bool SavePlot(sv::String const& path);
-    /// The report of all samples, with the spectra of the selected ones, by the queue of this name, the
-    /// default one for an empty name, or into a PDF file. False, after a box, when it did not arrive.
+    /// As `DeskReporting::Print`.
     bool PrintReport(sv::String const& printer);
-    /// The same as a mail to these recipients.
+    /// As `DeskReporting::Send`.
     bool SendReport(sv::String const& recipients);
-    /// Measures a chart through the measuring server, in place of what is open.
+    /// Measures a chart through the measuring server and opens it.
     void Measure();
 
     void Execute(Command command);
     [[nodiscard]] bool CanDo(Command command) const;
 
     /// Null when nothing is open.
-    [[nodiscard]] evaluation::ColourSheet const* GetSheet() const noexcept {
-        return sheet_ ? &*sheet_ : nullptr;
-    }
-    /// The sample becomes the standard, or is none any more if it is; the same for the paper white.
+    [[nodiscard]] evaluation::ColourSheet const* GetSheet() const noexcept { return file_.GetSheet(); }
+    /// Makes the sample the standard; the standard itself is cleared. The same for the paper white.
     void UseAsStandard(std::size_t sample);
     void UseAsPaper(std::size_t sample);
     void SelectSamples(std::vector<int> samples);
     void PutCursor(int wavelengthIndex);
-    /// By its place in the list of languages.
-    void SpeakLanguage(unsigned short entry);
+    /// `entry` is the language's place in the list.
+    void ChangeLanguage(unsigned short entry);
     [[nodiscard]] sv::String const& GetStatus() const noexcept { return status_.GetText(); }
     [[nodiscard]] SpectrumPlot& GetPlot() noexcept { return plot_; }
     [[nodiscard]] SampleView const& GetSamples() const noexcept { return samples_; }
-    /// A measurement that is in no file.
-    [[nodiscard]] bool IsUnsaved() const noexcept { return isUnsaved_; }
+    /// Whether a measurement is in no file.
+    [[nodiscard]] bool IsUnsaved() const noexcept { return file_.IsUnsaved(); }
 
     void Resize() override;
     void WasClosed() override;
 
   private:
-    /// Work that turns the loop, during which nothing else may be begun.
+    /// Disables the window while the event loop runs in a command.
     class Busy {
       public:
         explicit Busy(DeskWindow& desk) : desk_(desk) { desk_.SetBusy(true); }
@@ -82,30 +72,15 @@ class DeskWindow : public sv::Window {
     };
 
     void SetBusy(bool isBusy);
-    void MakeMenu();
-    void MakeButtons();
-    void TakeTexts();
-    void ShowFile(files::MeasurementFile file);
+    void UpdateTexts();
+    void ShowFile(files::MeasurementFile file, bool isUnsaved);
     void Recompute(evaluation::SheetConditions const& conditions);
+    void ShowConditions(evaluation::SheetConditions const& conditions);
     void ShowSelection();
     void ShowStatus();
     void ShowCommands();
-    void ToggleUse(std::optional<std::size_t> evaluation::SheetConditions::*role, std::size_t sample);
-    void Say(sv::String const& line);
-    void ShowMessages();
-    [[nodiscard]] bool MayGiveUp();
-    void AskAndOpen();
-    bool AskAndSave();
     void AskAndSavePlot();
-    void AskAndSaveReport();
-    void AskAndSendReport();
-    [[nodiscard]] bool WriteReport(sv::String const& printer) const;
-    [[nodiscard]] sv::String ChartName() const;
-    void MeasureInto(files::MeasurementFile& file);
-    [[nodiscard]] sv::String PointedValue() const;
 
-    long MenuHdl(sv::MenuBar* sender);
-    long ButtonHdl(kv::KOBitmapButton* sender);
     long ConditionHdl(void* sender);
     long LanguageHdl(void* sender);
     long SelectHdl(void* sender);
@@ -115,19 +90,17 @@ class DeskWindow : public sv::Window {
 
     sv::String textStem_;
     Draw draw_;
-    std::optional<evaluation::ColourSheet> sheet_;
-    bool isUnsaved_ = false;
     bool isBusy_ = false;
-    std::vector<sv::String> log_;
+    DeskMessages messages_{*this};
+    DeskFile file_{*this, messages_};
 
-    std::unique_ptr<kv::KORVELMenu> menu_;
     ConditionsBar conditions_{this};
     SampleView samples_{this};
     SpectrumPlot plot_{this};
-    JudgementPanel judgement_{this};
+    TolerancePanel tolerances_{this};
     sv::FixedText status_{this};
-    std::unique_ptr<kv::KOBitmapButtonBar> buttons_;
-    std::unique_ptr<kv::TextFenster> messages_;
+    DeskCommands commands_{*this, [this](Command command) { Execute(command); }};
+    DeskReporting reporting_{*this, file_, samples_, messages_};
 };
 
 }  // namespace colourdesk

@@ -23,7 +23,7 @@ namespace {
 using namespace colourdesk;
 
 constexpr char const* Version = "1.0";
-constexpr int UnusableArguments = 2;
+constexpr int UsageError = 2;
 
 struct Options {
     std::string file;
@@ -36,36 +36,37 @@ struct Options {
     std::string screenshot;
     std::string plot;
 
-    /// Whether pictures are all that is wanted, and nobody is there to see a window.
+    /// Whether the program only draws pictures and exits.
     [[nodiscard]] bool IsDrawing() const noexcept { return !screenshot.empty() || !plot.empty(); }
-    /// The country code of the language; 0 for the system's.
+    /// 0 for the system's language.
     [[nodiscard]] int CountryCode() const noexcept {
         return language.empty() ? 0 : suite::CountryCodeOf(language);
     }
 };
 
 void Describe(CLI::App& program, Options& options) {
-    program.add_option("FILE", options.file, "Measurements to open: whatever kvcolor reads")->type_name("");
-    program.add_flag("--measure", options.isMeasuring,
-                     "Measure a chart through the measuring server at once");
+    program.add_option("FILE", options.file, "Measurements to open: CGATS, ISO 28178, CSV or a data file")
+        ->type_name("");
+    program.add_flag("--measure", options.isMeasuring, "Measure a chart through the measuring server");
     program.add_option("--standard", options.standard, "Judge all samples against this one")
         ->type_name("NAME");
-    program.add_option("--paper", options.paper, "Take this sample for the paper white")->type_name("NAME");
-    program.add_option("--select", options.selected, "Samples to show in the plot")
+    program.add_option("--paper", options.paper, "Show densities relative to this sample")->type_name("NAME");
+    program.add_option("--select", options.selected, "Select these samples")
         ->delimiter(',')
         ->allow_extra_args(false)
         ->type_name("NAME,...");
-    program.add_option("--cursor", options.cursor, "Put the plot's cursor at this wavelength")
+    program.add_option("--cursor", options.cursor, "Set the plot's cursor to this wavelength")
         ->check(CLI::Range(380, 730))
         ->type_name("NM");
-    program.add_option("--language", options.language, "en or de; the system's without it")
+    program.add_option("--language", options.language, "en or de (default: the system's language)")
         ->check(CLI::IsMember({"en", "de"}))
         ->type_name("LANGUAGE");
     program
         .add_option("--screenshot", options.screenshot,
-                    "Draw the window into this file (.png, .svg, .pdf), without a screen, and end")
+                    "Draw the window into this file (.png, .svg, .pdf) without a display, then exit")
         ->type_name("FILE");
-    program.add_option("--plot", options.plot, "The same with the plot alone")->type_name("FILE");
+    program.add_option("--plot", options.plot, "Draw the plot into this file without a display, then exit")
+        ->type_name("FILE");
     program.set_version_flag("--version", std::string("ColourDesk ") + Version);
 }
 
@@ -77,14 +78,13 @@ std::size_t SampleOf(DeskWindow const& desk, std::string const& name) {
     return static_cast<std::size_t>(sample - samples.begin());
 }
 
-/// What the command line asks for, in front of what a person does.
 void SetUp(DeskWindow& desk, Options const& options) {
     if (!options.file.empty()) desk.Open(options.file);
     if (options.isMeasuring) desk.Measure();
     if (desk.GetSheet() == nullptr) {
-        // What went wrong has been told in a box, and a person goes on from there.
+        // A box has shown the error; the user can open another file.
         bool const wantsSamples = options.isMeasuring || !options.file.empty();
-        if (wantsSamples && options.IsDrawing()) throw std::runtime_error("there is nothing to draw");
+        if (wantsSamples && options.IsDrawing()) throw std::runtime_error("nothing to draw");
         return;
     }
     if (!options.paper.empty()) desk.UseAsPaper(SampleOf(desk, options.paper));
@@ -100,7 +100,7 @@ void SetUp(DeskWindow& desk, Options const& options) {
 void Draw(sv::Window& window, std::string const& path) {
     if (path.empty()) return;
     if (!sv::qt::SaveAs(window, sv::FromNativePath(path)))
-        throw std::runtime_error(path + " cannot be written");
+        throw std::runtime_error(path + ": cannot be written");
 }
 
 void Run(Options const& options) {
@@ -110,7 +110,7 @@ void Run(Options const& options) {
     int count = 1;
     sv::qt::QtBackend const windows(count, arguments.data(),
                                     isDrawing ? sv::qt::Screen::None : sv::qt::Screen::Desktop);
-    // Nobody is there to answer a box.
+    // Print boxes to standard error: no user can answer them.
     if (isDrawing) sv::SetBoxHandler({});
     kv::AppConfig::CreateAppConfig(suite::ProgramIniFile("ColourDesk"));
     suite::SuiteServices const services("ColourDesk", Version, options.CountryCode());
@@ -130,7 +130,7 @@ void Run(Options const& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App program("A workbench for measured charts: colours, judgement and spectra.", "ColourDesk");
+    CLI::App program("Show, judge and report measured charts.", "ColourDesk");
     Options options;
     Describe(program, options);
     try {
@@ -140,7 +140,7 @@ int main(int argc, char** argv) {
         Run(options);
         return EXIT_SUCCESS;
     } catch (CLI::ParseError const& error) {
-        return program.exit(error) == EXIT_SUCCESS ? EXIT_SUCCESS : UnusableArguments;
+        return program.exit(error) == EXIT_SUCCESS ? EXIT_SUCCESS : UsageError;
     } catch (std::exception const& error) {
         std::cerr << "ColourDesk: " << error.what() << '\n';
         return EXIT_FAILURE;

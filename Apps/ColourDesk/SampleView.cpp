@@ -11,7 +11,7 @@ namespace colourdesk {
 
 namespace {
 
-/// Left to right. Those from `Lightness` to `Density` have the titles of the same names.
+/// From left to right. The first ones have the values of their titles.
 enum Column : int {
     Name,
     Colour,
@@ -28,14 +28,14 @@ enum Column : int {
 
 constexpr unsigned long ColourNameCount = 16;
 
-/// Titles and what stands below, in letters.
-constexpr std::array<int, ColumnCount> WidthInLetters = {22, 13, 8, 8, 8, 8, 7, 9, 10, 10};
+/// Of title and contents.
+constexpr std::array<int, ColumnCount> WidthInLetters = {22, 13, 8, 8, 8, 8, 7, 9, 10, 16};
 
 ColumnTitle TitleOf(int column) noexcept {
     return column == Judged ? ColumnTitle::Verdict : static_cast<ColumnTitle>(column);
 }
 
-sv::String Shown(float number, int decimals) {
+sv::String Text(float number, int decimals) {
     return std::isnan(number) ? sv::String() : sv::String(kv::GString(number, decimals));
 }
 
@@ -44,16 +44,16 @@ sv::String Number(evaluation::SheetRow const& row, int column) {
         case Lightness:
         case RedGreen:
         case YellowBlue:
-            return Shown(row.lab[column - Lightness], 2);
+            return Text(row.lab[column - Lightness], 2);
         case Chroma:
-            return Shown(row.lch[1], 2);
+            return Text(row.lch[1], 2);
         case Hue:
-            return Shown(row.lch[2], 1);
+            return Text(row.lch[2], 1);
         case Density:
-            return Shown(row.density[row.densityFilter], 2) +
+            return Text(row.density[row.densityFilter], 2) +
                    (std::string(" ") + evaluation::InkOfFilter(row.densityFilter));
         case Difference:
-            return row.judgement ? Shown(row.judgement->difference, 2) : sv::String();
+            return row.judgement ? Text(row.judgement->difference, 2) : sv::String();
         default:
             return {};
     }
@@ -61,15 +61,15 @@ sv::String Number(evaluation::SheetRow const& row, int column) {
 
 }  // namespace
 
-SampleView::SampleView(sv::Window* parent) : Table(parent) { TakeChanges(); }
+SampleView::SampleView(sv::Window* parent) : Table(parent) { Update(); }
 
 void SampleView::ShowSheet(evaluation::ColourSheet const* sheet) {
     sheet_ = sheet;
-    TakeChanges();
+    Update();
     SetRowCount(sheet == nullptr ? 0 : static_cast<int>(sheet->Rows().size()));
 }
 
-void SampleView::TakeChanges() {
+void SampleView::Update() {
     kv::TextSegment const names("FarbTexte");
     colourNames_.clear();
     for (unsigned long i = 0; i < ColourNameCount; ++i) colourNames_.push_back(names[i]);
@@ -86,7 +86,7 @@ void SampleView::TakeChanges() {
         evaluation::Tolerances const& tolerances = sheet_->Conditions().tolerances;
         columns[Difference].title = evaluation::TitleOf(tolerances.formula, tolerances.weights);
     }
-    // A person's own widths stay where they can.
+    // Setting columns discards the widths that the user has chosen.
     if (!std::ranges::equal(columns, GetColumns())) SetColumns(std::move(columns));
     Invalidate();
 }

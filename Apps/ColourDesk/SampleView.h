@@ -14,10 +14,11 @@ class SampleView : public sv::Table {
   public:
     explicit SampleView(sv::Window* parent);
 
-    /// The sheet is not owned, and stays until the next call; null for none. Nothing is selected then.
+    /// Shows a sheet, with nothing selected; null for none. The sheet is not owned and must live until the
+    /// next call.
     void ShowSheet(evaluation::ColourSheet const* sheet);
-    /// The sheet has other conditions, or the language has changed.
-    void TakeChanges();
+    /// Call after the sheet's conditions or the language have changed.
+    void Update();
 
     [[nodiscard]] sv::TableCell GetCell(int row, int column) const override;
 

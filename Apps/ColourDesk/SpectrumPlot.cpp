@@ -12,11 +12,11 @@ namespace colourdesk {
 SpectrumPlot::SpectrumPlot(sv::Window* parent) : PlotWindow(parent) {
     ChangeXAxisData(report::WavelengthAxis());
     ChangePointerHdl(sv::Link::To<&SpectrumPlot::PointerHdl>(*this));
-    TakeTexts();
+    UpdateTexts();
     Scale();
 }
 
-void SpectrumPlot::TakeTexts() {
+void SpectrumPlot::UpdateTexts() {
     ChangeXAxisText(kv::AxisText(TextOf(Label::Wavelength), 0));
     ChangeYAxisText(kv::AxisText(TextOf(Label::Reflectance), GetYAxisText().GetDecimals()));
     Invalidate();
@@ -24,7 +24,7 @@ void SpectrumPlot::TakeTexts() {
 
 void SpectrumPlot::ShowSamples(files::MeasurementFile const& file, std::span<int const> samples) {
     DeleteAllCurve();
-    curves_ = static_cast<int>(std::min(samples.size(), MostCurves));
+    curves_ = static_cast<int>(std::min(samples.size(), MaxCurves));
     for (int const sample : samples.first(static_cast<std::size_t>(curves_))) {
         AddCurve(report::CurveOf(file.samples[static_cast<std::size_t>(sample)].spectrum));
     }
@@ -50,7 +50,7 @@ void SpectrumPlot::Scale() {
 
 void SpectrumPlot::PutCursor(int index) {
     cursor_ = std::clamp(index, 0, kv::SpectralPoints - 1);
-    // One curve's values can be read at a cross.
+    // A cross marks the value of a single curve.
     SetCursor(static_cast<float>(kv::Wavelength(*cursor_)), curves_ == 1 ? kv::CURSOR_CROSS : kv::CURSOR_LINE,
               0);
 }

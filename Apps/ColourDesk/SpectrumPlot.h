@@ -1,4 +1,4 @@
-// SpectrumPlot: the reflectances of selected patches over the wavelength, with a cursor that follows the
+// SpectrumPlot: the reflectance of selected patches over the wavelength, with a cursor that follows the
 // pointer.
 #pragma once
 
@@ -13,25 +13,25 @@ namespace colourdesk {
 
 class SpectrumPlot : public kv::PlotWindow {
   public:
-    /// More lines tell nobody anything.
-    static constexpr std::size_t MostCurves = 40;
+    /// More curves cannot be told apart.
+    static constexpr std::size_t MaxCurves = 40;
 
     explicit SpectrumPlot(sv::Window* parent);
 
-    /// In place of the curves before, the first ones of many.
+    /// Replaces the curves by those of the first `MaxCurves` samples.
     void ShowSamples(files::MeasurementFile const& file, std::span<int const> samples);
     void ShowNothing();
-    void TakeTexts();
+    void UpdateTexts();
 
-    /// From 0 to the highest curve; else to 1, the perfect white.
+    /// Scales the axis from 0 to the highest curve; else from 0 to 1.
     void SetAutoScale(bool isOn);
     [[nodiscard]] bool IsAutoScale() const noexcept { return isAutoScale_; }
 
-    /// The index of the wavelength under the cursor; none as long as nobody has put it anywhere.
+    /// The index of the wavelength under the cursor; empty before the cursor has been moved.
     [[nodiscard]] std::optional<int> GetCursorIndex() const noexcept { return cursor_; }
-    /// By so many wavelengths to the right; stays in the plot.
+    /// Moves the cursor to the right by so many wavelengths, to the ends of the plot at most.
     void MoveCursor(int steps);
-    /// The cursor has moved. Returns the link before.
+    /// Called when the cursor has moved. Returns the previous link.
     sv::Link ChangeCursorHdl(sv::Link const& link) noexcept;
 
   private:

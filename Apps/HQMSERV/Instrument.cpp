@@ -6,7 +6,7 @@ namespace hqmserv {
 
 namespace {
 
-/// "UV-cut" and "uvcut" are one; what is not stated agrees with everything.
+/// Ignores spelling ("UV-cut", "uvcut"). An empty text matches any.
 bool Agree(std::string const& left, std::string const& right) {
     return left.empty() || right.empty() || files::Key(left) == files::Key(right);
 }

@@ -1,5 +1,5 @@
-// Instrument: a spectrophotometer that plays a chart which was measured before. As with a real one, its white
-// is measured first; each measurement then takes the next patch of the chart.
+// Instrument: a spectrophotometer that replays a measured chart. Like a real one, it must be calibrated on
+// white first; each measurement then takes the next patch.
 #pragma once
 
 #include "Apps/files/MeasurementFile.h"
@@ -15,30 +15,29 @@ using suite::ServerStatus;
 
 class Instrument {
   public:
-    /// With nothing to measure.
+    /// Has nothing to measure.
     Instrument() = default;
     explicit Instrument(files::MeasurementFile chart) : chart_(std::move(chart)) {}
 
-    /// One and the same chart is played by one and the same instrument.
+    /// The serial number depends on the chart alone.
     [[nodiscard]] suite::DeviceIdentity Identity() const;
 
     [[nodiscard]] ServerStatus MeasureWhite() noexcept;
-    /// Takes the next patch.
+    /// Measures the next patch.
     [[nodiscard]] ServerStatus Measure() noexcept;
-    /// Puts the instrument back on the first patch.
+    /// Starts the chart again.
     [[nodiscard]] ServerStatus Restart() noexcept;
 
-    /// Accepts the conditions when the chart was measured under them; what either side does not state agrees
-    /// with everything. Illuminant and observer are
-    /// kept for whoever asks: spectra do not depend on them.
+    /// Accepts the conditions if the chart was measured under them; what one side does not state matches
+    /// anything. Illuminant and observer are only stored, since spectra do not depend on them.
     [[nodiscard]] ServerStatus Require(files::StatedConditions const& conditions);
     [[nodiscard]] files::StatedConditions const& Conditions() const noexcept { return chart_.stated; }
 
-    /// How many patches the chart has, and how many of them were measured.
+    /// The number of patches, and of those measured so far.
     [[nodiscard]] long Patches() const noexcept { return static_cast<long>(chart_.samples.size()); }
     [[nodiscard]] long Measured() const noexcept { return static_cast<long>(measured_); }
     [[nodiscard]] bool HasWhite() const noexcept { return hasWhite_; }
-    /// The last measurement; there must have been one.
+    /// The last measurement. Call only after one.
     [[nodiscard]] suite::MeasuredPatch Last() const;
 
   private:

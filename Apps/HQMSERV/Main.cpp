@@ -1,4 +1,4 @@
-// The program HQMSERV: a measuring server that plays measurement files.
+// The program HQMSERV: a measuring server that replays measurement files.
 #include "Apps/HQMSERV/Options.h"
 #include "Apps/HQMSERV/Server.h"
 #include "Apps/suite/SuiteServices.h"
@@ -16,7 +16,7 @@ namespace {
 
 using namespace hqmserv;
 
-constexpr std::chrono::seconds PatienceWhenCalled{30};
+constexpr std::chrono::seconds TimeoutWhenCalled{30};
 
 std::string FileOf(Options const& options) {
     if (!options.file.empty()) return options.file;
@@ -24,8 +24,8 @@ std::string FileOf(Options const& options) {
     return named.IsEmpty() ? "" : sv::NativePath(named);
 }
 
-/// The instrument; when its file cannot be used, one with nothing to measure, whose display tells why. A
-/// person at a terminal is told at once, by the exception.
+/// Reads the instrument's file. If that fails in a server that was started by a message, the display shows
+/// why; at a terminal the exception is passed on.
 Instrument Prepare(Options const& options, Server::Settings& settings) {
     try {
         std::string const file = FileOf(options);
@@ -40,20 +40,20 @@ Instrument Prepare(Options const& options, Server::Settings& settings) {
 void Serve(Options const& options) {
     if (!kv::PostOffice::IsSupported()) {
         throw std::runtime_error(
-            "messages between programs do not work here: the folder for their sockets "
-            "cannot be made, or is open to other users");
+            "messages between programs do not work here: the folder for their sockets cannot be created, or is "
+            "open to other users");
     }
     if (kv::PostOffice::IsReachable(suite::ServerName)) {
-        if (options.isCalled) return;  // two messages were faster than one start
-        throw std::runtime_error("another one is running already");
+        if (options.isCalled) return;  // two messages have started two servers
+        throw std::runtime_error("already running");
     }
     suite::SuiteServices const services(suite::ServerName, Version, options.language);
     Server::Settings settings;
     settings.measuringTime = options.measuringTime;
-    if (options.isCalled) settings.patience = PatienceWhenCalled;
+    if (options.isCalled) settings.timeout = TimeoutWhenCalled;
     Instrument instrument = Prepare(options, settings);
     if (!options.isCalled) {
-        std::cerr << "HQMSERV: " << instrument.Patches() << " patches; ends after its last client\n";
+        std::cerr << "HQMSERV: " << instrument.Patches() << " patches; exits after its last client\n";
     }
     Server const server(std::move(instrument), settings);
     sv::Application::Execute();

@@ -16,39 +16,43 @@ using Clock = std::chrono::steady_clock;
 
 constexpr unsigned char AtOnce = 0;
 constexpr unsigned char InTurn = 1;
-/// The user event that comes when no client was there in time.
-constexpr unsigned long LonelyEvent = 2002;
+/// Posted when no client has connected before the timeout.
+constexpr unsigned long NoClientEvent = 2002;
 
-/// The texts of the display, by their places in the file.
+/// Numbers of the display's texts in their group.
 enum DisplayText : unsigned long { NothingToMeasure, WhitePlease, Ready, EndOfChart };
 
-using suite::operator<<;  // of conditions, which live in another namespace
+template <class Field>
+void Put(kv::MyMemoryBlock& block, Field const& field) {
+    block << field;
+}
+void Put(kv::MyMemoryBlock& block, sv::String const& text) { block << text; }
+void Put(kv::MyMemoryBlock& block, std::string const& text) { block << sv::String(files::ToSuite(text)); }
+void Put(kv::MyMemoryBlock& block, suite::MeasuredPatch const& patch) { suite::PutPatch(block, patch); }
+void Put(kv::MyMemoryBlock& block, files::StatedConditions const& conditions) {
+    suite::PutConditions(block, conditions);
+}
 
-/// An answer: its status, and its fields when that is Done.
+/// Answers with a status, and with fields if that is Done.
 template <class... Fields>
-long Answer(kv::KORVELEvent* event, ServerStatus status, Fields const&... fields) {
+void Answer(kv::KORVELEvent* event, ServerStatus status, Fields const&... fields) {
     kv::MyMemoryBlock data;
     data << static_cast<unsigned char>(status);
-    if (status == ServerStatus::Done) static_cast<void>((data << ... << fields));
-    // Nobody is to be told when that fails: the asker is gone.
+    if (status == ServerStatus::Done) (Put(data, fields), ...);
+    // Fails when the client has exited, which needs no report.
     kv::PostOffice::Instance()->Answer(event, data);
-    return 0;
 }
 
 template <class... Fields>
-long Answer(kv::KORVELEvent* event, Fields const&... fields) {
-    return Answer(event, ServerStatus::Done, fields...);
+void Answer(kv::KORVELEvent* event, Fields const&... fields) {
+    Answer(event, ServerStatus::Done, fields...);
 }
 
-long Answer(kv::KORVELEvent* event, std::string const& text) {
-    return Answer(event, ServerStatus::Done, sv::String(files::ToSuite(text)));
+void AnswerByte(kv::KORVELEvent* event, bool isSo) {
+    Answer(event, static_cast<unsigned char>(isSo ? 1 : 0));
 }
 
-long AnswerByte(kv::KORVELEvent* event, bool isSo) {
-    return Answer(event, ServerStatus::Done, static_cast<unsigned char>(isSo ? 1 : 0));
-}
-
-/// In the language that the last client asked for.
+/// In the language that the last client has requested.
 sv::String TextOf(DisplayText number) {
     static int loaded = 0;
     int const language = kv::Language::GetCountryCode();
@@ -64,33 +68,89 @@ sv::String TextOf(DisplayText number) {
 
 constinit Server* Server::theServer_ = nullptr;
 
-template <auto Handler>
-void Server::Handle(int message, unsigned char when) {
-    auto const link = sv::Link::To<Handler>(*this);
-    kv::PostOffice::Instance()->ChangeMessageHdl(static_cast<unsigned>(message), link, when);
+std::span<Server::Entry const> Server::Table() {
+    static constexpr auto Trigger = [](Server& server, Event* event) {
+        ServerStatus const status = server.Measure();
+        Answer(event, status, server.instrument_.Measured());
+        if (status == ServerStatus::Done) server.NotifyListeners();
+    };
+    // Replaces the post office's own handler, which shows a box if a client exits before its answer.
+    static constexpr auto Protocol = [](Server& server, Event* event) {
+        if (kv::PostOffice::NumberOfCommand(*event) == kv::DISCONNECT)
+            std::erase(server.listeners_, event->GetSender());
+        Answer(event);
+    };
+    static constexpr Entry Entries[] = {
+        {kv::GET_SW_VERSION, AtOnce,
+         [](Server& server, Event* event) { Answer(event, server.instrument_.Identity().softwareVersion); }},
+        {kv::GET_DEVICE_NAME, AtOnce,
+         [](Server& server, Event* event) { Answer(event, server.instrument_.Identity().name); }},
+        {kv::GET_DEVICE_TYPE, AtOnce,
+         [](Server& server, Event* event) {
+             Answer(event, static_cast<short>(server.instrument_.Identity().type));
+         }},
+        {kv::GET_SERIE_NR, AtOnce,
+         [](Server& server, Event* event) { Answer(event, server.instrument_.Identity().serialNumber); }},
+        {kv::GET_DISPLAY_STRING, AtOnce,
+         [](Server& server, Event* event) { Answer(event, server.Display()); }},
+        {kv::IS_APP_READY, AtOnce, [](Server& /*server*/, Event* event) { AnswerByte(event, true); }},
+        {kv::IS_READY, AtOnce,
+         [](Server& server, Event* event) {
+             AnswerByte(event, server.instrument_.Patches() > 0 && !server.isMeasuring_);
+         }},
+        {kv::EXEC_WHITE_MEASUREMENT, InTurn,
+         [](Server& server, Event* event) {
+             server.WaitForExposure();
+             Answer(event, server.instrument_.MeasureWhite());
+         }},
+        {kv::NEW_MEASURE_REQUEST, InTurn,
+         [](Server& server, Event* event) {
+             ServerStatus const status = server.instrument_.Restart();
+             Answer(event, status, server.instrument_.Patches());
+         }},
+        {kv::EXEC_MEASUREMENT, InTurn,
+         [](Server& server, Event* event) {
+             ServerStatus const status = server.Measure();
+             Answer(event, status, server.instrument_.Measured());
+         }},
+        {kv::SPECTRUM_REQUEST, InTurn,
+         [](Server& server, Event* event) {
+             if (server.instrument_.Measured() == 0) return Answer(event, ServerStatus::NothingMeasured);
+             Answer(event, server.instrument_.Last());
+         }},
+        {kv::PARAMETER_REQUEST, InTurn,
+         [](Server& server, Event* event) { Answer(event, server.instrument_.Conditions()); }},
+        {kv::PARAMETER_DOWNLOAD, InTurn,
+         [](Server& server, Event* event) {
+             kv::MyMemoryBlock data = event->GetData();
+             Answer(event, server.instrument_.Require(suite::TakeConditions(data)));
+         }},
+        {kv::NOTIFY_MESSUNG, InTurn,
+         [](Server& server, Event* event) {
+             sv::String const sender = event->GetSender();
+             if (std::ranges::find(server.listeners_, sender) == server.listeners_.end())
+                 server.listeners_.push_back(sender);
+             Answer(event);
+         }},
+        {kv::NOTIFY_MESSUNG_AUS, InTurn,
+         [](Server& server, Event* event) {
+             std::erase(server.listeners_, event->GetSender());
+             Answer(event);
+         }},
+        {kv::MESSUNG_AUSGELOEST, InTurn, Trigger},
+        {kv::LOCK, InTurn, Protocol},
+        {kv::UNLOCK, InTurn, Protocol},
+        {kv::DISCONNECT, InTurn, Protocol}};
+    return Entries;
 }
 
 Server::Server(Instrument instrument, Settings settings)
     : instrument_(std::move(instrument)), settings_(std::move(settings)) {
     theServer_ = this;
-    Handle<&Server::VersionHdl>(kv::GET_SW_VERSION, AtOnce);
-    Handle<&Server::DeviceNameHdl>(kv::GET_DEVICE_NAME, AtOnce);
-    Handle<&Server::DeviceTypeHdl>(kv::GET_DEVICE_TYPE, AtOnce);
-    Handle<&Server::SerialNumberHdl>(kv::GET_SERIE_NR, AtOnce);
-    Handle<&Server::DisplayHdl>(kv::GET_DISPLAY_STRING, AtOnce);
-    Handle<&Server::AppReadyHdl>(kv::IS_APP_READY, AtOnce);
-    Handle<&Server::ReadyHdl>(kv::IS_READY, AtOnce);
-    Handle<&Server::WhiteHdl>(kv::EXEC_WHITE_MEASUREMENT, InTurn);
-    Handle<&Server::NewChartHdl>(kv::NEW_MEASURE_REQUEST, InTurn);
-    Handle<&Server::MeasureHdl>(kv::EXEC_MEASUREMENT, InTurn);
-    Handle<&Server::SpectrumHdl>(kv::SPECTRUM_REQUEST, InTurn);
-    Handle<&Server::ParameterRequestHdl>(kv::PARAMETER_REQUEST, InTurn);
-    Handle<&Server::ParameterDownloadHdl>(kv::PARAMETER_DOWNLOAD, InTurn);
-    Handle<&Server::NotifyHdl>(kv::NOTIFY_MESSUNG, InTurn);
-    Handle<&Server::NotifyOffHdl>(kv::NOTIFY_MESSUNG_AUS, InTurn);
-    Handle<&Server::TriggerHdl>(kv::MESSUNG_AUSGELOEST, InTurn);
-    for (int const message : {kv::LOCK, kv::UNLOCK, kv::DISCONNECT})
-        Handle<&Server::ProtocolHdl>(message, InTurn);
+    auto const link = sv::Link::To<&Server::MessageHdl>(*this);
+    for (Entry const& entry : Table()) {
+        kv::PostOffice::Instance()->ChangeMessageHdl(static_cast<unsigned>(entry.message), link, entry.when);
+    }
     kv::PostOffice::Instance()->ChangePeerGoneHdl(sv::Link::To<&Server::PeerGoneHdl>(*this));
     sv::Application::SetUserEventHdl(&UserEvent);
     WaitForFirstClient();
@@ -102,80 +162,26 @@ Server::~Server() {
 }
 
 void Server::WaitForFirstClient() {
-    if (settings_.patience.count() == 0) return;
-    patience_ = std::jthread([patience = settings_.patience](std::stop_token const& stop) {
+    if (settings_.timeout.count() == 0) return;
+    timeout_ = std::jthread([timeout = settings_.timeout](std::stop_token const& stop) {
         std::mutex mutex;
         std::unique_lock lock(mutex);
-        std::condition_variable_any().wait_for(lock, stop, patience, [] { return false; });
-        if (!stop.stop_requested()) sv::Application::PostUserEvent(LonelyEvent, nullptr);
+        std::condition_variable_any().wait_for(lock, stop, timeout, [] { return false; });
+        if (!stop.stop_requested()) sv::Application::PostUserEvent(NoClientEvent, nullptr);
     });
 }
 
 void Server::UserEvent(unsigned long id, void* data) {
     kv::DDE::UserEvent(id, data);
     bool const isWaiting = theServer_ != nullptr && kv::PostOffice::Instance()->ConnectedClients() <= 0;
-    if (id == LonelyEvent && isWaiting) sv::Application::Quit();
+    if (id == NoClientEvent && isWaiting) sv::Application::Quit();
 }
 
-long Server::VersionHdl(Event* event) { return Answer(event, instrument_.Identity().softwareVersion); }
-long Server::DeviceNameHdl(Event* event) { return Answer(event, instrument_.Identity().name); }
-long Server::DeviceTypeHdl(Event* event) {
-    return Answer(event, static_cast<short>(instrument_.Identity().type));
-}
-long Server::SerialNumberHdl(Event* event) { return Answer(event, instrument_.Identity().serialNumber); }
-long Server::DisplayHdl(Event* event) { return Answer(event, Display()); }
-long Server::AppReadyHdl(Event* event) { return AnswerByte(event, theServer_ == this); }
-long Server::ReadyHdl(Event* event) { return AnswerByte(event, instrument_.Patches() > 0 && !isMeasuring_); }
-
-long Server::WhiteHdl(Event* event) {
-    Expose();
-    return Answer(event, instrument_.MeasureWhite());
-}
-
-long Server::NewChartHdl(Event* event) {
-    ServerStatus const status = instrument_.Restart();
-    return Answer(event, status, instrument_.Patches());
-}
-
-long Server::MeasureHdl(Event* event) {
-    ServerStatus const status = Measure();
-    return Answer(event, status, instrument_.Measured());
-}
-
-long Server::SpectrumHdl(Event* event) {
-    if (instrument_.Measured() == 0) return Answer(event, ServerStatus::NothingMeasured);
-    return Answer(event, instrument_.Last());
-}
-
-long Server::ParameterRequestHdl(Event* event) { return Answer(event, instrument_.Conditions()); }
-
-long Server::ParameterDownloadHdl(Event* event) {
-    kv::MyMemoryBlock data = event->GetData();
-    return Answer(event, instrument_.Require(suite::TakeConditions(data)));
-}
-
-long Server::NotifyHdl(Event* event) {
-    sv::String const sender = event->GetSender();
-    if (std::ranges::find(listeners_, sender) == listeners_.end()) listeners_.push_back(sender);
-    return Answer(event);
-}
-
-long Server::NotifyOffHdl(Event* event) {
-    std::erase(listeners_, event->GetSender());
-    return Answer(event);
-}
-
-long Server::TriggerHdl(Event* event) {
-    ServerStatus const status = Measure();
-    Answer(event, status, instrument_.Measured());
-    if (status == ServerStatus::Done) TellListeners();
+long Server::MessageHdl(Event* event) {
+    int const message = kv::PostOffice::NumberOfCommand(*event);
+    auto const entry = std::ranges::find(Table(), message, &Entry::message);
+    if (entry != Table().end()) entry->handle(*this, event);
     return 0;
-}
-
-// Replaces the post office's own handler, which would show a box when a client exits before its answer.
-long Server::ProtocolHdl(Event* event) {
-    if (kv::PostOffice::NumberOfCommand(*event) == kv::DISCONNECT) std::erase(listeners_, event->GetSender());
-    return Answer(event);
 }
 
 long Server::PeerGoneHdl(sv::String* peer) {
@@ -196,7 +202,7 @@ sv::String Server::Display() const {
     return place + " " + sv::String(files::ToSuite(instrument_.Last().name));
 }
 
-void Server::Expose() {
+void Server::WaitForExposure() {
     isMeasuring_ = true;
     for (auto const end = Clock::now() + settings_.measuringTime; Clock::now() < end;) {
         sv::Application::Reschedule();
@@ -205,11 +211,11 @@ void Server::Expose() {
 }
 
 ServerStatus Server::Measure() {
-    Expose();
+    WaitForExposure();
     return instrument_.Measure();
 }
 
-void Server::TellListeners() {
+void Server::NotifyListeners() {
     std::vector<sv::String> const listeners = listeners_;
     for (sv::String target : listeners) {
         sv::String message(int{kv::MESSUNG_AUSGELOEST});

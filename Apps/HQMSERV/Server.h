@@ -1,11 +1,11 @@
-// Server: the measuring server's side of the messages. Apps/suite/ServerPayloads.h tells what they
-// mean.
+// Server: answers the messages to the measuring server. Apps/suite/ServerPayloads.h documents them.
 #pragma once
 
 #include "Apps/HQMSERV/Instrument.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 
 #include <chrono>
+#include <span>
 #include <string>
 #include <thread>
 #include <vector>
@@ -16,13 +16,13 @@ class Server {
   public:
     struct Settings {
         std::chrono::milliseconds measuringTime{0};
-        /// What the display shows while there is nothing to measure; empty for the usual text.
+        /// Shown on the display of an instrument with nothing to measure; empty for the usual text.
         std::string fault;
-        /// How long to wait for a first client; 0 for as long as it takes.
-        std::chrono::seconds patience{0};
+        /// Exits without a client after this time; 0 for no timeout.
+        std::chrono::seconds timeout{0};
     };
 
-    /// Installs the handlers with the post office, which must outlive the object.
+    /// Installs the handlers. The post office must outlive the object. Only one object may exist at a time.
     Server(Instrument instrument, Settings settings);
     Server(Server const&) = delete;
     Server& operator=(Server const&) = delete;
@@ -31,40 +31,27 @@ class Server {
   private:
     using Event = kv::KORVELEvent;
 
-    long VersionHdl(Event* event);
-    long DeviceNameHdl(Event* event);
-    long DeviceTypeHdl(Event* event);
-    long SerialNumberHdl(Event* event);
-    long DisplayHdl(Event* event);
-    long AppReadyHdl(Event* event);
-    long ReadyHdl(Event* event);
-    long WhiteHdl(Event* event);
-    long NewChartHdl(Event* event);
-    long MeasureHdl(Event* event);
-    long SpectrumHdl(Event* event);
-    long ParameterRequestHdl(Event* event);
-    long ParameterDownloadHdl(Event* event);
-    long NotifyHdl(Event* event);
-    long NotifyOffHdl(Event* event);
-    long TriggerHdl(Event* event);
-    long ProtocolHdl(Event* event);
+    struct Entry {
+        int message;
+        unsigned char when;
+        void (*handle)(Server& server, Event* event);
+    };
+    [[nodiscard]] static std::span<Entry const> Table();
+    long MessageHdl(Event* event);
     long PeerGoneHdl(sv::String* peer);
-
-    template <auto Handler>
-    void Handle(int message, unsigned char when);
     static void UserEvent(unsigned long id, void* data);
     void WaitForFirstClient();
 
     [[nodiscard]] sv::String Display() const;
-    void Expose();
+    void WaitForExposure();
     [[nodiscard]] ServerStatus Measure();
-    void TellListeners();
+    void NotifyListeners();
 
     Instrument instrument_;
     Settings settings_;
     std::vector<sv::String> listeners_;
     bool isMeasuring_ = false;
-    std::jthread patience_;
+    std::jthread timeout_;
 
     static Server* theServer_;
 };

@@ -24,7 +24,7 @@ using files::MeasurementFile;
 using kv::GString;
 using End = ReportColumn::End;
 
-/// The texts by their places in the group.
+/// Numbers of the texts in their group.
 enum ReportText : unsigned long {
     Title,
     Source,
@@ -77,23 +77,6 @@ constexpr ReportColumn VerdictColumn{1610, End::Left, 190};
 constexpr sv::Color Quiet(0x6060, 0x6060, 0x6060);
 constexpr sv::Color Warning(0xB000, 0x1800, 0x1800);
 
-/// Another colour of letters for a while.
-class FontColor {
-  public:
-    FontColor(sv::OutputDevice& device, sv::Color color) : device_(device), before_(device.GetFont()) {
-        sv::Font font = before_;
-        font.ChangeColor(color);
-        device_.ChangeFont(font);
-    }
-    FontColor(FontColor const&) = delete;
-    FontColor& operator=(FontColor const&) = delete;
-    ~FontColor() { device_.ChangeFont(before_); }
-
-  private:
-    sv::OutputDevice& device_;
-    sv::Font before_;
-};
-
 std::string const& NameOf(MeasurementFile const& file) {
     return file.source.empty() ? file.path : file.source;
 }
@@ -105,8 +88,8 @@ class ChartReport {
           page_(printer),
           sheet_(sheet),
           conditions_(sheet.Conditions()),
-          samples_(Present(options.samples)),
-          curves_(Present(options.curves)),
+          samples_(InRange(options.samples)),
+          curves_(InRange(options.curves)),
           verdict_(sheet.VerdictOn(samples_)) {}
 
     void Write() {
@@ -124,18 +107,20 @@ class ChartReport {
     void WritePlot();
     void WriteLegend();
     void WriteTable();
-    void BeginFurtherPage();
+    void BeginNextPage();
     void WriteTableHead();
+    void DrawSwatch(sv::Color color);
     void WriteRow(std::size_t sample);
     void WriteVerdict(std::size_t sample);
     void WritePair(std::size_t side, sv::String const& label, sv::String const& value);
-    [[nodiscard]] std::vector<std::size_t> Present(std::vector<std::size_t> samples) const;
+    void EndPairs() { page_.Skip(page_.LineHeight() + 4); }
+    [[nodiscard]] std::vector<std::size_t> InRange(std::vector<std::size_t> samples) const;
     [[nodiscard]] sv::String SampleName(std::size_t sample) const;
-    [[nodiscard]] sv::String MeasurementOf() const;
-    [[nodiscard]] sv::String MeasureOf() const {
+    [[nodiscard]] sv::String MeasurementText() const;
+    [[nodiscard]] sv::String FormulaTitle() const {
         return evaluation::TitleOf(conditions_.tolerances.formula, conditions_.tolerances.weights);
     }
-    [[nodiscard]] sv::String LimitsOf() const;
+    [[nodiscard]] sv::String LimitsText() const;
     [[nodiscard]] bool HasDifferences() const noexcept { return verdict_.judged > 0; }
     [[nodiscard]] bool IsJudging() const noexcept {
         return HasDifferences() && conditions_.tolerances.HasLimits();
@@ -152,7 +137,7 @@ class ChartReport {
     kv::TextSegment colourNames_{"FarbTexte"};
 };
 
-std::vector<std::size_t> ChartReport::Present(std::vector<std::size_t> samples) const {
+std::vector<std::size_t> ChartReport::InRange(std::vector<std::size_t> samples) const {
     std::erase_if(samples, [this](std::size_t sample) { return sample >= sheet_.Rows().size(); });
     return samples;
 }
@@ -165,18 +150,18 @@ sv::String FileNameOf(std::string const& path) {
     return files::ToSuite(platform::Utf8Of(platform::PathOf(path).filename()));
 }
 
-sv::String ChartReport::MeasurementOf() const {
+sv::String ChartReport::MeasurementText() const {
     files::StatedConditions const& stated = sheet_.File().stated;
     bool const hasBoth = !stated.measurementMode.empty() && !stated.filter.empty();
     return files::ToSuite(stated.measurementMode + (hasBoth ? ", " : "") + stated.filter);
 }
 
-/// "dE*ab 2.00, dL* 1.00".
-sv::String ChartReport::LimitsOf() const {
+/// For example "dE*ab 2.00, dL* 1.00".
+sv::String ChartReport::LimitsText() const {
     using evaluation::DifferenceFormula;
     evaluation::Tolerances const& tolerances = conditions_.tolerances;
     std::array<std::pair<sv::String, double>, 4> const limits = {
-        {{MeasureOf(), tolerances.difference},
+        {{FormulaTitle(), tolerances.difference},
          {std::string(NameOf(DifferenceFormula::DeltaL)), tolerances.components[0]},
          {std::string(NameOf(DifferenceFormula::DeltaC)), tolerances.components[1]},
          {std::string(NameOf(DifferenceFormula::DeltaH)), tolerances.components[2]}}};
@@ -200,34 +185,29 @@ void ChartReport::WriteTitle() {
 
 void ChartReport::WritePair(std::size_t side, sv::String const& label, sv::String const& value) {
     printer_.Normal();
-    {
-        FontColor const quiet(printer_, Quiet);
-        page_.Write(LabelColumns[side], label);
-    }
+    page_.Write(LabelColumns[side], label, Quiet);
     page_.Write(ValueColumns[side], value);
 }
 
 void ChartReport::WriteConditions() {
-    sv::String const measurement = MeasurementOf();
-    auto const line = [this] { page_.Skip(page_.LineHeight() + 4); };
+    sv::String const measurement = MeasurementText();
     WritePair(0, texts_[Samples], sv::String(samples_.size()));
     WritePair(1, texts_[Illuminant], sv::String(conditions_.illuminant));
-    line();
+    EndPairs();
     WritePair(0, texts_[PaperWhite], conditions_.paper ? SampleName(*conditions_.paper) : texts_[Absolute]);
     WritePair(1, texts_[Observer], sv::String(conditions_.observer));
-    line();
+    EndPairs();
     if (!measurement.IsEmpty()) WritePair(0, texts_[Measurement], measurement);
     WritePair(1, texts_[DensityStandard], sv::String(conditions_.densityStandard));
-    line();
+    EndPairs();
     page_.Skip(Gap / 2);
 }
 
 void ChartReport::WriteSummary() {
     if (!HasDifferences()) return;
-    auto const line = [this] { page_.Skip(page_.LineHeight() + 4); };
     WritePair(0, texts_[Standard], SampleName(*conditions_.standard));
-    WritePair(1, texts_[Mean], GString(verdict_.mean, 2) + " " + MeasureOf());
-    line();
+    WritePair(1, texts_[Mean], GString(verdict_.mean, 2) + " " + FormulaTitle());
+    EndPairs();
     if (IsJudging()) {
         WritePair(0, texts_[WithinTolerance],
                   sv::String(verdict_.within) + " " + texts_[Of] + " " + sv::String(verdict_.judged));
@@ -236,10 +216,10 @@ void ChartReport::WriteSummary() {
         WritePair(1, texts_[Maximum],
                   GString(verdict_.largest, 2) + " (" + SampleName(*verdict_.whereLargest) + ")");
     }
-    line();
+    EndPairs();
     if (IsJudging()) {
-        WritePair(0, texts_[Tolerance], LimitsOf());
-        line();
+        WritePair(0, texts_[Tolerance], LimitsText());
+        EndPairs();
     }
     page_.Skip(Gap / 2);
 }
@@ -269,10 +249,9 @@ void ChartReport::WriteLegend() {
             place = 0;
         }
         sv::Point const start = printer_.curPos() + sv::Point(place * width, page_.LineHeight() / 2);
-        sv::Pen const pen =
-            printer_.ChangePen(sv::Pen(report::CurveColor(sheet_.File().samples[curve].spectrum), 5));
+        DrawingState const before(printer_);
+        printer_.ChangePen(sv::Pen(CurveColor(sheet_.File().samples[curve].spectrum), 5));
         printer_.DrawLine(start, start + sv::Point(LegendLine, 0));
-        printer_.ChangePen(pen);
         int const text = place * width + LegendLine + 15;
         page_.Write({text, End::Left, (place + 1) * width - text - 15}, SampleName(curve));
         ++place;
@@ -284,13 +263,13 @@ void ChartReport::WriteTable() {
     page_.Ensure(6 * page_.LineHeight());
     WriteTableHead();
     for (std::size_t i = 0; i < samples_.size(); ++i) {
-        if (i > 0) page_.NextLine([this] { BeginFurtherPage(); });
+        if (i > 0) page_.NextLine([this] { BeginNextPage(); });
         WriteRow(samples_[i]);
     }
 }
 
-void ChartReport::BeginFurtherPage() {
-    // So that the button that gives up is heard.
+void ChartReport::BeginNextPage() {
+    // Lets the user press the button that aborts.
     sv::Application::Reschedule();
     WriteTableHead();
 }
@@ -301,7 +280,7 @@ void ChartReport::WriteTableHead() {
     page_.Write(ColourColumn, texts_[HeadColour]);
     for (std::size_t i = 0; i < NumberColumns.size(); ++i) page_.Write(NumberColumns[i], NumberHeads[i]);
     page_.Write(DensityColumn, "D");
-    if (HasDifferences()) page_.Write(DifferenceColumn, MeasureOf());
+    if (HasDifferences()) page_.Write(DifferenceColumn, FormulaTitle());
     if (IsJudging()) page_.Write(VerdictColumn, texts_[HeadVerdict]);
     page_.Skip(page_.LineHeight() + 4);
     page_.Rule();
@@ -309,43 +288,39 @@ void ChartReport::WriteTableHead() {
     printer_.Normal();
 }
 
+void ChartReport::DrawSwatch(sv::Color color) {
+    DrawingState const before(printer_);
+    printer_.ChangePen(sv::Pen(sv::Color(0xB000, 0xB000, 0xB000)));
+    printer_.ChangeFillInBrush(sv::Brush(color));
+    printer_.DrawRect(
+        sv::Rectangle::Of(printer_.curPos() + sv::Point(0, 2), {SwatchWidth, page_.LineHeight() - 4}));
+}
+
 void ChartReport::WriteRow(std::size_t sample) {
     SheetRow const& row = sheet_.Rows()[sample];
     printer_.Normal();
-    sv::Pen const pen = printer_.ChangePen(sv::Pen(sv::Color(0xB000, 0xB000, 0xB000)));
-    sv::Brush const brush = printer_.ChangeFillInBrush(sv::Brush(row.swatch));
-    printer_.DrawRect(
-        sv::Rectangle::Of(printer_.curPos() + sv::Point(0, 2), {SwatchWidth, page_.LineHeight() - 4}));
-    printer_.ChangeFillInBrush(brush);
-    printer_.ChangePen(pen);
-
+    DrawSwatch(row.swatch);
     page_.Write(NameColumn, SampleName(sample));
     page_.Write(ColourColumn, colourNames_[static_cast<unsigned long>(row.name)]);
     std::array<float, 5> const numbers = {row.lab[0], row.lab[1], row.lab[2], row.lch[1], row.lch[2]};
     for (std::size_t i = 0; i < numbers.size(); ++i)
         page_.Write(NumberColumns[i], GString(numbers[i], i == 4 ? 1 : 2));
     page_.Write(DensityColumn, GString(row.density[row.densityFilter], 2));
-    {
-        FontColor const quiet(printer_, Quiet);
-        page_.Write(InkColumn, std::string(1, evaluation::InkOfFilter(row.densityFilter)));
-    }
+    page_.Write(InkColumn, std::string(1, evaluation::InkOfFilter(row.densityFilter)), Quiet);
     WriteVerdict(sample);
 }
 
 void ChartReport::WriteVerdict(std::size_t sample) {
     if (!HasDifferences()) return;
-    auto const write = [this](sv::Color color, sv::String const& text) {
-        FontColor const letters(printer_, color);
-        page_.Write(VerdictColumn, text);
-    };
     auto const& judgement = sheet_.Rows()[sample].judgement;
     if (!judgement) {
-        if (conditions_.standard == sample) write(Quiet, texts_[IsStandard]);
+        if (conditions_.standard == sample) page_.Write(VerdictColumn, texts_[IsStandard], Quiet);
         return;
     }
     if (!std::isnan(judgement->difference)) page_.Write(DifferenceColumn, GString(judgement->difference, 2));
     if (!IsJudging()) return;
-    write(judgement->isWithin ? sv::Color() : Warning, texts_[judgement->isWithin ? Pass : Fail]);
+    page_.Write(VerdictColumn, texts_[judgement->isWithin ? Pass : Fail],
+                judgement->isWithin ? sv::Color() : Warning);
 }
 
 }  // namespace

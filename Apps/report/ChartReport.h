@@ -1,5 +1,5 @@
-// ChartReport: a measured chart on paper, as it is handed to a customer: what was measured under which
-// conditions, the spectra of some samples, and a table of all of them with their difference to a standard.
+// ChartReport: prints a measured chart for a customer: the conditions, spectra of some samples, and a table
+// of all samples with their differences from a standard.
 #pragma once
 
 #include "Apps/evaluation/ColourSheet.h"
@@ -11,16 +11,16 @@
 
 namespace report {
 
-/// Which part of a sheet is reported. Indices are those of its samples; one that it lacks is left out.
+/// What to report. Values are indices of the sheet's samples; those out of range are skipped.
 struct ReportOptions {
-    std::vector<std::size_t> samples;  // in their order
-    std::vector<std::size_t> curves;   // whose spectra are drawn; none for no plot
-    std::string language;              // of the texts, for the document: "en", "de"
+    std::vector<std::size_t> samples;  // rows of the table, in this order
+    std::vector<std::size_t> curves;   // spectra to draw; empty for no plot
+    std::string language;              // of the texts: "en" or "de"
 };
 
-/// Writes the report through the printer, as one job. The texts are those of the group "ChartReport" and, for
-/// names of colours, "FarbTexte". The head line's user and the foot note's program are the printer's matter.
-/// False when the printer refused the job, the person has aborted it, or it did not arrive.
+/// Prints the report as one job. Texts are those of the group "ChartReport", and "FarbTexte" for names of
+/// colours. The printer writes the user's name and the program's name on each page. False when the printer
+/// refused the job, the user aborted it, or it failed.
 bool PrintChartReport(kv::MyPrinter& printer, evaluation::ColourSheet const& sheet,
                       ReportOptions const& options);
 

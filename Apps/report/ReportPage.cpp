@@ -4,8 +4,7 @@ namespace report {
 
 namespace {
 
-/// An ellipsis, in the suite's code page.
-constexpr char Ellipsis = '\x85';
+constexpr char Ellipsis = '\x85';  // in the suite's code page
 
 }  // namespace
 
@@ -27,8 +26,14 @@ sv::String ReportPage::Fitting(sv::String const& text, int width) const {
     return part + Ellipsis;
 }
 
-void ReportPage::Write(ReportColumn const& column, sv::String const& text) {
+void ReportPage::Write(ReportColumn const& column, sv::String const& text, std::optional<sv::Color> color) {
     if (text.IsEmpty()) return;
+    DrawingState const before(printer_);
+    if (color) {
+        sv::Font font = printer_.GetFont();
+        font.ChangeColor(*color);
+        printer_.ChangeFont(font);
+    }
     sv::String const shown = Fitting(text, column.width);
     bool const isRight = column.end == ReportColumn::End::Right;
     printer_.WriteString(shown, isRight ? column.place - printer_.GetTextSize(shown).Width() : column.place);

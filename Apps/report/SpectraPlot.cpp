@@ -9,10 +9,10 @@ namespace report {
 
 namespace {
 
-/// Of the diagram's window, in tenths of a millimetre: letters and ticks are as large as in the table.
+/// In tenths of a millimetre. Letters and ticks are then as large as in the table.
 constexpr int PixelSize = 2;
 
-/// 0 to 1, or to 1.5 and so on for what shines by itself.
+/// From 0 to 1, or further in steps for fluorescent samples.
 kv::AxisData ReflectanceAxis(float highest) {
     constexpr float Step = 0.2F;
     float top = 1;
@@ -20,7 +20,7 @@ kv::AxisData ReflectanceAxis(float highest) {
     return {0, top, Step, 1};
 }
 
-/// With a line where the other axis begins.
+/// Adds a line at the origin of the other axis.
 kv::AxisData WithLine(kv::AxisData axis) {
     axis.SetPixelOffset(1);
     return axis;

@@ -1,4 +1,4 @@
-// SpectraPlot: the spectra of some samples, in a labelled diagram on a page.
+// SpectraPlot: draws the spectra of samples as a labelled plot on a page.
 #pragma once
 
 #include "Apps/files/MeasurementFile.h"
@@ -10,13 +10,13 @@
 
 namespace report {
 
-/// What stands at the axes.
+/// Titles of the axes.
 struct PlotTitles {
     sv::String wavelength;
     sv::String reflectance;
 };
 
-/// `area` is in tenths of a millimetre, the device's own unit. Indices that the file lacks are left out.
+/// `area` is in tenths of a millimetre, the device's unit. Indices out of range are skipped.
 void DrawSpectra(sv::OutputDevice& device, sv::Rectangle const& area, files::MeasurementFile const& file,
                  std::span<std::size_t const> samples, PlotTitles const& titles);
 

@@ -18,7 +18,7 @@ double LuminanceOf(sv::Color color) noexcept {
            0.0722 * linear(color.GetBlue());
 }
 
-/// Of two colours of which the lighter is white.
+/// Contrast of a colour on white (WCAG 2.1).
 double ContrastToWhite(sv::Color color) noexcept { return 1.05 / (LuminanceOf(color) + 0.05); }
 
 sv::Color Darkened(sv::Color color) noexcept {
@@ -29,8 +29,8 @@ sv::Color Darkened(sv::Color color) noexcept {
 }  // namespace
 
 sv::Color Legible(sv::Color color) noexcept {
-    constexpr double LeastContrast = 3;  // what a line takes to be seen (WCAG 2.1, non-text contrast)
-    while (ContrastToWhite(color) < LeastContrast) color = Darkened(color);
+    constexpr double MinContrast = 3;  // of graphical objects (WCAG 2.1, non-text contrast)
+    while (ContrastToWhite(color) < MinContrast) color = Darkened(color);
     return color;
 }
 

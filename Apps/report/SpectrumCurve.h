@@ -1,4 +1,4 @@
-// SpectrumCurve: how the spectrum of a patch is drawn.
+// SpectrumCurve: the curve of a patch's spectrum.
 #pragma once
 
 #include "KVUtils/Source/colorimetry/Spectrum.h"
@@ -8,14 +8,14 @@
 
 namespace report {
 
-/// A colour in which a line on white can be seen: darkened, if need be, until its contrast is 3.
+/// Darkens a colour until its contrast to white is at least 3, so that a line on white is visible.
 [[nodiscard]] sv::Color Legible(sv::Color color) noexcept;
 
-/// The patch's own colour on a display, legible.
+/// The patch's legible colour on a display.
 [[nodiscard]] sv::Color CurveColor(kv::Spectrum const& spectrum) noexcept;
-/// The reflectances over the wavelengths in nm, as a line of that colour.
+/// Reflectance over the wavelength in nm, in that colour.
 [[nodiscard]] kv::Curve CurveOf(kv::Spectrum const& spectrum);
-/// The axis that such curves have in every plot.
+/// The axis of wavelengths for all plots of such curves.
 [[nodiscard]] kv::AxisData WavelengthAxis() noexcept;
 
 }  // namespace report

@@ -14,17 +14,17 @@ files::MeasurementFile Describe(ServerClient& server) {
     return file;
 }
 
-/// What the server's refusal leaves open, its display tells.
+/// Throws `error` again, with the display's text if the instrument is not ready.
 [[noreturn]] void Explain(ServerClient& server, ServerError const& error) {
     std::string display;
     try {
         if (error.Status() == ServerStatus::NotReady) display = ": " + server.Display();
-    } catch (ServerError const&) {  // NOLINT(bugprone-empty-catch): the first error is the one to tell
+    } catch (ServerError const&) {  // NOLINT(bugprone-empty-catch): report the first error
     }
     throw ServerError(error.what() + display, error.Status());
 }
 
-/// How many patches to measure, with the instrument on the first.
+/// Starts the chart and returns how many patches to measure.
 long Begin(ServerClient& server, ChartRequest const& request) {
     files::StatedConditions asked;
     asked.measurementMode = request.measurementMode;
@@ -32,8 +32,8 @@ long Begin(ServerClient& server, ChartRequest const& request) {
     long const chart = server.BeginChart();
     if (chart < 1) throw ServerError("the chart has no patches");
     if (request.patches > chart) {
-        throw ServerError("the chart has " + std::to_string(chart) + " patches, asked for were " +
-                          std::to_string(request.patches));
+        throw ServerError(std::to_string(request.patches) + " patches requested; the chart has " +
+                          std::to_string(chart));
     }
     return request.patches == 0 ? chart : request.patches;
 }

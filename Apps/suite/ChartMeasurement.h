@@ -1,4 +1,4 @@
-// ChartMeasurement: a chart, patch by patch through the measuring server.
+// ChartMeasurement: measures a chart through the measuring server.
 #pragma once
 
 #include "Apps/files/MeasurementFile.h"
@@ -10,16 +10,16 @@
 namespace suite {
 
 struct ChartRequest {
-    std::string measurementMode;  // "M0" to "M3" to ask for; empty to take what the instrument has
-    long patches = 0;             // the first ones; 0 for the whole chart
+    std::string measurementMode;  // to request, "M0" to "M3"; empty for the instrument's own
+    long patches = 0;             // measure the first ones only; 0 for the whole chart
 };
 
-/// Told how many of how many patches are measured: once with 0, then after each patch.
+/// Called with 0 before the first patch, then after each one.
 using ChartProgress = std::function<void(long done, long patches)>;
 
-/// Measures into `file`, in place of what it held: the instrument's name stands where another measurement has
-/// that of its file. Throws ServerError, which says what the instrument's display tells when it is not ready;
-/// what was measured until then is in `file`.
+/// Measures a chart and replaces the contents of `file`. The path is the instrument's name and serial number.
+/// Throws ServerError, with the text of the instrument's display if the instrument is not ready; `file` then
+/// holds the patches measured so far.
 void MeasureChart(ServerClient& server, ChartRequest const& request, files::MeasurementFile& file,
                   ChartProgress const& progress);
 

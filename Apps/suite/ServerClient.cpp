@@ -15,11 +15,11 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using namespace std::chrono_literals;
 
-// What a server needs on a busy machine.
+// Enough for a server on a busy machine.
 constexpr auto TimeToStart = 3s;
 constexpr auto TimeToAnswer = 2s;
 
-constexpr unsigned char ProtocolVersion = 3;  // the one that sends a language
+constexpr unsigned char ProtocolVersion = 3;  // the first version with a language
 
 std::string Seconds(std::chrono::milliseconds time) { return std::to_string(time.count() / 1000) + " s"; }
 
@@ -32,31 +32,31 @@ ServerClient::ServerClient(Settings settings) : settings_(std::move(settings)) {
     kv::PostOffice::Instance()->ChangeReceiveFunction(&Receive);
     try {
         Connect();
-        if (settings_.isAlone) {
-            kv::MyMemoryBlock showsNoWaiting;
-            showsNoWaiting << static_cast<unsigned char>(0);
-            Ask(kv::LOCK, showsNoWaiting);
+        if (settings_.isExclusive) {
+            kv::MyMemoryBlock showsNoWindow;
+            showsNoWindow << static_cast<unsigned char>(0);
+            Ask(kv::LOCK, showsNoWindow);
             isLocked_ = true;
         }
     } catch (...) {
-        TakeLeave();
+        Disconnect();
         throw;
     }
 }
 
-ServerClient::~ServerClient() { TakeLeave(); }
+ServerClient::~ServerClient() { Disconnect(); }
 
-void ServerClient::TakeLeave() noexcept {
+void ServerClient::Disconnect() noexcept {
     try {
-        // With an end in sight, nothing of it may take long.
-        settings_.patience = std::min<std::chrono::milliseconds>(settings_.patience, 2s);
+        // Disconnecting must neither take long nor be cancelled.
+        settings_.timeout = std::min<std::chrono::milliseconds>(settings_.timeout, 2s);
         settings_.isInterrupted = [] { return false; };
-        // A farewell to a server that is gone would start another one.
+        // Sending to a server that has exited would start another one.
         if (kv::PostOffice::IsReachable(ServerName)) {
             if (isLocked_) Ask(kv::UNLOCK);
             for (; connects_ > 0; --connects_) Ask(kv::DISCONNECT);
         }
-    } catch (...) {  // NOLINT(bugprone-empty-catch): the server is gone, and so are we
+    } catch (...) {  // NOLINT(bugprone-empty-catch): the server has exited
     }
     theClient_ = nullptr;
 }
@@ -82,11 +82,11 @@ bool ServerClient::Send(int message, kv::MyMemoryBlock data) {
 void ServerClient::Connect() {
     kv::MyMemoryBlock data;
     data << ProtocolVersion << static_cast<short>(kv::Language::GetCountryCode());
-    // The message that starts the server is lost, and so is one that reaches it while it ends.
-    auto const end = Clock::now() + settings_.patience;
+    // The message that starts the server is lost, and so is one that arrives while the server exits.
+    auto const end = Clock::now() + settings_.timeout;
     for (;;) {
         if (Send(kv::CONNECT, data)) {
-            ++connects_;  // a slow server may count more than one attempt, and then wants as many farewells
+            ++connects_;  // a slow server counts each attempt and needs as many disconnects
             if (IsAnsweredBy(std::min(Clock::now() + TimeToAnswer, end))) break;
         } else {
             WaitForStart(std::min(Clock::now() + TimeToStart, end));
@@ -100,7 +100,7 @@ void ServerClient::Connect() {
     answer_.reset();
 }
 
-// Another message would start the server once more.
+// Sends nothing: another message would start another server.
 void ServerClient::WaitForStart(Clock::time_point end) const {
     while (Clock::now() < end && !kv::PostOffice::IsReachable(ServerName)) {
         if (settings_.isInterrupted()) throw ServerError("interrupted");
@@ -116,16 +116,16 @@ bool ServerClient::IsAnsweredBy(Clock::time_point end) {
 }
 
 kv::MyMemoryBlock ServerClient::WaitForAnswer(int message) {
-    if (!IsAnsweredBy(Clock::now() + settings_.patience)) {
+    if (!IsAnsweredBy(Clock::now() + settings_.timeout)) {
         throw ServerError("the measuring server did not answer " +
                           std::string(kv::PostOffice::NameOfMessage(message).View()) + " within " +
-                          Seconds(settings_.patience));
+                          Seconds(settings_.timeout));
     }
     return *std::exchange(answer_, std::nullopt);
 }
 
 kv::MyMemoryBlock ServerClient::Ask(int message, kv::MyMemoryBlock const& request) {
-    if (!Send(message, request)) throw ServerError("the measuring server is gone");
+    if (!Send(message, request)) throw ServerError("the measuring server has exited");
     kv::MyMemoryBlock answer = WaitForAnswer(message);
     auto status = static_cast<unsigned char>(ServerStatus::NotHandled);
     answer >> status;
@@ -169,7 +169,7 @@ files::StatedConditions ServerClient::Conditions() {
 
 void ServerClient::Require(files::StatedConditions const& conditions) {
     kv::MyMemoryBlock request;
-    request << conditions;
+    PutConditions(request, conditions);
     Ask(kv::PARAMETER_DOWNLOAD, request);
 }
 

@@ -1,4 +1,4 @@
-// ServerClient: a program's connection to the measuring server, as long as the object lives.
+// ServerClient: a connection to the measuring server.
 #pragma once
 
 #include "Apps/suite/ServerPayloads.h"
@@ -12,12 +12,12 @@
 
 namespace suite {
 
-/// The server cannot be reached, does not answer, or refuses. what() is one line for a person.
+/// The server cannot be reached, does not answer, or refuses a request. what() is one line for the user.
 class ServerError : public std::runtime_error {
   public:
     explicit ServerError(std::string const& text, ServerStatus status = ServerStatus::NotHandled)
         : std::runtime_error(text), status_(status) {}
-    /// What the server answered; NotHandled when it did not.
+    /// The server's answer; NotHandled without one.
     [[nodiscard]] ServerStatus Status() const noexcept { return status_; }
 
   private:
@@ -27,33 +27,33 @@ class ServerError : public std::runtime_error {
 class ServerClient {
   public:
     struct Settings {
-        /// How long to wait for the server's start, and for each of its answers. The post office itself waits
-        /// for good, which helps nobody when the server was killed.
-        std::chrono::milliseconds patience{10'000};
-        /// Asked while an answer is waited for; true gives up.
+        /// For the server's start and for each of its answers. The post office itself has no timeout: a
+        /// server that was killed would block it forever.
+        std::chrono::milliseconds timeout{10'000};
+        /// Called while waiting; true cancels.
         std::function<bool()> isInterrupted = [] { return false; };
-        /// Keeps all other programs from the server meanwhile.
-        bool isAlone = true;
+        /// Locks the server for all other programs.
+        bool isExclusive = true;
     };
 
-    /// Connects, and starts the server if it does not run. Needs the services of a SuiteServices, which must
-    /// outlive the object; one object at a time. This and all operations throw ServerError.
+    /// Connects to the server and starts it if necessary. Needs a SuiteServices that outlives the object.
+    /// Only one object may exist at a time. This and all operations throw ServerError.
     explicit ServerClient(Settings settings);
     ServerClient(ServerClient const&) = delete;
     ServerClient& operator=(ServerClient const&) = delete;
-    /// Takes leave, so that the server may end.
+    /// Disconnects, so that the server can exit.
     ~ServerClient();
 
     [[nodiscard]] DeviceIdentity Identify();
-    /// What the instrument's display shows.
+    /// The text of the instrument's display.
     [[nodiscard]] std::string Display();
     [[nodiscard]] bool IsReady();
     [[nodiscard]] files::StatedConditions Conditions();
-    /// Asks for these conditions; what is empty is left to the instrument.
+    /// Requests these conditions; empty ones are left to the instrument.
     void Require(files::StatedConditions const& conditions);
 
     void MeasureWhite();
-    /// Puts the instrument on the first patch of the chart and returns how many there are.
+    /// Starts the chart at its first patch and returns the number of patches.
     long BeginChart();
     /// Measures the next patch.
     [[nodiscard]] MeasuredPatch Measure();
@@ -63,18 +63,18 @@ class ServerClient {
     void Connect();
     void WaitForStart(std::chrono::steady_clock::time_point end) const;
     [[nodiscard]] bool IsAnsweredBy(std::chrono::steady_clock::time_point end);
-    /// The answer behind its status.
+    /// Returns the answer's fields after the status.
     kv::MyMemoryBlock Ask(int message, kv::MyMemoryBlock const& request = {});
     std::string AskText(int message);
     kv::MyMemoryBlock WaitForAnswer(int message);
-    void TakeLeave() noexcept;
+    void Disconnect() noexcept;
     static void Receive(kv::KORVELEvent& event);
 
     Settings settings_;
     int connects_ = 0;
     bool isLocked_ = false;
     static constexpr int Nothing = -1;
-    int awaited_ = Nothing;  // the message whose answer is waited for
+    int awaited_ = Nothing;  // the message being answered
     std::optional<kv::MyMemoryBlock> answer_;
 
     static ServerClient* theClient_;

@@ -30,29 +30,28 @@ std::string Describe(ServerStatus status) {
         case ServerStatus::Refused:
             return "another program has locked the measuring server";
         case ServerStatus::NotHandled:
-            return "the measuring server does not know this request";
+            return "the measuring server does not support this request";
         case ServerStatus::NotReady:
             return "the instrument is not ready";
         case ServerStatus::WhiteMissing:
-            return "the instrument wants its white measurement first";
+            return "calibrate the instrument on white first";
         case ServerStatus::NothingMeasured:
-            return "nothing was measured yet";
+            return "nothing has been measured yet";
         case ServerStatus::EndOfChart:
-            return "the chart has no further patch";
+            return "the chart has no more patches";
         case ServerStatus::Unsupported:
             return "the instrument measures under other conditions";
     }
-    return "the measuring server answers with the unknown status " + std::to_string(static_cast<int>(status));
+    return "unknown answer of the measuring server: " + std::to_string(static_cast<int>(status));
 }
 
-kv::MyMemoryBlock& operator<<(kv::MyMemoryBlock& block, MeasuredPatch const& patch) {
+void PutPatch(kv::MyMemoryBlock& block, MeasuredPatch const& patch) {
     block << patch.number;
     PutText(block, patch.name);
     block << kv::SpectralPoints;
     for (int k = 0; k < kv::SpectralPoints; ++k) {
         block << static_cast<long>(std::bit_cast<std::int32_t>(patch.spectrum[k]));
     }
-    return block;
 }
 
 std::optional<MeasuredPatch> TakePatch(kv::MyMemoryBlock& block) {
@@ -71,7 +70,7 @@ std::optional<MeasuredPatch> TakePatch(kv::MyMemoryBlock& block) {
     return patch;
 }
 
-kv::MyMemoryBlock& operator<<(kv::MyMemoryBlock& block, files::StatedConditions const& conditions) {
+void PutConditions(kv::MyMemoryBlock& block, files::StatedConditions const& conditions) {
     block << (conditions.illuminant ? sv::String(*conditions.illuminant) : sv::String());
     PutText(block, !conditions.observer                                   ? ""
                    : *conditions.observer == kv::ObserverType::TenDegrees ? "10"
@@ -79,7 +78,6 @@ kv::MyMemoryBlock& operator<<(kv::MyMemoryBlock& block, files::StatedConditions 
     for (auto const* text : {&conditions.measurementMode, &conditions.filter, &conditions.whiteBase}) {
         PutText(block, *text);
     }
-    return block;
 }
 
 files::StatedConditions TakeConditions(kv::MyMemoryBlock& block) {

@@ -1,29 +1,30 @@
-// ServerPayloads: what the messages to the measuring server carry. Both sides include this header.
+// ServerPayloads: the contents of messages to the measuring server. Both sides include this header.
 //
-// Every answer begins with one byte, a ServerStatus; fields follow it only when that is Done. Integers and
-// texts have the forms of MyMemoryBlock; a float travels as the `long` of its bits, so that it arrives to the
-// last one.
+// Every answer begins with one byte, a ServerStatus; fields follow only if it is Done. Integers and texts
+// have the forms of MyMemoryBlock. A float is sent as the `long` of its bits, which keeps it exact.
 //
-//   message                 request                what the answer holds behind its status
-//   GET_SW_VERSION          -                      String: version of the server
-//   GET_DEVICE_NAME         -                      String: name of the instrument
-//   GET_DEVICE_TYPE         -                      short: DeviceType
-//   GET_SERIE_NR            -                      String: serial number
-//   GET_DISPLAY_STRING      -                      String: what the instrument's display shows
-//   IS_APP_READY            -                      byte: 1, the server takes requests
-//   IS_READY                -                      byte: 1 when a measurement may begin now, else 0
-//   EXEC_WHITE_MEASUREMENT  -                      -
-//   NEW_MEASURE_REQUEST     -                      long: patches of the chart; the next one is the first
-//   again EXEC_MEASUREMENT        -                      long: number of the patch that was measured, from 1
-//   SPECTRUM_REQUEST        -                      MeasuredPatch: the last measurement
-//   PARAMETER_REQUEST       -                      StatedConditions: how the instrument measures
-//   PARAMETER_DOWNLOAD      StatedConditions       -; Unsupported, and nothing set, when it measures
-//   otherwise NOTIFY_MESSUNG          -                      -; from here on the sender is told of
-//   MESSUNG_AUSGELOEST NOTIFY_MESSUNG_AUS      -                      - MESSUNG_AUSGELOEST      - long, as
-//   EXEC_MEASUREMENT: somebody pressed the trigger
+// clang-format off
+//   message                 request           fields of the answer
+//   GET_SW_VERSION          -                 String: version of the server
+//   GET_DEVICE_NAME         -                 String: name of the instrument
+//   GET_DEVICE_TYPE         -                 short: DeviceType
+//   GET_SERIE_NR            -                 String: serial number
+//   GET_DISPLAY_STRING      -                 String: text of the instrument's display
+//   IS_APP_READY            -                 byte: 1, the server takes requests
+//   IS_READY                -                 byte: 1 if a measurement can begin now, else 0
+//   EXEC_WHITE_MEASUREMENT  -                 -
+//   NEW_MEASURE_REQUEST     -                 long: patches of the chart; the first one is measured next
+//   EXEC_MEASUREMENT        -                 long: number of the measured patch, from 1
+//   SPECTRUM_REQUEST        -                 MeasuredPatch: the last measurement
+//   PARAMETER_REQUEST       -                 StatedConditions: how the instrument measures
+//   PARAMETER_DOWNLOAD      StatedConditions  -; Unsupported, with nothing changed, if it measures otherwise
+//   NOTIFY_MESSUNG          -                 -; the sender receives MESSUNG_AUSGELOEST until the next row
+//   NOTIFY_MESSUNG_AUS      -                 -
+//   MESSUNG_AUSGELOEST      -                 long: as EXEC_MEASUREMENT; the instrument's trigger was pressed
+// clang-format on
 //
-// MESSUNG_AUSGELOEST goes the other way too: to every program that wants to be told, with the long; they need
-// not answer. Questions (GET_..., IS_...) are answered during a measurement, all else waits for its end.
+// The server sends MESSUNG_AUSGELOEST, with the same long, to every program that has sent NOTIFY_MESSUNG;
+// they need not answer. GET_... and IS_... are answered during a measurement, other requests after it.
 #pragma once
 
 #include "Apps/files/StatedConditions.h"
@@ -35,28 +36,28 @@
 
 namespace suite {
 
-/// The name under which programs reach the measuring server, and its number in their lists.
+/// The measuring server's name, and its number in the list of programs.
 inline constexpr char const* ServerName = "HQMSERV";
 inline constexpr int ServerNumber = 0;
 
-/// How the server dealt with a request. The first three are those of every program of the suite.
+/// The result of a request. The first three are common to all programs of the suite.
 enum class ServerStatus : int {
     Done = 0,
-    Refused = 1,     // another program has locked the server
-    NotHandled = 2,  // the server does not know this request
-    NotReady = 3,    // the instrument has nothing to measure, or is measuring
+    Refused = 1,     // the server is locked by another program
+    NotHandled = 2,  // unknown request
+    NotReady = 3,    // nothing to measure, or a measurement is running
     WhiteMissing = 4,
     NothingMeasured = 5,
     EndOfChart = 6,
     Unsupported = 7
 };
 
-/// What a person reads: "the instrument wants its white measurement first".
+/// Describes the status to the user, e.g. "calibrate the instrument on white first".
 [[nodiscard]] std::string Describe(ServerStatus status);
 
 enum class DeviceType : int { Unknown = 0, Spectrophotometer = 1, Densitometer = 2, ScanningTable = 3 };
 
-/// What an instrument says of itself.
+/// Identifies an instrument.
 struct DeviceIdentity {
     std::string name;
     std::string serialNumber;
@@ -64,20 +65,21 @@ struct DeviceIdentity {
     DeviceType type = DeviceType::Unknown;
 };
 
-/// One patch as it was measured.
+/// One measured patch.
 struct MeasuredPatch {
     long number = 0;        // in the chart, from 1
-    std::string name;       // UTF-8; on its way in the suite's code page
+    std::string name;       // UTF-8; in messages in the suite's code page
     kv::Spectrum spectrum;  // reflectance as a fraction
 };
 
-kv::MyMemoryBlock& operator<<(kv::MyMemoryBlock& block, MeasuredPatch const& patch);
-/// None when the payload ends too early or has another number of points.
+void PutPatch(kv::MyMemoryBlock& block, MeasuredPatch const& patch);
+/// Empty when the payload ends too early or has another number of points.
 [[nodiscard]] std::optional<MeasuredPatch> TakePatch(kv::MyMemoryBlock& block);
 
-/// Five texts: illuminant, observer, measurement mode, filter, white base. An empty one says nothing.
-kv::MyMemoryBlock& operator<<(kv::MyMemoryBlock& block, files::StatedConditions const& conditions);
-/// An illuminant or observer that is not understood counts as not stated.
+/// Writes five texts: illuminant, observer, measurement mode, filter, white base. What is not stated is
+/// empty.
+void PutConditions(kv::MyMemoryBlock& block, files::StatedConditions const& conditions);
+/// An unknown illuminant or observer counts as not stated.
 [[nodiscard]] files::StatedConditions TakeConditions(kv::MyMemoryBlock& block);
 
 }  // namespace suite

@@ -1,5 +1,5 @@
-// ColourDesk with 2,000 samples: scrolling, against a table of Qt's own that holds its texts; judging anew;
-// and its start, against that of the program and its libraries alone.
+// ColourDesk with 2,000 samples: scrolling compared with a Qt table of stored texts, judging again, and the start
+// compared with that of the program's libraries alone.
 #include "Apps/ColourDesk/DeskWindow.h"
 #include "Benchmarks/Ratios.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
@@ -22,7 +22,7 @@ namespace {
 constexpr int Samples = 2000;
 constexpr int RowsOfPage = 16;
 
-/// For as long as the program lives: there is one application a process.
+/// Never destroyed: a process has one application.
 void NeedWindows() {
     static std::string name = "KVUtilsBench";
     static std::vector<char*> arguments = {name.data(), nullptr};
@@ -32,7 +32,7 @@ void NeedWindows() {
     static_cast<void>(windows);
 }
 
-/// A chart of many patches, as a file.
+/// A file with many patches.
 class Chart {
   public:
     Chart() {
@@ -57,7 +57,7 @@ class Chart {
     std::string path_ = (std::filesystem::temp_directory_path() / "DeskBench.csv").string();
 };
 
-/// The window with all samples, judged.
+/// The window with all samples judged.
 colourdesk::DeskWindow& Desk() {
     NeedWindows();
     static colourdesk::DeskWindow& desk = []() -> colourdesk::DeskWindow& {
@@ -73,7 +73,7 @@ colourdesk::DeskWindow& Desk() {
     return desk;
 }
 
-/// A page further with each turn, painted.
+/// Scrolls by a page and paints it.
 void Scroll(benchmark::State& state, QTableView& view) {
     int row = 0;
     for (auto _ : state) {
@@ -101,7 +101,7 @@ void BM_ScrollTextsOfQt(benchmark::State& state) {
 }
 BENCHMARK(BM_ScrollTextsOfQt)->Unit(benchmark::kMillisecond);
 
-/// All samples anew, under another illuminant each time.
+/// Computes all samples again, alternating the illuminant.
 void BM_JudgeSamples(benchmark::State& state) {
     evaluation::ColourSheet sheet(Desk().GetSheet()->File());
     evaluation::SheetConditions conditions;
@@ -136,8 +136,8 @@ void BM_StartOfLibraries(benchmark::State& state) { Start(state, {"--version"});
 BENCHMARK(BM_StartOfLibraries)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 bench::Ratio const scroll("BM_ScrollSamples", "BM_ScrollTextsOfQt",
-                          "a page of 2,000 samples, computed as they show, over one of texts that are there");
+                          "a page of 2,000 samples computed on painting, over one of stored texts");
 bench::Ratio const start("BM_StartWithAChart", "BM_StartOfLibraries",
-                         "ColourDesk with 2,000 samples read, shown and drawn, over its libraries' loading");
+                         "starting ColourDesk with 2,000 samples, over loading its libraries");
 
 }  // namespace

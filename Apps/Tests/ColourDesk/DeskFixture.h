@@ -1,27 +1,21 @@
-// The window of ColourDesk in front of nobody: its texts, its boxes, and folders of the test's own.
+// The window of ColourDesk with its texts, a recorder of boxes and a temporary folder.
 #pragma once
 
 #include "Apps/ColourDesk/DeskWindow.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "KVUtils/Source/frame/KVSetting.h"
-#include "KVUtils/Source/frame/Language.h"
-#include "KVUtils/Source/frame/Text.h"
 #include "KVUtils/Tests/frame/FrameSupport.h"
-#include "Platform/Tests/TemporaryDirectory.h"
-#include "SV/core/Boxes.h"
-#include "SV/ui/Window.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 namespace colourdesk::test {
 
 inline std::string const Chart = KV_APPS_DATA "/chart24-lab-a.csv";
 inline std::string const InkSeries = KV_APPS_DATA "/ink-series.txt";
 
-/// The application's services, in English, for as long as the object lives.
+/// The application's services, in English.
 class Texts {
   public:
     Texts() {
@@ -35,10 +29,10 @@ class Texts {
     Texts& operator=(Texts const&) = delete;
     ~Texts() {
         kv::Text::FreeResources();
-        kv::test::EndService(kv::KVSetting::Instance());
-        kv::test::EndService(kv::Language::Instance());
-        kv::test::EndService(kv::AppName::Instance());
-        kv::test::EndService(kv::AppConfig::Instance());
+        for (kv::KVSingleton* const service :
+             std::initializer_list<kv::KVSingleton*>{kv::KVSetting::Instance(), kv::Language::Instance(),
+                                                     kv::AppName::Instance(), kv::AppConfig::Instance()})
+            kv::test::EndService(service);
     }
 
     static constexpr char const* Stem = KV_TEXTS "/colourdesk";

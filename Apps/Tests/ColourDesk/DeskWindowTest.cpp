@@ -1,67 +1,103 @@
+#include "Apps/ColourDesk/DeskLayout.h"
+#include "Apps/ColourDesk/DeskTexts.h"
 #include "Apps/Tests/ColourDesk/DeskFixture.h"
+#include "Apps/Tests/Golden.h"
 #include "Apps/Tests/files/TestFiles.h"
+#include "Apps/files/SuiteText.h"
 #include "KVUtils/Source/frame/TextSegment.h"
 #include "KVUtils/Source/mail/Mailer.h"
-#include "KVUtils/Tests/TestSupport.h"
-#include "KVUtils/Tests/frame/FrameSupport.h"
 #include "KVUtils/Tests/mail/MailClient.h"
 #include "Platform/Library.h"
 #include "SV/core/Mnemonic.h"
 #include "SV/headless/HeadlessBackend.h"
-#include "SV/ui/Controls.h"
 
 #include <algorithm>
 #include <cctype>
 #include <fstream>
-#include <map>
 
 namespace colourdesk::test {
 
 namespace {
 
-using kv::test::Localised;
-
 // Columns of the table.
-enum : int { Name, Colour, Lightness, RedGreen, YellowBlue, Chroma, Hue, Density, Difference, Judged };
+enum : int { Name, Colour, Density = 7, Judged = 9, ColumnCount };
 
-/// Texts in which a letter chooses, of the window and of all windows in it.
-void CollectMnemonics(sv::Window const& window, std::vector<sv::String>& texts) {
-    if (dynamic_cast<sv::Button const*>(&window) != nullptr) texts.push_back(window.GetText());
-    for (sv::Window const* const child : window.GetChildren()) CollectMnemonics(*child, texts);
+/// The status and all cells, with swatches and marks.
+std::string ContentsOf(DeskWindow const& desk) {
+    std::string text = files::FromSuite(desk.GetStatus().View()) + '\n';
+    for (sv::TableColumn const& column : desk.GetSamples().GetColumns())
+        text += files::FromSuite(column.title.View()) + '\t';
+    for (int row = 0; row < desk.GetSamples().GetRowCount(); ++row) {
+        for (int column = 0; column < ColumnCount; ++column) {
+            sv::TableCell const cell = desk.GetSamples().GetCell(row, column);
+            text +=
+                (column == 0 ? '\n' : '\t') + files::FromSuite(cell.text.View()) + (cell.isMarked ? "!" : "");
+            if (!cell.swatch) continue;
+            char swatch[8];
+            std::snprintf(swatch, sizeof swatch, " %02X%02X%02X", cell.swatch->GetRed() >> 8,
+                          cell.swatch->GetGreen() >> 8, cell.swatch->GetBlue() >> 8);
+            text += swatch;
+        }
+    }
+    return apps::test::WithPoints(text) + "\n\n";
 }
 
-void ExpectDistinct(std::vector<sv::String> const& texts) {
-    std::map<char, sv::String> taken;
+/// The user selects the entry, in whichever list it is.
+void Choose(DeskWindow& desk, char const* entry) {
+    for (sv::Window* const bar : desk.GetChildren()) {
+        for (sv::Window* const part : bar->GetChildren()) {
+            auto* const list = dynamic_cast<sv::DropDownListBox*>(part);
+            for (unsigned short i = 0; list != nullptr && i < list->GetEntryCount(); ++i) {
+                if (list->GetEntry(i) == entry) return list->EntryWasSelected(i);
+            }
+        }
+    }
+    ADD_FAILURE() << "no entry " << entry;
+}
+
+void CollectButtons(sv::Window const& window, std::vector<sv::String>& texts) {
+    if (dynamic_cast<sv::Button const*>(&window) != nullptr) texts.push_back(window.GetText());
+    for (sv::Window* const child : window.GetChildren()) CollectButtons(*child, texts);
+}
+
+void ExpectDistinctMnemonics(std::vector<sv::String> const& texts) {
+    std::string taken;
     for (sv::String const& text : texts) {
         std::size_t const mark = sv::FindMnemonic(text);
         ASSERT_NE(mark, sv::String::NotFound) << text.View();
         auto const letter =
             static_cast<char>(std::tolower(static_cast<unsigned char>(text.View()[mark + 1])));
-        EXPECT_TRUE(taken.emplace(letter, text).second) << text.View() << " and " << taken[letter].View();
+        EXPECT_EQ(taken.find(letter), std::string::npos) << text.View();
+        taken += letter;
     }
 }
 
 }  // namespace
 
-TEST_F(DeskTest, ShowsTheColoursOfAFile) {
-    EXPECT_EQ(Status(), "Nothing is open. Open measurements, or measure a chart.");
+TEST_F(DeskTest, TheTableShowsEveryNumber) {
+    std::string contents = ContentsOf(desk);
     EXPECT_FALSE(desk.CanDo(Command::Save));
     ASSERT_TRUE(desk.Open(Chart));
-    EXPECT_EQ(desk.GetSamples().GetRowCount(), 24);
-    // As kvcolor convert prints them.
-    EXPECT_EQ(Cell(0, Name), "dark skin");
-    EXPECT_EQ(Cell(0, Colour), "brown");
-    EXPECT_EQ(Cell(0, Lightness), Localised("38.42"));
-    EXPECT_EQ(Cell(0, RedGreen), Localised("13.69"));
-    EXPECT_EQ(Cell(0, YellowBlue), Localised("14.42"));
-    EXPECT_EQ(Cell(0, Hue), Localised("46.5"));
-    EXPECT_EQ(Cell(0, Difference), "");
-    EXPECT_EQ(Status(), "24 samples, 1 selected   \xB7   no standard");
     EXPECT_TRUE(desk.CanDo(Command::Save));
     EXPECT_EQ(desk.GetText(), sv::String(Chart + " - ColourDesk"));
+    contents += ContentsOf(desk);
+    desk.SelectSamples({14, 2});
+    desk.UseAsStandard(14);
+    desk.UseAsPaper(18);
+    desk.ChangeLanguage(1);
+    Choose(desk, "CMC");
+    contents += ContentsOf(desk);
+    apps::test::ExpectGolden("ColourDesk/table.tsv", contents);
+
+    desk.ChangeLanguage(0);
+    desk.UseAsPaper(18);
+    desk.UseAsStandard(14);
+    EXPECT_EQ(Cell(0, Colour), "brown");
+    EXPECT_EQ(Cell(0, Judged), "") << "no standard any more";
+    EXPECT_EQ(Cell(18, Density).find('-'), std::string::npos) << "absolute again";
 }
 
-TEST_F(DeskTest, AFileThatCannotBeReadLeavesWhatIsOpen) {
+TEST_F(DeskTest, AFileThatCannotBeReadLeavesTheOtherOpen) {
     ASSERT_TRUE(desk.Open(Chart));
     std::string const broken = File("broken.csv");
     std::ofstream(broken) << "name,380\n1,2\n";
@@ -71,20 +107,9 @@ TEST_F(DeskTest, AFileThatCannotBeReadLeavesWhatIsOpen) {
     EXPECT_EQ(Cell(0, Name), "dark skin");
 }
 
-TEST_F(DeskTest, WhatWasChosenStaysForTheNextFileUnlessThatStatesOtherwise) {
-    // A person selects the entry, in whatever list of the window it is.
-    auto const choose = [&](char const* entry) {
-        for (sv::Window* const bar : desk.GetChildren()) {
-            for (sv::Window* const part : bar->GetChildren()) {
-                auto* const list = dynamic_cast<sv::DropDownListBox*>(part);
-                for (unsigned short i = 0; list != nullptr && i < list->GetEntryCount(); ++i) {
-                    if (list->GetEntry(i) == entry) return list->EntryWasSelected(i);
-                }
-            }
-        }
-    };
+TEST_F(DeskTest, ConditionsStayUnlessTheNextFileStatesOthers) {
     ASSERT_TRUE(desk.Open(InkSeries));
-    choose("F11");
+    Choose(desk, "F11");
     EXPECT_TRUE(desk.GetSheet()->Conditions().illuminant == kv::IllumType::F11);
     ASSERT_TRUE(desk.Open(Chart));
     EXPECT_TRUE(desk.GetSheet()->Conditions().illuminant == kv::IllumType::F11);
@@ -92,25 +117,6 @@ TEST_F(DeskTest, WhatWasChosenStaysForTheNextFileUnlessThatStatesOtherwise) {
     std::ofstream(stated) << files::test::CgatsWithHeader("WEIGHTING_FUNCTION \"ILLUMINANT, D65\"\n");
     ASSERT_TRUE(desk.Open(stated));
     EXPECT_TRUE(desk.GetSheet()->Conditions().illuminant == kv::IllumType::D65);
-}
-
-TEST_F(DeskTest, JudgesAgainstAStandardThatIsTakenAndWithdrawn) {
-    ASSERT_TRUE(desk.Open(InkSeries));
-    desk.SelectSamples({14});
-    desk.Execute(Command::UseAsStandard);
-    EXPECT_EQ(Cell(14, Judged), "");
-    EXPECT_EQ(Cell(13, Judged), "passed");
-    EXPECT_EQ(Cell(12, Judged), "failed");
-    EXPECT_NE(Status().find("1 of 14 within the limits"), std::string::npos) << Status();
-    desk.Execute(Command::UseAsStandard);
-    EXPECT_EQ(Cell(13, Judged), "");
-
-    std::string const absolute = Cell(14, Density);
-    desk.UseAsPaper(0);
-    EXPECT_EQ(Cell(0, Density).substr(0, 4), Localised("0.00"));
-    EXPECT_NE(Cell(14, Density), absolute);
-    desk.UseAsPaper(0);
-    EXPECT_EQ(Cell(14, Density), absolute);
 }
 
 TEST_F(DeskTest, WhatItSavesItReads) {
@@ -129,47 +135,37 @@ TEST_F(DeskTest, WhatItSavesItReads) {
     EXPECT_EQ(boxes.seen.size(), 1U);
 }
 
-TEST_F(DeskTest, SpeaksAnotherLanguageWhereItStands) {
-    ASSERT_TRUE(desk.Open(Chart));
-    desk.SelectSamples({14, 2});
-    desk.UseAsStandard(1);
-    desk.SpeakLanguage(1);
-    EXPECT_EQ(Cell(0, Colour), "Braun");
-    EXPECT_EQ(desk.GetSamples().GetColumns()[Name].title, "Probe");
-    EXPECT_NE(Status().find("24 Proben, 2 gew\xE4hlt"), std::string::npos) << Status();
-    EXPECT_EQ(desk.GetSheet()->Conditions().standard, 1U);
-    desk.SpeakLanguage(0);
-    EXPECT_EQ(Cell(0, Colour), "brown");
-}
-
-TEST_F(DeskTest, NoLetterChoosesTwoThings) {
+TEST_F(DeskTest, AccessKeysAreDistinct) {
     for (unsigned short const language : std::initializer_list<unsigned short>{0, 1}) {
         SCOPED_TRACE(language);
-        desk.SpeakLanguage(language);
+        desk.ChangeLanguage(language);
         std::vector<sv::String> shown;
-        CollectMnemonics(desk, shown);
+        CollectButtons(desk, shown);
         EXPECT_GE(shown.size(), 8U);
         kv::TextSegment const menu("ColourDeskMenu");
         for (unsigned long i = 0; i < 3; ++i) shown.push_back(menu[i]);
-        ExpectDistinct(shown);
-        ExpectDistinct({menu[3], menu[4], menu[5], menu[6], menu[7], menu[8], menu[9], menu[10]});
-        ExpectDistinct({menu[11], menu[12], menu[13]});
-        ExpectDistinct({menu[14], menu[15], menu[16], menu[17]});
+        ExpectDistinctMnemonics(shown);
+        ExpectDistinctMnemonics({menu[3], menu[4], menu[5], menu[6], menu[7], menu[8], menu[9], menu[10]});
+        ExpectDistinctMnemonics({menu[11], menu[12], menu[13]});
+        ExpectDistinctMnemonics({menu[14], menu[15], menu[16], menu[17]});
     }
 }
 
 TEST_F(DeskTest, TheCursorReadsTheFirstSelectedSample) {
     ASSERT_TRUE(desk.Open(Chart));
     desk.SelectSamples({3, 7});
+    auto const reads = [&](char const* text) {
+        EXPECT_NE(apps::test::WithPoints(Status()).find(text), std::string::npos) << Status();
+    };
     desk.PutCursor(17);
-    EXPECT_NE(Status().find("550 nm: " + Localised("0.1700") + " (foliage)"), std::string::npos) << Status();
+    reads("550 nm: 0.1700 (foliage)");
     desk.Execute(Command::CursorRight);
-    EXPECT_NE(Status().find("560 nm"), std::string::npos) << Status();
+    reads("560 nm");
     desk.PutCursor(99);
-    EXPECT_NE(Status().find("730 nm"), std::string::npos) << Status();
+    reads("730 nm");
 }
 
-TEST_F(DeskTest, PlotsNoMoreThanCanBeTold) {
+TEST_F(DeskTest, PlotsTheSelectedSamples) {
     ASSERT_TRUE(desk.Open(Chart));
     desk.Execute(Command::SelectAll);
     EXPECT_NE(desk.GetPlot().GetCurve(23), nullptr);
@@ -180,24 +176,21 @@ TEST_F(DeskTest, PlotsNoMoreThanCanBeTold) {
     EXPECT_FALSE(desk.CanDo(Command::UseAsStandard));
 }
 
-TEST_F(DeskTest, PrintsAReportOfAllSamples) {
+TEST_F(DeskTest, PrintsTheSpectraOfSelectedSamples) {
     using sv::headless::DrawKind;
     ASSERT_TRUE(desk.Open(Chart));
     desk.SelectSamples({0, 2});
-    desk.UseAsStandard(21);
     EXPECT_TRUE(desk.PrintReport("Office"));
     auto const& job = sv::headless::LastPrintedJob();
     EXPECT_EQ(job.printer, "Office");
     EXPECT_EQ(job.state, sv::headless::JobState::Ended);
-    ASSERT_EQ(job.pages.size(), 1U);
     auto const count = [&](std::string_view text) {
-        return std::ranges::count_if(job.pages[0].calls, [&](sv::headless::DrawCall const& call) {
+        return std::ranges::count_if(job.pages.at(0).calls, [&](sv::headless::DrawCall const& call) {
             return call.kind == DrawKind::Text && call.text.View() == text;
         });
     };
-    EXPECT_EQ(count("dark skin"), 2) << "in the legend and in the table";
-    EXPECT_EQ(count("white"), 1 + 1) << "the name of the sample and of its colour";
-    EXPECT_EQ(count("failed"), 23);
+    EXPECT_EQ(count("dark skin"), 2) << "legend and table";
+    EXPECT_EQ(count("light skin"), 1) << "table";
 
     sv::headless::HeadlessBackend::Instance().ChangePrinters({.offset = {}, .takesJobs = false});
     EXPECT_FALSE(desk.PrintReport("Office"));
@@ -223,9 +216,37 @@ TEST_F(DeskTest, MailsItsReport) {
     state()->answer = 1;
     EXPECT_FALSE(desk.SendReport("ada@example.org"));
     ASSERT_EQ(boxes.seen.size(), 1U);
-    EXPECT_EQ(boxes.seen[0].text, "The mail program did not take the report.");
+    EXPECT_EQ(boxes.seen[0].text, "The mail program did not accept the report.");
     kv::test::EndService(kv::Mailer::Instance());
     platform::FreeLibraryFile(library);
+}
+
+TEST(DeskLayoutTest, PartsAreSeparateInsideTheWindow) {
+    constexpr DeskMetrics Metrics{24, 16, 145, 170};
+    auto const overlap = [](sv::Rectangle const& a, sv::Rectangle const& b) {
+        return a.TopLeft().X() <= b.BottomRight().X() && b.TopLeft().X() <= a.BottomRight().X() &&
+               a.TopLeft().Y() <= b.BottomRight().Y() && b.TopLeft().Y() <= a.BottomRight().Y();
+    };
+    for (sv::Size const window : {sv::Size(1180, 760), sv::Size(800, 600), sv::Size(3000, 1400)}) {
+        DeskLayout const layout = Arrange(window, Metrics);
+        std::array<sv::Rectangle, 6> const parts = {
+            layout.conditions, layout.table,  layout.plot,
+            layout.panel,      layout.status, sv::Rectangle::Of(layout.buttons, {Metrics.buttons, 200})};
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            EXPECT_GE(parts[i].TopLeft().X(), 0);
+            EXPECT_GE(parts[i].TopLeft().Y(), Metrics.menu);
+            EXPECT_LT(parts[i].BottomRight().X(), window.Width());
+            EXPECT_LT(parts[i].BottomRight().Y(), window.Height());
+            for (std::size_t k = 0; k < i; ++k) EXPECT_FALSE(overlap(parts[i], parts[k])) << i << ", " << k;
+        }
+        EXPECT_EQ(layout.panel.GetSize().Width(), Metrics.panel);
+    }
+    EXPECT_EQ(Arrange({100, 60}, Metrics).plot.GetSize(), sv::Size(0, 0));
+}
+
+TEST(DeskTextsTest, FormatReplacesArguments) {
+    EXPECT_EQ(Format("%2 of %1: %3 %", {"a%2", "b"}), "b of a%2: %3 %");
+    EXPECT_EQ(Format("%%1", {"a"}), "%a");
 }
 
 }  // namespace colourdesk::test

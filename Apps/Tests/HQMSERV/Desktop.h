@@ -1,4 +1,4 @@
-// Desktop: a test's own folder for the programs' sockets, and its own ini file of the suite.
+// Desktop: a temporary folder for the programs' sockets and the suite's ini file.
 #pragma once
 
 #include "Apps/suite/ServerPayloads.h"
@@ -20,7 +20,7 @@ namespace hqmserv::test {
 
 inline std::string const Chart = KV_APPS_DATA "/chart24-lab-a.csv";
 
-/// Waits some time until the server can be reached, or cannot any more.
+/// Waits until the server is reachable, or no longer is.
 inline void WaitUntil(bool isReachable) {
     for (int i = 0; i < 3000 && kv::PostOffice::IsReachable(suite::ServerName) != isReachable; ++i) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
@@ -29,9 +29,9 @@ inline void WaitUntil(bool isReachable) {
 
 class Desktop {
   public:
-    /// The server is the program under test; it plays `chart` when a message starts it.
+    /// A message starts the server under test, which replays `chart`.
     explicit Desktop(std::string const& chart = Chart) {
-        // Where programs find one another by the session, the server of the test before has to end first.
+        // On Windows all tests share the session: the previous test's server has to exit first.
         WaitUntil(false);
         std::ofstream(ini_) << "[HQM-Server]\nPath=" << KV_HQMSERV << "\nMeasurements=" << chart << '\n';
         Set("KORVEL_INI", ini_);
@@ -56,14 +56,14 @@ class Desktop {
     std::string ini_ = File("KORVEL.INI");
 };
 
-/// A program that is killed at the end of the test, whatever becomes of it.
+/// A process that is killed at the end of the test.
 class Program {
   public:
     Program(std::string const& file, std::vector<std::string> const& arguments)
         : process_(tests::StartPeer(file, arguments)) {}
 
     void Kill() { process_.reset(); }
-    /// Whether it ends by itself, with success, in some time.
+    /// Waits until it exits. False if it fails or keeps running.
     [[nodiscard]] bool Ends() {
         for (int i = 0; i < 3000 && process_->IsRunning(); ++i) {
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
@@ -75,7 +75,7 @@ class Program {
     tests::PeerProcess process_;
 };
 
-/// The measuring server, which takes messages from here on.
+/// The measuring server, ready for messages.
 class ServerProgram : public Program {
   public:
     explicit ServerProgram(std::vector<std::string> const& arguments) : Program(KV_HQMSERV, arguments) {

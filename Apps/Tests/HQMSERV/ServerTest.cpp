@@ -1,5 +1,7 @@
-// HQMSERV as its clients see it: the real program, and a post office in this one.
+// The real HQMSERV with clients in this process and others.
+#include "Apps/HQMSERV/Options.h"
 #include "Apps/Tests/HQMSERV/Desktop.h"
+#include "Apps/Tests/files/TestFiles.h"
 #include "Apps/files/MeasurementFile.h"
 #include "Apps/suite/ServerClient.h"
 #include "Apps/suite/SuiteServices.h"
@@ -15,9 +17,9 @@ using suite::ServerClient;
 using suite::ServerError;
 using suite::ServerStatus;
 
-ServerClient::Settings NotAlone() {
+ServerClient::Settings NotExclusive() {
     ServerClient::Settings settings;
-    settings.isAlone = false;
+    settings.isExclusive = false;
     return settings;
 }
 
@@ -28,7 +30,7 @@ class ServerTest : public testing::Test {
         EXPECT_EQ(Office().SendAndReceive(0, message, data, answer, kv::DisEnable::Nothing), 1);
         return answer;
     }
-    /// The status of the answer and its first field, a long; -1 where there is none.
+    /// The answer's status and its first field, a long; -1 without one.
     std::pair<ServerStatus, long> AskLong(int message) {
         MyMemoryBlock answer = Ask(message);
         unsigned char status = 99;
@@ -46,7 +48,7 @@ class ServerTest : public testing::Test {
 TEST_F(ServerTest, MeasuresAsAnInstrumentDoes) {
     ServerProgram server({Chart});
     {
-        ServerClient client(NotAlone());
+        ServerClient client(NotExclusive());
         suite::DeviceIdentity const device = client.Identify();
         EXPECT_EQ(device.name + '/' + device.serialNumber + '/' + device.softwareVersion,
                   "Replay/R-24/0.1.0");
@@ -56,7 +58,7 @@ TEST_F(ServerTest, MeasuresAsAnInstrumentDoes) {
         using Status = ServerStatus;
         EXPECT_EQ(AskLong(kv::SPECTRUM_REQUEST).first, Status::NothingMeasured);
         EXPECT_EQ(AskLong(kv::EXEC_MEASUREMENT).first, Status::WhiteMissing);
-        EXPECT_EQ(client.Display(), "white measurement, please");
+        EXPECT_EQ(client.Display(), "measure white first");
         client.MeasureWhite();
         EXPECT_EQ(client.BeginChart(), 24);
         EXPECT_EQ(client.Display(), "0/24 ready");
@@ -78,63 +80,54 @@ TEST_F(ServerTest, MeasuresAsAnInstrumentDoes) {
     EXPECT_TRUE(server.Ends());
 }
 
-TEST_F(ServerTest, SpeaksItsClientsLanguage) {
-    ServerProgram server({"-LNG", "1", Chart});
-    ServerClient client(NotAlone());
-    EXPECT_EQ(client.Display(), "white measurement, please");
+TEST_F(ServerTest, AnswersQuestionsDuringAMeasurementInTheClientsLanguage) {
+    ServerProgram server({"-LNG", "1", Chart, "--measuring-time", "2000"});
+    ServerClient client(NotExclusive());
+    EXPECT_EQ(client.Display(), "measure white first");
     MyMemoryBlock german;
     german << static_cast<unsigned char>(3) << static_cast<short>(49);
     Ask(kv::CONNECT, german);
-    EXPECT_EQ(client.Display(), "bitte Weiß messen");
-}
-
-/// What a listener is told.
-struct Listener {
-    std::vector<long> told;
-    long TriggeredHdl(kv::KORVELEvent* event) {
-        long number = -1;
-        MyMemoryBlock data = event->GetData();
-        data >> number;
-        told.push_back(number);
-        return 0;
-    }
-};
-
-TEST_F(ServerTest, TellsOfTheTriggerWhoeverWantsToKnow) {
-    ServerProgram server({Chart});
-    Listener listener;
-    Office().ChangeMessageHdl(kv::MESSUNG_AUSGELOEST, sv::Link::To<&Listener::TriggeredHdl>(listener), 1);
-    ServerClient client(NotAlone());
-    client.MeasureWhite();
-    auto const press = [this] { return AskLong(kv::MESSUNG_AUSGELOEST).second; };
-    EXPECT_EQ(press(), 1);
-    Ask(kv::NOTIFY_MESSUNG);
-    Ask(kv::NOTIFY_MESSUNG);  // once is enough
-    EXPECT_EQ(press(), 2);
-    EXPECT_EQ(press(), 3);
-    Ask(kv::NOTIFY_MESSUNG_AUS);
-    EXPECT_EQ(press(), 4);
-    EXPECT_TRUE(client.IsReady());  // all that was sent before has come in by now
-    EXPECT_EQ(listener.told, (std::vector<long>{2, 3}));
-}
-
-TEST_F(ServerTest, AnswersQuestionsDuringAMeasurement) {
-    ServerProgram server({Chart, "--measuring-time", "2000"});
-    ServerClient client(NotAlone());
-    EXPECT_TRUE(client.IsReady());
+    EXPECT_EQ(client.Display(), "zuerst Weiß messen");
     sv::String target(0);
     sv::String message(int{kv::EXEC_WHITE_MEASUREMENT});
     MyMemoryBlock nothing;
     ASSERT_EQ(Office().Send(target, message, nothing), 1);
     EXPECT_FALSE(client.IsReady());
-    MyMemoryBlock request = Ask(kv::NEW_MEASURE_REQUEST);  // waits for its end
+    Ask(kv::NEW_MEASURE_REQUEST);  // answered after the measurement
     EXPECT_TRUE(client.IsReady());
 }
 
-TEST_F(ServerTest, ADeadClientLeavesNothingBehind) {
-    if (tests::IsUnderWine()) GTEST_SKIP() << "Wine tells nobody of a program's death";
+struct Listener {
+    std::vector<long> numbers;
+    long TriggeredHdl(kv::KORVELEvent* event) {
+        MyMemoryBlock data = event->GetData();
+        data >> numbers.emplace_back(-1);
+        return 0;
+    }
+};
+
+TEST_F(ServerTest, NotifiesListenersOfTheTrigger) {
+    ServerProgram server({Chart});
+    Listener listener;
+    Office().ChangeMessageHdl(kv::MESSUNG_AUSGELOEST, sv::Link::To<&Listener::TriggeredHdl>(listener), 1);
+    ServerClient client(NotExclusive());
+    client.MeasureWhite();
+    auto const press = [this] { return AskLong(kv::MESSUNG_AUSGELOEST).second; };
+    EXPECT_EQ(press(), 1);
+    Ask(kv::NOTIFY_MESSUNG);
+    Ask(kv::NOTIFY_MESSUNG);  // has no further effect
+    EXPECT_EQ(press(), 2);
+    EXPECT_EQ(press(), 3);
+    Ask(kv::NOTIFY_MESSUNG_AUS);
+    EXPECT_EQ(press(), 4);
+    EXPECT_TRUE(client.IsReady());  // all notifications have arrived before this answer
+    EXPECT_EQ(listener.numbers, (std::vector<long>{2, 3}));
+}
+
+TEST_F(ServerTest, AClientThatIsKilledIsDisconnected) {
+    if (tests::IsUnderWine()) GTEST_SKIP() << "Wine does not report that a process has exited";
     ServerProgram server({Chart, "--measuring-time", "500"});
-    auto client = std::make_unique<ServerClient>(NotAlone());
+    auto client = std::make_unique<ServerClient>(NotExclusive());
     auto const isRefused = [&client] {
         try {
             static_cast<void>(client->Display());
@@ -151,7 +144,7 @@ TEST_F(ServerTest, ADeadClientLeavesNothingBehind) {
     };
     {
         Program const killed(KV_COLOR, {"measure"});
-        ASSERT_TRUE(waitUntilRefused(true)) << "it has locked the server";
+        ASSERT_TRUE(waitUntilRefused(true)) << "it locks the server";
     }
     EXPECT_TRUE(waitUntilRefused(false));
 
@@ -162,14 +155,18 @@ TEST_F(ServerTest, ADeadClientLeavesNothingBehind) {
     EXPECT_TRUE(server.Ends());
 }
 
-TEST(PayloadTest, APatchArrivesToTheLastBit) {
+TEST(PayloadTest, APatchArrivesExactly) {
     suite::MeasuredPatch patch{70'000, "Grün ½", kv::Spectrum()};
     float const values[] = {0.0F, -0.0F, 1.0F, 0.1F, 1e-38F, 3.4e38F};
     for (int k = 0; k < kv::SpectralPoints; ++k) patch.spectrum[k] = values[k % 6];
     MyMemoryBlock block;
-    block << patch;
+    suite::PutPatch(block, patch);
+    for (long length = 0; length < block.Len(); ++length) {
+        MyMemoryBlock cut;
+        cut.Put(block.GetDatenZeiger(), length);
+        EXPECT_FALSE(suite::TakePatch(cut)) << length;
+    }
     kv::PostOffice::Encode(block);
-    MyMemoryBlock const sent = block;
     kv::PostOffice::Decode(block);
     auto const back = suite::TakePatch(block);
     ASSERT_TRUE(back);
@@ -179,31 +176,43 @@ TEST(PayloadTest, APatchArrivesToTheLastBit) {
         EXPECT_EQ(std::signbit(back->spectrum[k]), std::signbit(patch.spectrum[k]));
         EXPECT_EQ(back->spectrum[k], patch.spectrum[k]);
     }
-
-    MyMemoryBlock plain;
-    plain << patch;
-    for (long length = 0; length < plain.Len(); ++length) {
-        MyMemoryBlock cut;
-        cut.Put(plain.GetDatenZeiger(), length);
-        EXPECT_FALSE(suite::TakePatch(cut)) << length;
-    }
 }
 
 TEST(PayloadTest, ConditionsArrive) {
-    using suite::operator<<;
-    files::StatedConditions conditions;
-    auto const back = [&conditions] {
+    auto const sent = [](files::StatedConditions const& conditions) {
         MyMemoryBlock block;
-        block << conditions;
+        suite::PutConditions(block, conditions);
         return suite::TakeConditions(block);
     };
-    EXPECT_FALSE(back().illuminant);
-    EXPECT_FALSE(back().observer);
-    conditions = {kv::IllumClass(kv::IllumType::Dxx1, 55), kv::ObserverClass(kv::ObserverType::TenDegrees),
-                  "M1", "Pol", "Absolute"};
-    EXPECT_EQ(back().illuminant, conditions.illuminant);
-    EXPECT_EQ(back().observer, conditions.observer);
-    EXPECT_EQ(back().measurementMode + back().filter + back().whiteBase, "M1PolAbsolute");
+    EXPECT_FALSE(sent({}).illuminant);
+    EXPECT_FALSE(sent({}).observer);
+    files::StatedConditions const conditions = {kv::IllumClass(kv::IllumType::Dxx1, 55),
+                                                kv::ObserverClass(kv::ObserverType::TenDegrees), "M1", "Pol",
+                                                "Absolute"};
+    auto const back = sent(conditions);
+    EXPECT_EQ(back.illuminant, conditions.illuminant);
+    EXPECT_EQ(back.observer, conditions.observer);
+    EXPECT_EQ(back.measurementMode + back.filter + back.whiteBase, "M1PolAbsolute");
+}
+
+TEST(OptionsTest, ReadsTheCommandLine) {
+    Options const options = ParseOptions({"-S", "-LNG", "49", "chart.csv", "--measuring-time", "20"});
+    EXPECT_TRUE(options.isCalled);
+    EXPECT_EQ(options.language, 49);
+    EXPECT_EQ(options.file, "chart.csv");
+    EXPECT_EQ(options.measuringTime.count(), 20);
+    std::vector<std::pair<std::vector<std::string>, std::string>> const faults = {
+        {{"-LNG"}, "-LNG: missing number"},
+        {{"-LNG", "x"}, "-LNG: not a number from 0 to 999: \"x\""},
+        {{"-LNG", "-1"}, "-LNG: not a number from 0 to 999: \"-1\""},
+        {{"--measuring-time", "60001"}, "--measuring-time: not a number from 0 to 60000: \"60001\""},
+        {{"a.csv", "b.csv"}, "unexpected argument \"b.csv\" (see HQMSERV --help)"},
+        {{"-s"}, "unexpected argument \"-s\" (see HQMSERV --help)"}};
+    for (auto const& [arguments, text] : faults) {
+        EXPECT_EQ(files::test::FailureOf<std::invalid_argument>(
+                      [&] { static_cast<void>(ParseOptions(arguments)); }),
+                  text);
+    }
 }
 
 }  // namespace

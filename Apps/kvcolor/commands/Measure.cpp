@@ -27,7 +27,7 @@ struct MeasureOptions {
 void Measure(MeasureOptions const& options, Session& session, files::MeasurementFile& file) {
     Environment const& environment = session.GetEnvironment();
     ServerClient server(
-        {.patience = std::chrono::seconds(options.timeout), .isInterrupted = environment.isInterrupted});
+        {.timeout = std::chrono::seconds(options.timeout), .isInterrupted = environment.isInterrupted});
     std::optional<Progress> progress;
     suite::MeasureChart(server, {session.MeasurementMode(), options.patches}, file,
                         [&](long done, long patches) {

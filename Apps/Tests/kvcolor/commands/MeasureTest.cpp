@@ -33,7 +33,7 @@ TEST(MeasureTest, ReportsWhyThereIsNoMeasurement) {
     std::vector<Case> const cases = {
         {"", {}, "the instrument is not ready: nothing to measure"},
         {"nowhere.csv", {}, "the instrument is not ready: nowhere.csv: no such file"},
-        {stated, {"--patches", "2"}, "the chart has 1 patches, asked for were 2"},
+        {stated, {"--patches", "2"}, "2 patches requested; the chart has 1"},
         {stated, {"--condition", "M2"}, "the instrument measures under other conditions"},
     };
     for (Case const& c : cases) {

@@ -1,4 +1,4 @@
-// JudgementPanel: by which measure and within which limits samples are judged, and against what.
+// TolerancePanel: selects the standard, the paper white, the difference formula and its limits.
 #pragma once
 
 #include "Apps/evaluation/ColourSheet.h"
@@ -9,30 +9,31 @@
 
 namespace colourdesk {
 
-class JudgementPanel : public sv::Window {
+class TolerancePanel : public sv::Window {
   public:
-    explicit JudgementPanel(sv::Window* parent);
+    explicit TolerancePanel(sv::Window* parent);
 
-    /// Shows these tolerances, and the names of standard and paper white, each empty for none.
+    /// Shows these tolerances, and the names of standard and paper white; an empty name is none.
     void Show(evaluation::Tolerances const& tolerances, sv::String const& standard, sv::String const& paper);
     using Window::Show;
+    /// Stores what is set in `tolerances`.
     void Read(evaluation::Tolerances& tolerances) const;
-    void TakeTexts();
-    /// The width that its texts take.
+    void UpdateTexts();
+    /// The width that the texts need, in pixels.
     [[nodiscard]] int GetWidth() const;
 
-    /// Measure or limits have changed; the sender is the control. Returns the link before.
+    /// Called when formula or limits have changed; the sender is the control. Returns the previous link.
     sv::Link ChangeToleranceHdl(sv::Link const& link);
-    // What the buttons are pressed for.
+    // Called when a button is pressed.
     sv::Link ChangeStandardHdl(sv::Link const& link) { return useAsStandard_.ChangeClickHdl(link); }
     sv::Link ChangePaperHdl(sv::Link const& link) { return useAsPaper_.ChangeClickHdl(link); }
-    /// Whether there is a sample to use.
+    /// Enables the buttons that use a selected sample.
     void EnableUse(bool enable);
 
     void Resize() override;
 
   private:
-    static constexpr std::size_t LimitCount = 4;  // of the measure, dL*, dC*, dH*
+    static constexpr std::size_t LimitCount = 4;  // of the formula, dL*, dC*, dH*
 
     [[nodiscard]] int CaptionWidth() const;
 
@@ -40,8 +41,8 @@ class JudgementPanel : public sv::Window {
     sv::PushButton useAsStandard_{this};
     sv::FixedText paper_{this};
     sv::PushButton useAsPaper_{this};
-    sv::FixedText measureCaption_{this};
-    sv::DropDownListBox measure_{this};
+    sv::FixedText formulaCaption_{this};
+    sv::DropDownListBox formula_{this};
     std::array<sv::FixedText, LimitCount> limitCaptions_;
     std::array<kv::NumEditor, LimitCount> limits_;
 };

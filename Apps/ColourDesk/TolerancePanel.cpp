@@ -1,4 +1,4 @@
-#include "Apps/ColourDesk/JudgementPanel.h"
+#include "Apps/ColourDesk/TolerancePanel.h"
 
 #include "Apps/ColourDesk/DeskLayout.h"
 #include "Apps/ColourDesk/DeskTexts.h"
@@ -28,13 +28,13 @@ sv::String NameOr(sv::String const& name) { return name.IsEmpty() ? TextOf(Label
 
 }  // namespace
 
-JudgementPanel::JudgementPanel(sv::Window* parent)
+TolerancePanel::TolerancePanel(sv::Window* parent)
     : Window(parent),
       limitCaptions_{sv::FixedText(this), sv::FixedText(this), sv::FixedText(this), sv::FixedText(this)},
       limits_{MakeLimit(this), MakeLimit(this), MakeLimit(this), MakeLimit(this)} {
     ChangeBackgroundBrush(parent->GetBackgroundBrush());
     for (int i = 0; i < evaluation::FormulaCount; ++i) {
-        measure_.InsertEntry(std::string(evaluation::NameOf(static_cast<evaluation::DifferenceFormula>(i))));
+        formula_.InsertEntry(std::string(evaluation::NameOf(static_cast<evaluation::DifferenceFormula>(i))));
     }
     for (kv::NumEditor& limit : limits_) limit.ChangeMinimalStep(SmallestLimit);
     for (sv::Window* const child : GetChildren()) {
@@ -42,30 +42,30 @@ JudgementPanel::JudgementPanel(sv::Window* parent)
             child->ChangeBackgroundBrush(GetBackgroundBrush());
         child->Show();
     }
-    TakeTexts();
+    UpdateTexts();
 }
 
-void JudgementPanel::TakeTexts() {
+void TolerancePanel::UpdateTexts() {
     useAsStandard_.SetText(TextOf(Label::UseAsStandard));
     useAsPaper_.SetText(TextOf(Label::UseAsPaper));
-    measureCaption_.SetText(TextOf(Label::Measure));
-    measure_.SetAccessibleName(TextOf(Label::Measure));
+    formulaCaption_.SetText(TextOf(Label::Formula));
+    formula_.SetAccessibleName(TextOf(Label::Formula));
     for (std::size_t i = 0; i < LimitCount; ++i) {
         limitCaptions_[i].SetText(TextOf(LimitLabels[i]));
         limits_[i].SetAccessibleName(TextOf(LimitLabels[i]));
     }
-    JudgementPanel::Resize();
+    TolerancePanel::Resize();
 }
 
-int JudgementPanel::CaptionWidth() const {
-    int width = GetTextSize(measureCaption_.GetText()).Width();
+int TolerancePanel::CaptionWidth() const {
+    int width = GetTextSize(formulaCaption_.GetText()).Width();
     for (sv::FixedText const& caption : limitCaptions_) {
         width = std::max<int>(width, GetTextSize(caption.GetText()).Width());
     }
     return width;
 }
 
-int JudgementPanel::GetWidth() const {
+int TolerancePanel::GetWidth() const {
     int const limit = limits_[0].GetSizePixel().Width() + SpinWidth;
     int const button =
         std::max(GetTextSize(useAsStandard_.GetText()).Width(), GetTextSize(useAsPaper_.GetText()).Width());
@@ -73,7 +73,7 @@ int JudgementPanel::GetWidth() const {
         {CaptionWidth() + Gap + limit, button + ButtonPadding, NameLetters * GetTextSize("0").Width()});
 }
 
-void JudgementPanel::Resize() {
+void TolerancePanel::Resize() {
     int const line = GetTextSize("0").Height();
     int const field = FieldHeight(line);
     int const width = GetSizePixel().Width();
@@ -87,8 +87,8 @@ void JudgementPanel::Resize() {
     place(useAsStandard_, field);
     place(paper_, line);
     place(useAsPaper_, field);
-    measureCaption_.SetPosSizePixel({0, y}, {captions, field});
-    measure_.SetPosSizePixel({captions, y}, {std::max(width - captions, 0), field});
+    formulaCaption_.SetPosSizePixel({0, y}, {captions, field});
+    formula_.SetPosSizePixel({captions, y}, {std::max(width - captions, 0), field});
     y += field + Gap;
     for (std::size_t i = 0; i < LimitCount; ++i) {
         limitCaptions_[i].SetPosSizePixel({0, y}, {captions, field});
@@ -97,35 +97,35 @@ void JudgementPanel::Resize() {
     }
 }
 
-void JudgementPanel::Show(evaluation::Tolerances const& tolerances, sv::String const& standard,
+void TolerancePanel::Show(evaluation::Tolerances const& tolerances, sv::String const& standard,
                           sv::String const& paper) {
-    standard_.SetText(Filled(TextOf(Label::Standard), {NameOr(standard)}));
-    paper_.SetText(Filled(TextOf(Label::PaperWhite), {NameOr(paper)}));
-    measure_.SelectEntryPos(static_cast<unsigned short>(tolerances.formula));
+    standard_.SetText(Format(TextOf(Label::Standard), {NameOr(standard)}));
+    paper_.SetText(Format(TextOf(Label::PaperWhite), {NameOr(paper)}));
+    formula_.SelectEntryPos(static_cast<unsigned short>(tolerances.formula));
     limits_[0].setValue(tolerances.difference);
     for (std::size_t i = 0; i < tolerances.components.size(); ++i) {
         limits_[i + 1].setValue(tolerances.components[i]);
     }
 }
 
-void JudgementPanel::Read(evaluation::Tolerances& tolerances) const {
-    unsigned short const measure = measure_.GetSelectEntryPos();
-    if (measure < evaluation::FormulaCount)
-        tolerances.formula = static_cast<evaluation::DifferenceFormula>(measure);
+void TolerancePanel::Read(evaluation::Tolerances& tolerances) const {
+    unsigned short const formula = formula_.GetSelectEntryPos();
+    if (formula < evaluation::FormulaCount)
+        tolerances.formula = static_cast<evaluation::DifferenceFormula>(formula);
     tolerances.difference = limits_[0].getValue();
     for (std::size_t i = 0; i < tolerances.components.size(); ++i) {
         tolerances.components[i] = limits_[i + 1].getValue();
     }
 }
 
-void JudgementPanel::EnableUse(bool enable) {
+void TolerancePanel::EnableUse(bool enable) {
     useAsStandard_.Enable(enable);
     useAsPaper_.Enable(enable);
 }
 
-sv::Link JudgementPanel::ChangeToleranceHdl(sv::Link const& link) {
+sv::Link TolerancePanel::ChangeToleranceHdl(sv::Link const& link) {
     for (kv::NumEditor& limit : limits_) limit.ChangeValueChangedHdl(link);
-    return measure_.ChangeSelectHdl(link);
+    return formula_.ChangeSelectHdl(link);
 }
 
 }  // namespace colourdesk
