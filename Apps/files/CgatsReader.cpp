@@ -16,9 +16,9 @@ namespace {
 
 std::string Count(std::size_t count, char const* what) { return std::to_string(count) + " " + what; }
 
-class Reader {
+class CgatsReader {
   public:
-    Reader(std::string_view text, MeasurementFile& file) : lines_(text), file_(file) {}
+    CgatsReader(std::string_view text, MeasurementFile& file) : lines_(text), file_(file) {}
 
     void Read() {
         while (lines_.Next()) {
@@ -240,6 +240,6 @@ bool IsCgats(std::string_view text) noexcept {
     return false;
 }
 
-void ReadCgats(std::string_view text, MeasurementFile& file) { Reader(text, file).Read(); }
+void ReadCgats(std::string_view text, MeasurementFile& file) { CgatsReader(text, file).Read(); }
 
 }  // namespace files

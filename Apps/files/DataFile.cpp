@@ -83,9 +83,9 @@ void CheckLineLengths(std::string_view text, std::string const& path) {
     }
 }
 
-class Reader {
+class DataFileReader {
   public:
-    Reader(std::string_view text, std::string const& name) : name_(name), lines_(text) {
+    DataFileReader(std::string_view text, std::string const& name) : name_(name), lines_(text) {
         // From a stream, the format does not read lines that end in CR alone.
         for (LineReader lines(text); lines.Next();) {
             if (lines.Text().size() > LongestLine) {
@@ -256,7 +256,7 @@ void WriteDataFile(MeasurementFile const& file, std::string const& path) {
 }
 
 MeasurementFile ReadDataFile(std::string_view bytes, std::string const& name) {
-    return Reader(CheckedText(bytes, name), name).Read();
+    return DataFileReader(CheckedText(bytes, name), name).Read();
 }
 
 }  // namespace files

@@ -16,8 +16,6 @@ constexpr std::uintptr_t IndexMask = (std::uintptr_t{1} << IndexBits) - 1;
 constexpr std::ptrdiff_t MostCallers = 256;
 // The timeout for a peer that reads nothing of its queued data when an instance ends.
 constexpr int DrainTimeoutMs = 10'000;
-// Storage above this size is released when the transaction is over.
-constexpr std::size_t LargestKept = 1U << 20;
 
 bool IsCalling(std::shared_ptr<Conversation> const& conversation) {
     return conversation != nullptr && conversation->GetState() == Conversation::State::Calling;
@@ -151,7 +149,7 @@ TransactionData const* Exchange::FindData(HDDEDATA data) const noexcept {
 
 void Exchange::CloseTransaction() noexcept {
     TransactionData& data = *data_[--openData_];
-    if (data.capacity() > LargestKept) data = {};
+    if (data.capacity() > LargestKeptBuffer) data = {};
 }
 
 }  // namespace platform::detail

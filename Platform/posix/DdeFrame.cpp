@@ -9,8 +9,6 @@ namespace {
 
 // Holds some dozens of typical messages.
 constexpr std::size_t FirstCapacity = 64U << 10;
-// A buffer above this size is released once it is empty.
-constexpr std::size_t LargestKept = 1U << 20;
 
 }  // namespace
 
@@ -44,7 +42,7 @@ bool FrameHeader::IsValid() const noexcept {
 std::span<std::byte> FrameReader::Space() {
     if (begin_ == end_) {
         begin_ = end_ = 0;
-        if (buffer_.size() > LargestKept) buffer_ = {};
+        if (buffer_.size() > LargestKeptBuffer) buffer_ = {};
     }
     if (buffer_.empty()) buffer_.resize(FirstCapacity);
     if (begin_ > 0 && end_ > buffer_.size() / 2) {

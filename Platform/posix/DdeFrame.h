@@ -17,6 +17,9 @@
 
 namespace platform::detail {
 
+/// A buffer above this size is released once it is empty.
+inline constexpr std::size_t LargestKeptBuffer = 1U << 20;
+
 enum class FrameKind : std::uint16_t {
     Connect = 1,  // service, topic
     Accept,

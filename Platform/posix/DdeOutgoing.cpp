@@ -15,8 +15,6 @@ namespace {
 constexpr std::size_t MostParts = 3;
 // The number of bytes that a program without a running loop queues before it tries to send again.
 constexpr std::size_t FlushEvery = 64U << 10;
-// A buffer above this size is released once it is empty.
-constexpr std::size_t LargestKept = 1U << 20;
 
 constexpr int Flags = MSG_DONTWAIT | MSG_NOSIGNAL;
 
@@ -83,7 +81,7 @@ bool OutgoingBytes::Flush(int socket) noexcept {
 bool OutgoingBytes::IsFlushDue() const noexcept { return Count() >= countAtFlush_ + FlushEvery; }
 
 void OutgoingBytes::Clear() noexcept {
-    if (bytes_.capacity() > LargestKept) {
+    if (bytes_.capacity() > LargestKeptBuffer) {
         bytes_ = {};
     } else {
         bytes_.clear();

@@ -14,7 +14,7 @@ namespace sv::qt {
 namespace {
 
 /// Pixels per inch of scalable graphics.
-constexpr int Resolution = 96;
+constexpr int DotsPerInch = 96;
 constexpr double PointsPerInch = 72.0;
 
 bool Paint(QWidget& widget, QPaintDevice& device) {
@@ -35,7 +35,7 @@ bool SaveSvg(QWidget& widget, QString const& path) {
     if (!file.open(QIODevice::WriteOnly)) return false;
     QSvgGenerator generator;
     generator.setOutputDevice(&file);
-    generator.setResolution(Resolution);
+    generator.setResolution(DotsPerInch);
     generator.setSize(widget.size());
     generator.setViewBox(widget.rect());
     return Paint(widget, generator) && file.flush();
@@ -45,9 +45,9 @@ bool SavePdf(QWidget& widget, QString const& path) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly)) return false;
     QPdfWriter writer(&file);
-    writer.setResolution(Resolution);
+    writer.setResolution(DotsPerInch);
     writer.setPageMargins({});
-    writer.setPageSize(QPageSize(QSizeF(widget.size()) * PointsPerInch / Resolution, QPageSize::Point, {},
+    writer.setPageSize(QPageSize(QSizeF(widget.size()) * PointsPerInch / DotsPerInch, QPageSize::Point, {},
                                  QPageSize::ExactMatch));
     return Paint(widget, writer) && file.flush();
 }
