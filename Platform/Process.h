@@ -37,14 +37,18 @@ class Process {
     std::unique_ptr<State> state_;
 };
 
-/// Starts an independent program and does not wait for it. The command line is the program's name and its
-/// arguments, separated by blanks; double quotes keep blanks together. Returns true if the program was
-/// started.
+/// Starts an independent program and does not wait for it. Returns true if the program was started; never
+/// throws for any text. The command line, in UTF-8, is the program's name and its arguments, separated by
+/// blanks; double quotes keep blanks together.
 ///
-/// It runs in `directory` if given, else in the current directory. It is searched for there first, then in
-/// the directory of the running program, then on the system's path. On Windows its window is minimised.
-/// Elsewhere it has a session of its own and no standard streams, so that it keeps no pipe of this program
-/// open.
+/// The name may contain blanks without quotes: the longest leading part of the line that is the name of a
+/// program is started. On Windows the system tries the shortest part first, and the characters of the line
+/// must be in its ANSI code page.
+///
+/// The program runs in `directory`, or in the current directory if none is given, or it is empty or does not
+/// exist. The name is searched for there first, then in the directory of the running program, then on the
+/// system's path. On Windows the program's window is minimised. Elsewhere it has a session of its own and no
+/// standard streams, so that it keeps no pipe of this program open.
 bool StartProgram(std::string const& commandLine, std::optional<std::string> const& directory = std::nullopt);
 
 /// Returns the number of this process.

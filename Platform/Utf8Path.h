@@ -1,4 +1,6 @@
 // Utf8Path: converts file names between UTF-8, which all services here take, and std::filesystem::path.
+// Unlike the standard library's conversions these never throw: what is not a character becomes U+FFFD on
+// Windows, and POSIX keeps all bytes as they are.
 #pragma once
 
 #include <filesystem>
@@ -7,13 +9,7 @@
 
 namespace platform {
 
-[[nodiscard]] inline std::filesystem::path PathOf(std::string_view utf8) {
-    return {std::u8string(utf8.begin(), utf8.end())};
-}
-
-[[nodiscard]] inline std::string Utf8Of(std::filesystem::path const& path) {
-    std::u8string const name = path.u8string();
-    return {name.begin(), name.end()};
-}
+[[nodiscard]] std::filesystem::path PathOf(std::string_view utf8);
+[[nodiscard]] std::string Utf8Of(std::filesystem::path const& path);
 
 }  // namespace platform

@@ -40,7 +40,7 @@ void CheckName(std::string const& name) {
 
 void CheckParts(ImapValue const& structure) {
     MailParts const parts = PartsOf(structure);
-    Require(parts.files.size() <= MostMailFiles);
+    Require(parts.files.size() <= MaxMailFiles);
     std::set<std::string> names;
     for (MailPart const& part : parts.files) {
         CheckName(part.fileName);

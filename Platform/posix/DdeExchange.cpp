@@ -13,7 +13,7 @@ namespace {
 constexpr unsigned IndexBits = 20;
 constexpr std::uintptr_t IndexMask = (std::uintptr_t{1} << IndexBits) - 1;
 // Peers that connect and remain silent hold a descriptor each: beyond this number the oldest is dropped.
-constexpr std::ptrdiff_t MostCallers = 256;
+constexpr std::ptrdiff_t MaxCallers = 256;
 // The timeout for a peer that reads nothing of its queued data when an instance ends.
 constexpr int DrainTimeoutMs = 10'000;
 
@@ -110,7 +110,7 @@ HCONV Exchange::Add(std::shared_ptr<Conversation> conversation) {
 
 void Exchange::DropOldestCaller() {
     auto const isCaller = [](Place const& place) { return IsCaller(place.conversation); };
-    if (std::ranges::count_if(places_, isCaller) <= MostCallers) return;
+    if (std::ranges::count_if(places_, isCaller) <= MaxCallers) return;
     auto const oldest = std::ranges::min_element(
         places_, {}, [&](Place const& place) { return std::pair(!isCaller(place), place.generation); });
     std::shared_ptr<Conversation> const conversation = oldest->conversation;

@@ -19,7 +19,7 @@ DdeInstance::~DdeInstance() { UnregisterAll(); }
 bool DdeInstance::Step(std::uint32_t /*ready*/) {
     Descriptor peer = AcceptPeer(listener_.Number());
     if (!peer) {
-        if (errno == EMFILE || errno == ENFILE) TurnAway();
+        if (errno == EMFILE || errno == ENFILE) DropPeer();
         return false;
     }
     auto const caller = std::make_shared<Conversation>(Conversation::Side::Server, std::move(peer), number_);
@@ -27,7 +27,7 @@ bool DdeInstance::Step(std::uint32_t /*ready*/) {
     return Exchange::Instance().Add(caller) != nullptr && caller->Step(EPOLLIN);
 }
 
-void DdeInstance::TurnAway() {
+void DdeInstance::DropPeer() {
     reserve_ = Descriptor();
     Descriptor const peer(accept4(listener_.Number(), nullptr, nullptr, SOCK_CLOEXEC));
     reserve_ = Descriptor(open("/dev/null", O_RDONLY | O_CLOEXEC));

@@ -44,7 +44,7 @@ class DdeInstance final : public Watcher {
     [[nodiscard]] bool StartListening();
     void StopListening();
     // Drops a waiting peer when the process has no free descriptor.
-    void TurnAway();
+    void DropPeer();
 
     std::uint32_t number_;
     PFNCALLBACK callback_;

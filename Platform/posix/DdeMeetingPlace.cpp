@@ -19,7 +19,7 @@ namespace {
 
 // The first character of the name of a socket that does not listen yet.
 constexpr char Unfinished = '.';
-// After this many seconds the program that created an unfinished socket is considered dead.
+// After this many seconds the program that created an unfinished socket is considered to have ended.
 constexpr long UnfinishedLimit = 60;
 constexpr mode_t OthersBits = S_IRWXG | S_IRWXO;
 constexpr int Backlog = 4096;
@@ -98,8 +98,8 @@ Descriptor MeetingPlace::Listen(std::string& name) const {
     Descriptor listener = NewSocket();
     if (!listener || !FillAddress(address, directory_.Number(), unfinished)) return {};
     if (bind(listener.Number(), Generic(address), sizeof address) != 0) return {};
-    // Renamed only when it is private and listens: a named socket that refuses connections belongs to a dead
-    // program.
+    // Renamed only when it is private and listens: a named socket that refuses connections belongs to a
+    // program that has ended.
     if (fchmodat(directory_.Number(), unfinished.c_str(), S_IRUSR | S_IWUSR, 0) != 0 ||
         listen(listener.Number(), Backlog) != 0 ||
         renameat(directory_.Number(), unfinished.c_str(), directory_.Number(), finished.c_str()) != 0) {

@@ -12,7 +12,7 @@ namespace platform::detail {
 
 namespace {
 
-constexpr std::size_t MostParts = 3;
+constexpr std::size_t MaxParts = 3;
 // The number of bytes that a program without a running loop queues before it tries to send again.
 constexpr std::size_t FlushEvery = 64U << 10;
 
@@ -23,8 +23,8 @@ bool MayTakeMoreLater() noexcept { return errno == EAGAIN || errno == EWOULDBLOC
 }  // namespace
 
 bool SendParts(int socket, FrameParts parts, std::size_t& sent) noexcept {
-    assert(parts.size() <= MostParts);
-    std::array<iovec, MostParts> vectors{};
+    assert(parts.size() <= MaxParts);
+    std::array<iovec, MaxParts> vectors{};
     std::ranges::transform(parts, vectors.begin(), [](std::span<std::byte const> part) {
         // The system uses the structure for reading as well, so it is not const.
         return iovec{const_cast<std::byte*>(part.data()), part.size()};

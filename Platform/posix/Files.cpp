@@ -93,9 +93,9 @@ std::optional<FileIdentity> Identify(std::string const& path) {
 }
 
 std::string FollowLinks(std::string const& path) {
-    constexpr int MostLinks = 40;  // as the system allows
+    constexpr int MaxLinks = 40;  // as the system allows
     std::string name = path;
-    for (int links = 0; links < MostLinks; ++links) {
+    for (int links = 0; links < MaxLinks; ++links) {
         std::array<char, PATH_MAX> target = {};
         auto const length = ::readlink(name.c_str(), target.data(), target.size());
         if (length <= 0 || static_cast<std::size_t>(length) == target.size()) return name;

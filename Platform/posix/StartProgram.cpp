@@ -43,36 +43,59 @@ bool IsProgram(fs::path const& file) {
     return fs::is_regular_file(file, error) && ::access(file.c_str(), X_OK) == 0;
 }
 
-std::vector<fs::path> SearchedDirectories(std::optional<std::string> const& directory) {
-    std::error_code error;
-    std::vector<fs::path> directories = {
-        directory ? fs::absolute(*directory, error) : fs::current_path(error),
-        fs::path(RunningProgram()).parent_path()};
-    char const* const path = std::getenv("PATH");  // NOLINT(concurrency-mt-unsafe)
-    std::istringstream rest(path == nullptr ? "" : path);
-    for (std::string entry; std::getline(rest, entry, ':');) directories.emplace_back(entry);
-    std::erase(directories, fs::path());
-    return directories;
-}
-
 /// Returns an empty path if there is no such program.
-fs::path Find(std::string const& program, std::optional<std::string> const& directory) {
-    if (program.empty() || program.find('/') != std::string::npos) return IsProgram(program) ? program : "";
-    for (fs::path const& place : SearchedDirectories(directory)) {
-        if (IsProgram(place / program)) return place / program;
+fs::path Find(std::string const& program, fs::path const& directory) {
+    std::vector<fs::path> places = {directory};
+    if (program.find('/') == std::string::npos) {
+        places.push_back(fs::path(RunningProgram()).parent_path());
+        char const* const path = std::getenv("PATH");  // NOLINT(concurrency-mt-unsafe)
+        std::istringstream rest(path == nullptr ? "" : path);
+        for (std::string place; std::getline(rest, place, ':');) places.emplace_back(place);
+        std::erase(places, fs::path());
+    }
+    for (fs::path const& place : places) {
+        std::error_code error;
+        fs::path file = fs::absolute(place / program, error);
+        if (IsProgram(file)) return file;
     }
     return {};
+}
+
+struct Command {
+    fs::path program;
+    std::vector<std::string> words;  // the name and the arguments
+};
+
+/// Parses a command line. The program is empty if there is none.
+Command Parse(std::string const& line, fs::path const& directory) {
+    constexpr char const* Blanks = " \t";
+    std::size_t const begin = std::min(line.find_first_not_of(Blanks), line.size());
+    // The whole line first, then without its last word, and so on.
+    for (std::size_t last = line.find_last_not_of(Blanks); last != std::string::npos && last >= begin;) {
+        std::string const name = line.substr(begin, last + 1 - begin);
+        if (fs::path program = Find(name, directory); !program.empty()) {
+            Command command{std::move(program), Words(line.substr(last + 1))};
+            command.words.insert(command.words.begin(), name);
+            return command;
+        }
+        std::size_t const blank = line.find_last_of(Blanks, last);
+        last = blank == std::string::npos ? blank : line.find_last_not_of(Blanks, blank);
+    }
+    // A name in quotes.
+    std::vector<std::string> words = Words(line);
+    if (words.empty() || words.front().empty()) return {};
+    return {Find(words.front(), directory), std::move(words)};
 }
 
 /// The spawn attributes of an independent program.
 class Independent {
   public:
-    explicit Independent(std::optional<std::string> const& directory) {
+    explicit Independent(fs::path const& directory) {
         ::posix_spawn_file_actions_init(&actions_);
         for (int const stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
             ::posix_spawn_file_actions_addopen(&actions_, stream, "/dev/null", O_RDWR, 0);
         }
-        if (directory) ::posix_spawn_file_actions_addchdir_np(&actions_, directory->c_str());
+        if (!directory.empty()) ::posix_spawn_file_actions_addchdir_np(&actions_, directory.c_str());
 
         sigset_t none;
         sigset_t ignoredByUs;
@@ -111,11 +134,12 @@ class Independent {
 }  // namespace
 
 bool StartProgram(std::string const& commandLine, std::optional<std::string> const& directory) {
-    std::vector<std::string> words = Words(commandLine);
-    if (words.empty()) return false;
-    fs::path const program = Find(words.front(), directory);
-    if (program.empty()) return false;
-    pid_t const child = Independent(directory).Spawn(program, words);
+    std::error_code error;
+    bool const isUsable = directory && fs::is_directory(*directory, error);
+    fs::path const place = isUsable ? fs::absolute(*directory, error) : fs::current_path(error);
+    Command command = Parse(commandLine, place);
+    if (command.program.empty()) return false;
+    pid_t const child = Independent(place).Spawn(command.program, command.words);
     if (child < 0) return false;
     // Collects the exit code, so that no zombie remains.
     std::thread([child] { ::waitpid(child, nullptr, 0); }).detach();

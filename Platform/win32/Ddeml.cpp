@@ -49,14 +49,14 @@ platform::HDDEDATA Ours(::HDDEDATA data) noexcept { return reinterpret_cast<plat
 
 // The system does not pass its instance to a callback. So each instance has a function of its own, with the
 // system's handle types and calling convention, that forwards the call.
-constexpr std::size_t mostInstances = 16;
+constexpr std::size_t MaxInstances = 16;
 
 struct Slot {
     DWORD instance = 0;
     platform::PFNCALLBACK callback = nullptr;
 };
 
-constinit std::array<Slot, mostInstances> slots{};
+constinit std::array<Slot, MaxInstances> slots{};
 
 template <std::size_t Index>
 ::HDDEDATA CALLBACK PassOn(UINT transaction, UINT format, ::HCONV conversation, ::HSZ string1, ::HSZ string2,
@@ -68,12 +68,12 @@ template <std::size_t Index>
 }
 
 template <std::size_t... Indices>
-constexpr std::array<::PFNCALLBACK, mostInstances> MakePassers(std::index_sequence<Indices...> /*indices*/) {
+constexpr std::array<::PFNCALLBACK, MaxInstances> MakePassers(std::index_sequence<Indices...> /*indices*/) {
     return {&PassOn<Indices>...};
 }
 
-constexpr std::array<::PFNCALLBACK, mostInstances> passers =
-    MakePassers(std::make_index_sequence<mostInstances>());
+constexpr std::array<::PFNCALLBACK, MaxInstances> passers =
+    MakePassers(std::make_index_sequence<MaxInstances>());
 
 /// Returns whether the peer's program, or its instance, is gone.
 bool IsPartnerGone(::HCONV conversation) noexcept {
@@ -90,7 +90,7 @@ namespace platform {
 unsigned DdeInitializeA(std::uint32_t* instance, PFNCALLBACK callback, std::uint32_t commands,
                         std::uint32_t reserved) {
     if (instance == nullptr || *instance != 0 || callback == nullptr) return DMLERR_INVALIDPARAMETER;
-    for (std::size_t i = 0; i < mostInstances; ++i) {
+    for (std::size_t i = 0; i < MaxInstances; ++i) {
         Slot& slot = slots[i];
         if (slot.callback != nullptr) continue;
         slot.callback = callback;

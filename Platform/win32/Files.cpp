@@ -53,10 +53,10 @@ std::int64_t Nanoseconds(FILETIME const& time) noexcept {
 }
 
 bool WriteAll(HANDLE file, std::string_view content) noexcept {
-    constexpr std::size_t Most = 1 << 30;
+    constexpr std::size_t MaxPart = 1 << 30;
     while (!content.empty()) {
         DWORD done = 0;
-        auto const part = static_cast<DWORD>(std::min(content.size(), Most));
+        auto const part = static_cast<DWORD>(std::min(content.size(), MaxPart));
         if (::WriteFile(file, content.data(), part, &done, nullptr) == 0) return false;
         content.remove_prefix(done);
     }

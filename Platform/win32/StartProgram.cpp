@@ -1,51 +1,38 @@
 #include "Platform/Process.h"
-#include "Platform/Utf8Path.h"
+#include "Platform/win32/Wide.h"
 
-#include <windows.h>
-
-#include <filesystem>
+#include <string>
 
 namespace platform {
 
 namespace {
 
-namespace fs = std::filesystem;
-
-/// Changes the current directory for the lifetime of the object.
+/// Changes the current directory for the lifetime of the object; one that cannot be entered changes nothing.
 class CurrentDirectory {
   public:
     explicit CurrentDirectory(std::optional<std::string> const& directory) {
-        std::error_code error;
-        if (directory) fs::current_path(PathOf(*directory), error);
+        if (directory) SetCurrentDirectoryW(detail::Widen(*directory).c_str());
     }
     CurrentDirectory(CurrentDirectory const&) = delete;
     CurrentDirectory& operator=(CurrentDirectory const&) = delete;
-    ~CurrentDirectory() {
-        std::error_code error;
-        fs::current_path(before_, error);
-    }
+    ~CurrentDirectory() { SetCurrentDirectoryW(before_.c_str()); }
 
   private:
-    fs::path before_ = fs::current_path();
-};
+    static std::wstring Now() {
+        std::wstring name(GetCurrentDirectoryW(0, nullptr), L'\0');
+        name.resize(GetCurrentDirectoryW(static_cast<DWORD>(name.size()), name.data()));
+        return name;
+    }
 
-/// Converts UTF-8 to the system's code page.
-std::string Ansi(std::string const& text) {
-    std::wstring const wide = PathOf(text).wstring();
-    int const size = WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), nullptr, 0,
-                                         nullptr, nullptr);
-    std::string result(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_ACP, 0, wide.data(), static_cast<int>(wide.size()), result.data(), size, nullptr,
-                        nullptr);
-    return result;
-}
+    std::wstring before_ = Now();
+};
 
 }  // namespace
 
 bool StartProgram(std::string const& commandLine, std::optional<std::string> const& directory) {
     constexpr UINT LargestError = 31;
     CurrentDirectory const here(directory);
-    return WinExec(Ansi(commandLine).c_str(), SW_MINIMIZE) > LargestError;
+    return WinExec(detail::Encode(detail::Widen(commandLine), CP_ACP).c_str(), SW_MINIMIZE) > LargestError;
 }
 
 }  // namespace platform

@@ -1,13 +1,8 @@
 #include "Platform/Process.h"
+#include "Platform/Tests/TemporaryDirectory.h"
+#include "Platform/Tests/TestSystem.h"
 
 #include <gtest/gtest.h>
-
-#include <chrono>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <thread>
-#include <unistd.h>
 
 namespace platform {
 namespace {
@@ -16,62 +11,67 @@ namespace fs = std::filesystem;
 
 class StartProgramTest : public testing::Test {
   protected:
-    ~StartProgramTest() override { fs::remove_all(directory); }
-
-    static fs::path NewDirectory() {
-        std::string name = (fs::temp_directory_path() / "start-program-XXXXXX").string();
-        return ::mkdtemp(name.data());
-    }
-    /// A script that writes where it runs and its arguments, one a line.
+    /// Writes a script that writes where it runs, its name and its arguments, one per line.
     void WriteScript(std::string const& name, fs::perms permissions = fs::perms::owner_all) const {
-        std::ofstream(directory / name)
-            << "#!/bin/sh\n"
-               "{ pwd; for argument; do echo \"$argument\"; done; } > written.new\n"
-               "mv written.new written\n";
-        fs::permissions(directory / name, permissions);
+        tests::PutBytes(here / name,
+                        "#!/bin/sh\n"
+                        "{ pwd; basename \"$0\"; for a; do echo \"$a\"; done; } > w.new\nmv w.new written\n");
+        fs::permissions(here / name, permissions);
     }
-    /// What the script wrote; it is waited for.
+    /// Waits for the text of the script, and removes it.
     [[nodiscard]] std::string Written() const {
-        for (int i = 0; i < 1000 && !fs::exists(directory / "written"); ++i) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        }
-        std::ifstream file(directory / "written");
-        return {std::istreambuf_iterator(file), {}};
+        EXPECT_TRUE(tests::WaitUntil([&] { return fs::exists(here / "written"); }));
+        std::string const text = tests::Bytes(here / "written");
+        fs::remove(here / "written");
+        return text.starts_with(here.string() + '\n') ? text.substr(here.string().size() + 1)
+                                                      : "from " + text;
     }
 
-    fs::path directory = fs::canonical(NewDirectory());
+    tests::TemporaryDirectory directory_;
+    fs::path here = fs::canonical(directory_.Path());
 };
 
-TEST_F(StartProgramTest, LooksInTheDirectoryFirstAndRunsThere) {
-    WriteScript("true");  // there is one on the system's path too
-    EXPECT_TRUE(StartProgram("true -S  -LNG 49 \"two words\" \"\"", directory.string()));
-    EXPECT_EQ(Written(), directory.string() + "\n-S\n-LNG\n49\ntwo words\n\n");
-}
-
-TEST_F(StartProgramTest, LooksInTheCurrentDirectoryWhereNoneIsGiven) {
-    WriteScript("SERVER");
+TEST_F(StartProgramTest, SearchesTheDirectoryFirstAndRunsThere) {
+    WriteScript("true");  // the system's path has one as well
+    EXPECT_TRUE(StartProgram("true -S  -LNG 49 \"two words\" \"\"", here.string()));
+    EXPECT_EQ(Written(), "true\n-S\n-LNG\n49\ntwo words\n\n");
+    EXPECT_TRUE(StartProgram("./true", here.string()));
+    EXPECT_EQ(Written(), "true\n");
     fs::path const before = fs::current_path();
-    fs::current_path(directory);
-    EXPECT_TRUE(StartProgram("SERVER"));
-    fs::current_path(before);
-    EXPECT_EQ(Written(), directory.string() + "\n");
-}
-
-TEST_F(StartProgramTest, LooksBesideTheRunningProgramAndOnThePath) {
-    std::string const self = fs::read_symlink("/proc/self/exe").filename().string();
-    EXPECT_TRUE(StartProgram(self + " --gtest_list_tests", directory.string()));
-    EXPECT_TRUE(StartProgram("true", directory.string()));
-}
-
-TEST_F(StartProgramTest, SaysWhatCannotBeStarted) {
-    WriteScript("TEXT", fs::perms::owner_read);
-    fs::create_directory(directory / "FOLDER");
-    for (char const* const line :
-         {"", "  ", "\"\"", "NO_SUCH_PROGRAM -S", "TEXT", "FOLDER", "./NO_SUCH_PROGRAM"}) {
-        EXPECT_FALSE(StartProgram(line, directory.string())) << line;
+    fs::current_path(here);
+    for (std::optional<std::string> const& directory :
+         {std::optional<std::string>(), {""}, {here / "gone"}}) {
+        EXPECT_TRUE(StartProgram("true", directory)) << directory.value_or("none");
+        EXPECT_EQ(Written(), "true\n") << "else the current directory is first";
     }
+    fs::current_path(before);
+}
+
+TEST_F(StartProgramTest, SearchesTheProgramsDirectoryAndThePath) {
+    std::string const self = fs::read_symlink("/proc/self/exe").filename().string();
+    EXPECT_TRUE(StartProgram(self + " --gtest_list_tests", here.string()));
+    for (std::string const& directory : {here.string(), (here / "gone").string(), std::string()})
+        EXPECT_TRUE(StartProgram("true", directory)) << directory;
+}
+
+TEST_F(StartProgramTest, NamesMayContainBlanksAndAnyCharacter) {
+    for (char const* const name : {"two", "two words", "Me\xC3\x9F Ger\xC3\xA4t", "\xE4 not UTF-8"}) {
+        WriteScript(name);
+        EXPECT_TRUE(StartProgram(name + std::string(" -S"), here.string())) << name;
+        EXPECT_EQ(Written(), name + std::string("\n-S\n"));
+        EXPECT_TRUE(StartProgram('"' + std::string(name) + "\" -S", here.string())) << name;
+        EXPECT_EQ(Written(), name + std::string("\n-S\n"));
+    }
+}
+
+TEST_F(StartProgramTest, ReportsWhatCannotBeStarted) {
+    WriteScript("TEXT", fs::perms::owner_read);
+    fs::create_directory(here / "FOLDER");
+    for (char const* const line :
+         {"", "  ", "\"\"", "NO_SUCH_PROGRAM -S", "NO SUCH PROGRAM", "TEXT", "FOLDER", "./NO_SUCH_PROGRAM"})
+        EXPECT_FALSE(StartProgram(line, here.string())) << line;
     WriteScript("SERVER");
-    EXPECT_FALSE(StartProgram("SERVER", (directory / "nowhere").string()));
+    EXPECT_FALSE(StartProgram("SERVER", (here / "gone").string()));
 }
 
 }  // namespace

@@ -107,7 +107,7 @@ MailParts PartsOf(ImapValue const& structure) {
     std::vector<std::string> names;
     ForEachLeaf(structure, "", [&](Leaf const& leaf) {
         if (leaf.IsFile()) {
-            if (names.size() == MostMailFiles) return;
+            if (names.size() == MaxMailFiles) return;
             parts.files.push_back(leaf.AsFile(names));
             names.push_back(parts.files.back().fileName);
         } else if (!parts.text || (!isPlain && leaf.IsText("plain"))) {

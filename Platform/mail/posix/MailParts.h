@@ -27,8 +27,8 @@ struct MailParts {
 
 /// Derives the parts from a BODYSTRUCTURE. The text is the first part that is not a file, plain text before
 /// HTML. A part is a file if it has a name, is marked as an attachment or is not a text; an attached message
-/// is one file. Files beyond `MostMailFiles` are omitted.
-inline constexpr std::size_t MostMailFiles = 200;
+/// is one file. Files beyond `MaxMailFiles` are omitted.
+inline constexpr std::size_t MaxMailFiles = 200;
 [[nodiscard]] MailParts PartsOf(ImapValue const& structure);
 
 /// Decodes the transfer encoding of a part, in pieces.
