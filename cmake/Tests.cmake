@@ -82,6 +82,7 @@ target_compile_definitions(KVUtilsTests PRIVATE
   KV_TEXTS="${PROJECT_SOURCE_DIR}/Apps/LNG"
   KV_CONFIG_WRITER="$<TARGET_FILE:ConfigWriter>"
   KV_DDE_PEER="$<TARGET_FILE:DdePeer>"
+  KV_MESSAGING_TESTS="${PROJECT_SOURCE_DIR}/KVUtils/Tests/messaging"
   KV_MAIL_CLIENT="$<TARGET_FILE:MailClient>"
   KV_MAIL_CLIENT_THAT_CANNOT_SEND="$<TARGET_FILE:MailClientThatCannotSend>"
   KV_MAIL_CLIENT_THAT_CANNOT_LOG_ON="$<TARGET_FILE:MailClientThatCannotLogOn>"

@@ -131,13 +131,6 @@ TEST_F(DDETest, DividesAtTheFirstColonAndCutsNamesTo39Characters) {
     }
 }
 
-TEST_F(DDETest, DecodesBeforeItDelivers) {
-    Open({.decode = [](MyMemoryBlock& payload) { payload << '!'; }});
-    EXPECT_EQ(Send("BENCH", "LOCK", "ab"), 1);  // a program reaches itself
-    ASSERT_TRUE(Arrived(1));
-    EXPECT_EQ(received[0].payload, "ab!");
-}
-
 TEST_F(DDETest, FindsAPeerThatWasStartedAgain) {
     {
         Peer const peer("PEER_1");

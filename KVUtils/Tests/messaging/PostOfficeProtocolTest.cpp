@@ -3,6 +3,9 @@
 #include "Platform/Tests/TestSystem.h"
 #include "SV/ui/Window.h"
 
+#include <fstream>
+#include <sstream>
+
 using namespace std::string_literals;
 
 namespace kv::messagingtest {
@@ -36,52 +39,31 @@ class PostOfficeProtocolTest : public PostOfficeTest {
     std::vector<std::function<void()>> steps;
 };
 
-TEST_F(PostOfficeProtocolTest, ConnectAgreesOnAVersionAndALanguage) {
-    struct {
-        std::string payload;
-        char answer;
-        bool readsLanguage;
-    } const rows[] = {
-        {"\x03\x51\0"s, 3, true},   {"\x02\x51\0"s, 2, false},
-        {"\x01", 1, false},         {"\0\x02"s, 2, false},
-        {"\0\x03\x51\0"s, 3, true}, {"\x07\x51\0"s, 3, true},
-        {"\xFF\x51\0"s, 3, true},   {"", 0, false},
-        {"\0\0"s, 0, false},        {"\0\0\x51\0"s, 0, false},
-        {"\0"s, 3, false},  // the surplus byte of decoding is taken for a version
-    };
-    for (auto const& row : rows) {
-        Language::SetLanguageByCountryCode(1);
-        EXPECT_EQ(Ask(a, "CONNECT", row.payload), Encoded(std::string(1, row.answer))) << int{row.answer};
-        EXPECT_EQ(Language::IsJapanese() != 0, row.readsLanguage) << int{row.answer};
-    }
+std::string FromHex(std::string const& digits) {
+    std::string bytes;
+    for (std::size_t i = 0; i < digits.size(); i += 2)
+        bytes += static_cast<char>(std::stoi(digits.substr(i, 2), nullptr, 16));
+    return bytes;
 }
 
-TEST_F(PostOfficeProtocolTest, AnswersWhatHasNoHandler) {
-    struct {
-        char const* message;
-        std::string answer;
-        char const* box;
-    } const rows[] = {
-        {"LOCK", Done, nullptr},
-        {"UNLOCK", Done, nullptr},
-        {"DISCONNECT", Done, nullptr},
-        {"CANCEL_REQUEST", NotHandled, nullptr},
-        {"FILE_READ_FROM_FILE", NotHandled, nullptr},
-        {"NOSUCH", Refused, "info: The command NOSUCHis not implemented!"},
-        {"connect", Refused, "info: The command connectis not implemented!"},
-        {"ANZAHL_BOTSCHAFTEN", Refused, "info: The command ANZAHL_BOTSCHAFTENis not implemented!"},
-        {"ANSWER!NOSUCH", Refused, "info: The command NOSUCHis not implemented!"},
-        {"ANSWER!", Refused, nullptr},
-    };
-    for (auto const& row : rows) {
+TEST_F(PostOfficeProtocolTest, AnswersAsTheTableSays) {
+    std::ifstream table(KV_MESSAGING_TESTS "/protocol.tsv");
+    int rows = 0;
+    for (std::string line; std::getline(table, line);) {
+        if (line.empty()) Open("BENCH");
+        if (line.empty() || line[0] == '#') continue;
+        ++rows;
+        std::array<std::string, 6> cells;
+        std::istringstream words(line);
+        for (std::string& cell : cells) std::getline(words, cell, '\t');
+        auto const& [client, message, payload, answer, language, box] = cells;
+        Language::SetLanguageByCountryCode(1);
         boxes.seen.clear();
-        EXPECT_EQ(Ask(a, row.message), row.answer) << row.message;
-        if (row.box == nullptr) {
-            EXPECT_TRUE(boxes.seen.empty()) << row.message;
-        } else {
-            EXPECT_EQ(boxes.seen, (Texts{row.box})) << row.message;
-        }
+        EXPECT_EQ(Ask(client == "A" ? a : b, message, FromHex(payload)), Encoded(FromHex(answer))) << line;
+        EXPECT_EQ(Language::IsJapanese() != 0, language == "81") << line;
+        EXPECT_EQ(boxes.seen, box.empty() ? Texts{} : Texts{box}) << line;
     }
+    EXPECT_GT(rows, 40);
 }
 
 TEST_F(PostOfficeProtocolTest, DoesNotAnswerAnswersToAnswers) {
@@ -90,36 +72,6 @@ TEST_F(PostOfficeProtocolTest, DoesNotAnswerAnswersToAnswers) {
     EXPECT_EQ(Ask(b, "IS_READY"), NotHandled);
     PumpAWhile();
     EXPECT_TRUE(a.received.empty());
-}
-
-TEST_F(PostOfficeProtocolTest, AClientThatHoldsTheLockKeepsTheOthersOut) {
-    Handle<&PostOfficeProtocolTest::Log>(SCAN_HQM, *this);
-    EXPECT_EQ(Ask(a, "LOCK", "\0"s), Done);
-    EXPECT_EQ(Ask(a, "LOCK"), Done);
-    for (char const* const message : {"SCAN_HQM", "LOCK", "UNLOCK", "DISCONNECT"}) {
-        EXPECT_EQ(Ask(b, message), Refused) << message;
-    }
-    EXPECT_EQ(Ask(b, "CONNECT", "\x02"), Encoded("\x02"));  // not subject to the lock
-    EXPECT_EQ(office->LockApplication(), 0);
-
-    EXPECT_EQ(Ask(a, "UNLOCK"), Done);  // one of two
-    EXPECT_EQ(Ask(b, "SCAN_HQM"), Refused);
-    EXPECT_TRUE(log.empty());
-    EXPECT_EQ(Ask(a, "UNLOCK"), Done);
-    b.Poke("SCAN_HQM");
-    EXPECT_TRUE(PumpUntil([this] { return !log.empty(); }));
-    EXPECT_EQ(log, (Texts{"B_1 SCAN_HQM "}));  // the refused ones are dropped
-}
-
-TEST_F(PostOfficeProtocolTest, AnUnlockTooManyCounts) {
-    EXPECT_EQ(Ask(a, "UNLOCK"), Done);
-    EXPECT_EQ(Ask(a, "LOCK"), Done);
-    EXPECT_EQ(Ask(a, "UNLOCK"), Done);
-    EXPECT_EQ(Ask(b, "IS_READY"), Refused);
-    EXPECT_EQ(Ask(a, "LOCK"), Done);
-    EXPECT_EQ(Ask(a, "LOCK"), Done);
-    EXPECT_EQ(Ask(a, "UNLOCK"), Done);
-    EXPECT_EQ(Ask(b, "IS_READY"), NotHandled);
 }
 
 TEST_F(PostOfficeProtocolTest, ALockMayDisableTheWindow) {
@@ -191,6 +143,9 @@ TEST_F(PostOfficeProtocolTest, MessagesThatTheLockHoldsBackRunInOrderWhenItIsRel
 }
 
 TEST_F(PostOfficeProtocolTest, TheApplicationsLockHoldsNoMessageBack) {
+    EXPECT_EQ(Ask(a, "LOCK"), Done);
+    EXPECT_EQ(office->LockApplication(), 0);
+    EXPECT_EQ(Ask(a, "UNLOCK"), Done);
     EXPECT_EQ(office->LockApplication(), 1);
     EXPECT_EQ(office->LockApplication(), 0);
     EXPECT_EQ(office->IsAppLocked(), 1);
@@ -237,12 +192,6 @@ TEST_F(PostOfficeProtocolTest, TheServerExitsASecondAfterItsLastClient) {
         EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
         EXPECT_TRUE(PumpUntil([this] { return b.received.back().item == "ANSWER!DISCONNECT"; }));
     }
-}
-
-TEST_F(PostOfficeProtocolTest, OtherProgramsOutliveTheirClients) {
-    EXPECT_EQ(Ask(a, "DISCONNECT"), Done);
-    EXPECT_EQ(Ask(a, "DISCONNECT"), Done);
-    EXPECT_EQ(Ask(a, "IS_READY"), NotHandled);
 }
 
 }  // namespace

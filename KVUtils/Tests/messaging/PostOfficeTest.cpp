@@ -209,15 +209,56 @@ TEST_F(PostOfficeTest, KnowsItsApplications) {
     EXPECT_EQ(office->GetAnzahlApp(), 2);  // the server and the empty slot
     EXPECT_EQ(office->GetAppNr("hqmserv"), 0);
     EXPECT_EQ(*office->GetPath(0), AppDir::Instance()->BinDirEntry().GetFull());
-    EXPECT_EQ(office->GetAppName(1), nullptr);
     EXPECT_EQ(office->NewApp("/desk", "DESK"), 3);
+    sv::String const* const name = office->GetAppName(2);
+    for (int i = 0; i < 100; ++i) office->NewApp("/press", "desk");
+    EXPECT_EQ(office->GetAppName(2), name);
     EXPECT_EQ(office->GetAppNr("Desk"), 2);
     EXPECT_EQ(office->DeleteApp(2), 1);
-    EXPECT_EQ(office->DeleteApp(3), 0);
-    EXPECT_EQ(office->GetAnzahlApp(), 3);
-    EXPECT_EQ(office->GetAppNr("DESK"), -1);
+    EXPECT_EQ(office->GetAppNr("DESK"), 3);
+    EXPECT_EQ(office->GetAppNr(""), -1);
+    EXPECT_EQ(office->GetAnzahlApp(), 103);
+    for (int const missing : {-1, 103}) EXPECT_EQ(office->DeleteApp(missing), 0);
+    for (unsigned const missing : {1U, 2U, 103U}) {
+        EXPECT_EQ(office->GetAppName(missing), nullptr);
+        EXPECT_EQ(office->GetPath(missing), nullptr);
+    }
     Open("HQMSERV");
     EXPECT_EQ(office->NewApp("/desk", "DESK"), 1);
+}
+
+/// The slots as "directory|name", "-" for an empty one, with "/" as the separator.
+Texts Slots(PostOffice const& office) {
+    Texts slots;
+    for (unsigned i = 0; i < static_cast<unsigned>(office.GetAnzahlApp()); ++i) {
+        sv::String const* const name = office.GetAppName(i);
+        std::string slot = name == nullptr ? "-" : std::string((*office.GetPath(i) + "|" + *name).View());
+        std::ranges::replace(slot, '\\', '/');
+        slots.push_back(slot);
+    }
+    return slots;
+}
+
+TEST_F(PostOfficeTest, TakesTheServerAndTheApplicationsFromTheIniFile) {
+    struct {
+        char const* ini;
+        Texts slots;
+    } const rows[] = {
+        {"; nothing\n", {"/suite/BIN|HQMSERV", "-"}},
+        {"[HQM-Server]\nPath=\n", {"/suite/BIN|HQMSERV", "-"}},
+        {"[HQM-Server]\nPath=/opt/hqm/ZephyroServer.exe\n", {"/opt/hqm|ZephyroServer", "-"}},
+        {"[HQM-Server]\nPath=/opt/hqm/SERVER\n"
+         "[Vindara Applications]\nColour Desk=/opt/desk/DESK.EXE\nPress=/opt/press.2/PRESS\nNowhere=\n",
+         {"/opt/hqm|SERVER", "-", "/opt/desk|DESK", "/opt/press.2|PRESS", "|"}},
+    };
+    AppDir::CreateAppDir("/suite/BIN/DESK.EXE");
+    for (int number = 0; auto const& row : rows) {
+        std::string const ini = files / (std::to_string(number++) + ".INI");
+        tests::PutBytes(ini, row.ini);
+        KORVELConfig::CreateKORVELConfig(sv::String(ini));
+        Open("BENCH");
+        EXPECT_EQ(Slots(*office), row.slots) << row.ini;
+    }
 }
 
 TEST_F(PostOfficeTest, ThereIsOneAtATime) {
