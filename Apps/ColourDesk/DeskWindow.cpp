@@ -57,8 +57,7 @@ DeskWindow::DeskWindow(sv::String textStem, Draw draw)
 DeskWindow::~DeskWindow() {
     // The printer's window stands over this one.
     if (kv::MyPrinter* const printer = kv::MyPrinter::Instance()) {
-        kv::KVSingleton::Remove(printer);
-        delete printer;
+        kv::KVSingleton::Destroy(printer);
     }
     sv::Application::SetAppWindow(nullptr);
 }
