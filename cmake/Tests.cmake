@@ -79,6 +79,7 @@ add_executable(KVUtilsTests cmake/tests/TestMain.cpp Platform/Tests/DdeEndpoint.
                Fuzz/messaging/MyMemoryBlockFuzz.cpp ${library_tests})
 target_link_libraries(KVUtilsTests PRIVATE KVUtils::KVUtils StaticInitProbe GTest::gtest ${LCMS2_LIBRARY} kvutils_options)
 target_compile_definitions(KVUtilsTests PRIVATE
+  KV_LIBRARY_TESTS="${PROJECT_SOURCE_DIR}/KVUtils/Tests"
   KV_TEXTS="${PROJECT_SOURCE_DIR}/Apps/LNG"
   KV_CONFIG_WRITER="$<TARGET_FILE:ConfigWriter>"
   KV_DDE_PEER="$<TARGET_FILE:DdePeer>"

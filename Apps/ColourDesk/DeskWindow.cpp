@@ -54,8 +54,7 @@ DeskWindow::DeskWindow(sv::String textStem, Draw draw)
 DeskWindow::~DeskWindow() {
     // The printer's window has this one as its parent.
     if (kv::MyPrinter* const printer = kv::MyPrinter::Instance()) {
-        kv::KVSingleton::Remove(printer);
-        delete printer;
+        kv::KVSingleton::Destroy(printer);
     }
     sv::Application::SetAppWindow(nullptr);
 }

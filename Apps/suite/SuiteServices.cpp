@@ -48,9 +48,7 @@ SuiteServices::SuiteServices(sv::String const& name, sv::String const& version, 
 }
 
 SuiteServices::~SuiteServices() {
-    kv::PostOffice* const office = kv::PostOffice::Instance();
-    kv::KVSingleton::Remove(office);
-    delete office;
+    kv::KVSingleton::Destroy(kv::PostOffice::Instance());
     sv::Application::SetUserEventHdl(nullptr);
 }
 

@@ -1,5 +1,5 @@
-// Reading a keyed data file of 50 MB: against a bare pass over its lines, GLib's key files on the same bytes
-// and the CGATS reader of Little CMS on the same numbers.
+// Reads a keyed data file of 50 MB, compared with std::getline, with GLib's key files on the same bytes, and with
+// the CGATS reader of Little CMS on the same numbers.
 #include "Benchmarks/Ratios.h"
 #include "KVUtils/Source/data/ASCIIFile.h"
 
@@ -22,7 +22,7 @@ constexpr int SampleCount = 72000;
 constexpr int NumbersPerSample = 39;
 constexpr double Numbers = double{SampleCount} * NumbersPerSample;
 
-/// L, a, b and 36 reflectances: the keys of one sample.
+/// The keys of a sample: L, a, b and 36 reflectances.
 std::array<sv::String, NumbersPerSample> const& Keys() {
     static std::array<sv::String, NumbersPerSample> const keys = [] {
         std::array<sv::String, NumbersPerSample> made{"L", "a", "b"};
@@ -37,7 +37,7 @@ std::string TitleOf(int sample) {
     return title += std::to_string(sample);
 }
 
-/// The file, which goes with the program.
+/// The file, deleted when the program exits.
 class DataFile {
   public:
     DataFile() {
@@ -71,7 +71,7 @@ DataFile const& TheFile() {
     return file;
 }
 
-/// Counts bytes, so that the table shows the throughput; stops when numbers were lost.
+/// Counts bytes, so that the table shows the throughput; fails if numbers are missing.
 void Account(benchmark::State& state, double found, double expected) {
     state.SetBytesProcessed(state.iterations() * TheFile().Size());
     if (found != expected) state.SkipWithError("not all of the file was read");
@@ -135,8 +135,7 @@ std::string It8Head() {
     return head.str();
 }
 
-/// The same numbers as tables in the form that Little CMS reads, which holds fewer rows than the file has
-/// samples.
+/// The same numbers as tables for Little CMS, which limits the rows of a table.
 std::vector<std::string> const& It8Tables() {
     static std::vector<std::string> const tables = [] {
         kv::ASCIIFile file(TheFile().Path(), 1, 0);
@@ -181,10 +180,10 @@ void BM_LittleCmsIt8Read(benchmark::State& state) {
 BENCHMARK(BM_LittleCmsIt8Read)->Unit(benchmark::kMillisecond);
 
 bench::Ratio const getline("BM_ASCIIFileRead", "BM_GetlinePass",
-                           "keys and numbers over a bare pass over the lines");
+                           "keys and numbers over std::getline");
 bench::Ratio const glib("BM_ASCIIFileRead", "BM_GKeyFileRead",
-                        "a data file in sequence over GLib's key file");
+                        "a data file over GLib's key file");
 bench::Ratio const it8("BM_ASCIIFileRead", "BM_LittleCmsIt8Read",
-                       "the same numbers, ours over a peer's table");
+                       "the same numbers over Little CMS's table");
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Finding a translated text by group and number: against the same texts in vectors, by two indices.
+// Looks up a translated text by group and number, compared with the same texts in vectors.
 #include "Benchmarks/Ratios.h"
 #include "KVUtils/Source/frame/Text.h"
 
@@ -12,7 +12,7 @@ namespace {
 constexpr unsigned Groups = 40;
 constexpr unsigned Texts = 25;
 
-/// Some short and some long, as the texts of an application are.
+/// Short and long texts in turn, as in an application.
 std::string TextOf(unsigned group, unsigned index) {
     std::string const number = std::to_string(group) + "." + std::to_string(index);
     return index % 2 == 0 ? "text " + number : "a text that is as long as a sentence, number " + number;
@@ -43,7 +43,7 @@ void LoadTexts() {
     std::filesystem::remove(path);
 }
 
-/// Walks over all texts out of their order.
+/// Visits all texts in a scattered order.
 template <class Find>
 void OverTexts(benchmark::State& state, Find find) {
     unsigned group = 0;

@@ -30,8 +30,7 @@ std::string ReadLine(int descriptor) {
 // Destroys a service before the program exits.
 template <class Singleton>
 void Discard(Singleton* singleton) {
-    kv::KVSingleton::Remove(singleton);
-    delete singleton;
+    kv::KVSingleton::Destroy(singleton);
 }
 
 }  // namespace

@@ -30,16 +30,16 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     bool const isFaultless =
         kv::detail::CountTexts(file, groups, [&](TextFault fault, char missing, sv::String const& group) {
             ++faults;
-            Require(group.Len() <= TextGroups::LongestName);
+            Require(group.Len() <= TextGroups::MaxNameLength);
             Require(fault == TextFault::TooManyGroups || missing == ']' || missing == '}');
             return fault == TextFault::TooManyGroups || questions++ != stopAt;
         });
     Require(isFaultless == (faults == 0));
-    Require(groups.names.size() <= TextGroups::Most);
+    Require(groups.names.size() <= TextGroups::MaxCount);
     Require(groups.starts.size() <= groups.names.size() + 1 && groups.starts.size() >= groups.names.size());
     Require(std::is_sorted(groups.starts.begin(), groups.starts.end()));
     Require(groups.starts.empty() || groups.starts.back() <= groups.entryCount);
-    for (sv::String const& name : groups.names) Require(name.Len() <= TextGroups::LongestName);
+    for (sv::String const& name : groups.names) Require(name.Len() <= TextGroups::MaxNameLength);
 
     unsigned long texts = 0;
     std::size_t length = 0;

@@ -61,8 +61,7 @@ class Services {
 
   private:
     static void End(kv::KVSingleton* service) {
-        kv::KVSingleton::Remove(service);
-        delete service;
+        kv::KVSingleton::Destroy(service);
     }
 };
 

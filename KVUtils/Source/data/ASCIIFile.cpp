@@ -3,6 +3,7 @@
 #include "KVUtils/Source/controls/RegisterTopWindow.h"
 #include "KVUtils/Source/controls/TextFenster.h"
 #include "KVUtils/Source/data/GString.h"
+#include "KVUtils/Source/data/detail/DataLine.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "KVUtils/Source/frame/Check.h"
 #include "KVUtils/Source/frame/Language.h"
@@ -22,10 +23,10 @@ using detail::LineEnd;
 namespace {
 
 constexpr int IntegerWidth = 6;
-constexpr int WidthBesideDecimals = 6;
+constexpr int RealWidth = 6;  // plus the decimals
 constexpr int OldestVersion = 2;
 
-/// How far a file is looked at for its line ends.
+/// Bytes of a file that are searched for an LF.
 constexpr int ProbeLength = 1024;
 
 /// In the languages of the East a name is in another code page than the suite's and is left alone.
@@ -34,7 +35,7 @@ std::filesystem::path PathOf(sv::String const& name) {
     return sv::FilePath(name);
 }
 
-/// 0 for a file that is not there.
+/// Returns 0 for a file that does not exist.
 unsigned long SizeOf(std::filesystem::path const& path) {
     std::error_code error;
     auto const size = std::filesystem::file_size(path, error);
@@ -50,13 +51,13 @@ LineEnd LineEndOf(std::filesystem::path const& path) {
     return LineEnd::CarriageReturn;
 }
 
-/// A pointer to what stays the caller's.
+/// A pointer that does not own its stream.
 template <class Stream>
 std::shared_ptr<Stream> Borrowed(Stream* stream) {
     return std::shared_ptr<Stream>(std::shared_ptr<void>(), stream);
 }
 
-/// A control character becomes "^" and a letter.
+/// Replaces each control character by "^" and a letter.
 std::string Escaped(std::string_view text) {
     std::string escaped;
     for (char const character : text) {
@@ -75,21 +76,36 @@ std::string TwoDigits(int value) {
 
 }  // namespace
 
+namespace detail {
+
+CurrentLine::CurrentLine(DataLine const& line) : line_(std::make_unique<DataLine>(line)) {}
+CurrentLine::CurrentLine(CurrentLine const& other) : CurrentLine(*other.line_) {}
+CurrentLine::~CurrentLine() = default;
+
+CurrentLine& CurrentLine::operator=(CurrentLine const& other) {
+    *line_ = *other.line_;
+    return *this;
+}
+
+}  // namespace detail
+
 ASCIIFile::ASCIIFile(sv::String const& name, uchar read, uchar tabs)
-    : fileName_(name), line_(read != 0 ? LineEndOf(PathOf(name)) : LineEnd::LineFeed), tabMode_(tabs != 0) {
+    : fileName_(name),
+      line_(DataLine(read != 0 ? LineEndOf(PathOf(name)) : LineEnd::LineFeed)),
+      tabMode_(tabs != 0) {
     std::filesystem::path const path = PathOf(name);
     if (read == 0) {
         out_ = std::make_shared<std::ofstream>(path);
         return;
     }
     fileSize_ = SizeOf(path);
-    auto const mode = line_.End() == LineEnd::LineFeed ? std::ios::in : std::ios::in | std::ios::binary;
+    auto const mode = line_->End() == LineEnd::LineFeed ? std::ios::in : std::ios::in | std::ios::binary;
     in_ = std::make_shared<std::ifstream>(path, mode);
     NextLine();
 }
 
 ASCIIFile::ASCIIFile(std::iostream* stream, uchar read, uchar tabs)
-    : line_(LineEnd::LineFeed), tabMode_(tabs != 0) {
+    : line_(DataLine(LineEnd::LineFeed)), tabMode_(tabs != 0) {
     if (read == 0) {
         out_ = Borrowed<std::ostream>(stream);
         return;
@@ -111,11 +127,11 @@ void ASCIIFile::PutIntArray(sv::String const& key, int const* values, int count)
 }
 
 void ASCIIFile::PutReal(sv::String const& key, double value, short decimals) {
-    PutLine(key, RealForm(value, decimals).View());
+    PutLine(key, FormatReal(value, decimals).View());
 }
 
 void ASCIIFile::PutRealArray(sv::String const& key, double const* values, int count, short decimals) {
-    PutArray(key, values, count, [&](double value) { return RealForm(value, decimals); });
+    PutArray(key, values, count, [&](double value) { return FormatReal(value, decimals); });
 }
 
 void ASCIIFile::PutString(sv::String const& key, sv::String const& text) {
@@ -172,9 +188,9 @@ void ASCIIFile::PutArray(sv::String const& key, Value const* values, int count, 
     PutLine(key, line);
 }
 
-sv::String ASCIIFile::RealForm(double value, short decimals) const {
+sv::String ASCIIFile::FormatReal(double value, short decimals) const {
     int const count = decimals == DefaultDecimals ? precision_ : decimals;
-    return GString(value, count + WidthBesideDecimals, count, '.');
+    return GString(value, count + RealWidth, count, '.');
 }
 
 void ASCIIFile::Write(std::string const& line) {
@@ -193,28 +209,28 @@ float ASCIIFile::GetPercentDone() const noexcept {
 
 void ASCIIFile::NextLine() {
     if (in_ == nullptr) return;
-    consumed_ += static_cast<unsigned long>(line_.Cursor()) + 1;
-    line_.Read(*in_);
+    consumed_ += static_cast<unsigned long>(line_->Cursor()) + 1;
+    line_->Read(*in_);
 }
 
 uchar ASCIIFile::Finish(bool isRead) {
     if (isRead) {
         NextLine();
     } else {
-        line_.Rewind();
+        line_->Rewind();
     }
     return isRead ? 1 : 0;
 }
 
 bool ASCIIFile::MatchKey(sv::String const& key) {
-    DataLine::Text const found = line_.ScanText('=', true);
+    DataLine::Text const found = line_->ScanText('=', true);
     return found.isEnded && found.text == key.View();
 }
 
 uchar ASCIIFile::GetBOOL(sv::String const& key, uchar& value) {
     bool const hasKey = MatchKey(key);
     int scanned = 0;
-    bool const hasValue = line_.ScanInt(scanned);
+    bool const hasValue = line_->ScanInt(scanned);
     value = static_cast<uchar>(scanned);
     return Finish(hasKey && hasValue);
 }
@@ -222,20 +238,20 @@ uchar ASCIIFile::GetBOOL(sv::String const& key, uchar& value) {
 uchar ASCIIFile::GetShort(sv::String const& key, short& value) {
     int scanned = value;
     bool const hasKey = MatchKey(key);
-    bool const hasValue = line_.ScanInt(scanned);
+    bool const hasValue = line_->ScanInt(scanned);
     value = static_cast<short>(scanned);
     return Finish(hasKey && hasValue);
 }
 
 uchar ASCIIFile::GetInt(sv::String const& key, int& value) {
     bool const hasKey = MatchKey(key);
-    bool const hasValue = line_.ScanInt(value);
+    bool const hasValue = line_->ScanInt(value);
     return Finish(hasKey && hasValue);
 }
 
 uchar ASCIIFile::GetReal(sv::String const& key, double& value) {
     bool const hasKey = MatchKey(key);
-    bool const hasValue = line_.ScanReal(value);
+    bool const hasValue = line_->ScanReal(value);
     return Finish(hasKey && hasValue);
 }
 
@@ -249,23 +265,23 @@ uchar ASCIIFile::GetArray(sv::String const& key, Value* values, int count, Scan 
 uchar ASCIIFile::GetShortArray(sv::String const& key, short* values, int count) {
     return GetArray(key, values, count, [this](short& value) {
         int scanned = 0;
-        if (!line_.ScanInt(scanned)) return false;
+        if (!line_->ScanInt(scanned)) return false;
         value = static_cast<short>(scanned);
         return true;
     });
 }
 
 uchar ASCIIFile::GetIntArray(sv::String const& key, int* values, int count) {
-    return GetArray(key, values, count, [this](int& value) { return line_.ScanInt(value); });
+    return GetArray(key, values, count, [this](int& value) { return line_->ScanInt(value); });
 }
 
 uchar ASCIIFile::GetRealArray(sv::String const& key, double* values, int count) {
-    return GetArray(key, values, count, [this](double& value) { return line_.ScanReal(value); });
+    return GetArray(key, values, count, [this](double& value) { return line_->ScanReal(value); });
 }
 
 uchar ASCIIFile::GetString(sv::String const& key, sv::String& text, uchar dropTabs) {
     if (!MatchKey(key)) return Finish(false);
-    text = line_.ScanText('\0', dropTabs != 0).text;
+    text = line_->ScanText('\0', dropTabs != 0).text;
     return Finish(true);
 }
 
@@ -280,9 +296,9 @@ uchar ASCIIFile::GetString(sv::String const& key, MyStringList& list) {
 
 uchar ASCIIFile::GetMultilineString(sv::String const& key, sv::String& text) {
     if (GetString(key, text, 0) == 0) return 0;
-    while (line_.BeginsWith('\t')) {
+    while (line_->BeginsWith('\t')) {
         text += '\n';
-        text += line_.ScanText('\0', false).text;
+        text += line_->ScanText('\0', false).text;
         NextLine();
     }
     return 1;
@@ -292,22 +308,22 @@ uchar ASCIIFile::GetDate(sv::String const& key, int& year, int& month, int& day,
                          int& second) {
     struct Part {
         int& value;
-        char divider;  // what may follow, any number of times
+        char divider;  // may follow the value, any number of times
     };
     bool isRead = MatchKey(key);
     for (Part const& part :
          std::array<Part, 5>{{{day, '-'}, {month, '-'}, {year, ' '}, {hour, ':'}, {minute, ':'}}}) {
-        isRead = isRead && line_.ScanInt(part.value);
-        line_.SkipDividers(part.divider);
+        isRead = isRead && line_->ScanInt(part.value);
+        line_->SkipDividers(part.divider);
     }
-    // Files of old programs have no seconds.
-    if (isRead && !line_.ScanInt(second)) second = 0;
+    // Old programs write no seconds.
+    if (isRead && !line_->ScanInt(second)) second = 0;
     return Finish(isRead);
 }
 
 uchar ASCIIFile::GetTitel(sv::String const& title) {
-    if (!line_.Take('[')) return Finish(false);
-    DataLine::Text const found = line_.ScanText(']', true);
+    if (!line_->Take('[')) return Finish(false);
+    DataLine::Text const found = line_->ScanText(']', true);
     return Finish(found.isEnded && found.text == title.View());
 }
 
@@ -325,7 +341,7 @@ uchar ASCIIFile::SkipLines(int count) {
 }
 
 uchar ASCIIFile::GetKeyString(sv::String& text) {
-    std::string_view const line = line_.ScanText('\0', true).text;
+    std::string_view const line = line_->ScanText('\0', true).text;
     bool const isFree = !line.empty() && line.front() != '[';
     if (isFree) text = line;
     return Finish(isFree);

@@ -61,7 +61,7 @@ bool KVWriteToFile(void* handle, void const* source, unsigned long& count) {
 bool KVDeleteFile(sv::String const& name) {
     std::error_code error;
     std::filesystem::path const path = sv::FilePath(name);
-    // std::filesystem::remove takes empty directories too.
+    // std::filesystem::remove also removes empty directories.
     if (std::filesystem::is_directory(std::filesystem::symlink_status(path, error))) return false;
     return std::filesystem::remove(path, error);
 }

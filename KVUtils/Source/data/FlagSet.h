@@ -1,5 +1,5 @@
-// FlagSet: a fixed number of flags, counted from 0. It never grows, except that assignment takes the size of
-// its source. An index of -1 stands for all flags where that makes sense; any other index outside is ignored.
+// FlagSet: a fixed number of flags, numbered from 0. Only assignment changes the size. The index -1 means all
+// flags; any other index out of range is ignored.
 #pragma once
 
 #include <vector>
@@ -12,29 +12,28 @@ class MyMemoryBlock;
 
 class FlagSet {
   public:
-    /// `size` flags, of which only `flag` is set: all of them for -1, none for an index outside. A negative
-    /// size counts as 0.
+    /// Creates `size` flags with only `flag` set: all of them for -1, none for an index out of range. A
+    /// negative size counts as 0.
     FlagSet(int flag, int size);
 
-    /// The number of flags, set or not.
+    /// Returns the number of flags, set or not.
     [[nodiscard]] int GetSize() const noexcept { return static_cast<int>(flags_.size()); }
 
-    /// Sets a flag in this set. Spelled as a binary operator, though it changes its left side: callers rely
-    /// on it, here and below.
+    /// Sets a flag. Intentional: the binary operators change their left operand, and callers rely on it.
     FlagSet& operator|(int flag) noexcept;
     /// Sets every flag that is set in `other`, up to the smaller size.
     FlagSet& operator|(FlagSet const& other) noexcept;
 
-    /// Sets, clears, turns a flag over; all of them for -1.
+    /// Sets, clears or toggles a flag; all of them for -1.
     void SetFlag(int flag) noexcept;
     void LoescheFlag(int flag) noexcept;
     void ToggleFlag(int flag) noexcept;
 
-    /// The flag, 1 or 0; 0 for any index outside, -1 too.
+    /// Returns the flag, 1 or 0; 0 for any index out of range, -1 included.
     [[nodiscard]] uchar operator&(int flag) const noexcept;
-    /// 1 if some flag is set in both, up to the smaller size.
+    /// Returns 1 if any flag is set in both, up to the smaller size, otherwise 0.
     [[nodiscard]] uchar operator&(FlagSet const& other) const noexcept;
-    /// 1 if size and flags are equal.
+    /// Returns 1 if size and flags are equal, otherwise 0.
     [[nodiscard]] uchar operator==(FlagSet const& other) const noexcept {
         return flags_ == other.flags_ ? 1 : 0;
     }
@@ -45,11 +44,11 @@ class FlagSet {
     std::vector<uchar> flags_;  // each 0 or 1
 };
 
-/// Writes the number of flags as an `int` and one byte a flag. An `int` has 16 bits in a block, so a set of
-/// more than 32767 flags is not read back.
+/// Writes the number of flags as an `int` and one byte per flag. An `int` in a block has 16 bits, so a set of
+/// more than 32767 flags cannot be read back.
 MyMemoryBlock& operator<<(MyMemoryBlock& block, FlagSet const& set);
-/// Replaces the set by the one in the block. Flags that are missing at the end of the data are clear, and so
-/// is a set of a size that is missing or negative: it is empty.
+/// Replaces the set by the one in the block. Flags missing at the end of the data are clear; without a size,
+/// or with a negative one, the set is empty.
 MyMemoryBlock& operator>>(MyMemoryBlock& block, FlagSet& set);
 
 }  // namespace kv

@@ -13,15 +13,14 @@ namespace kv {
 namespace {
 
 constexpr char Digits[] = "0123456789";
-constexpr int MostDigits = 36;
+constexpr int MaxDigits = 36;
 constexpr char FilePoint = '.';
 
-// The chain of multiplications runs in long double with the constant 0.1 as a double, which is a little above
-// a tenth: so every half of the first 20,000 rounds up as meant. A more exact tenth would print 42.5 as "42".
+// Intentional: multiply in long double by 0.1 as a double, which is slightly above a tenth. So each of the
+// first 20,000 halves rounds away from zero; a more exact tenth would print 42.5 as "42".
 constexpr long double Tenth = 0.1;
 
-/// The value with its last wanted decimal rounded; what follows that decimal is left over and not to be
-/// printed.
+/// Rounds at the last decimal. The digits after it are not cleared; do not print them.
 long double RoundedAt(long double value, int decimals) noexcept {
     for (int i = 0; i < decimals; ++i) value *= 10;
     value += 0.5L;
@@ -29,7 +28,7 @@ long double RoundedAt(long double value, int decimals) noexcept {
     return value;
 }
 
-/// Shifts the digit behind the point in front of it and takes it off.
+/// Removes and returns the first digit after the point.
 char NextDigit(long double& fraction) noexcept {
     fraction *= 10;
     int const digit = std::clamp(static_cast<int>(fraction), 0, 9);
@@ -37,7 +36,7 @@ char NextDigit(long double& fraction) noexcept {
     return Digits[digit];
 }
 
-/// Whether a number without sign that no double can hold is too small, not too large.
+/// Returns whether an unsigned number out of the range of double is too small, not too large.
 bool IsTiny(std::string_view number) noexcept {
     std::size_t const exponent = number.find_first_of("eE");
     if (exponent != std::string_view::npos) return number.substr(exponent + 1).starts_with('-');
@@ -58,7 +57,7 @@ sv::String NumberText(double value, int decimals, char point) {
     if (value < 0) text += '-';
     if (std::isnan(value)) return "nan";
     if (std::isinf(value)) return text + "inf";
-    // More decimals than a double's range needs only write zeros; the bound keeps 10^decimals finite.
+    // Keeps 10^decimals finite; further decimals of a double are 0.
     decimals = std::clamp(decimals, 0, std::numeric_limits<double>::max_exponent10);
 
     long double rest = RoundedAt(std::fabs(static_cast<long double>(value)), decimals);
@@ -67,7 +66,7 @@ sv::String NumberText(double value, int decimals, char point) {
     } else {
         int integerDigits = 0;
         for (; rest >= 1; rest *= Tenth) ++integerDigits;
-        integerDigits = std::min(integerDigits, MostDigits - decimals);
+        integerDigits = std::min(integerDigits, MaxDigits - decimals);
         for (int i = 0; i < integerDigits; ++i) text += NextDigit(rest);
     }
     if (decimals > 0) text += point;

@@ -1,13 +1,11 @@
-// GString and fString: numbers as text in a fixed form, with a rounding of their own that is the same on
-// every machine. GString is the form for people, with the decimal separator of their locale; fString the one
-// for files and messages, always with ".".
+// GString and fString: format numbers with a rounding of their own that is the same on every machine. GString
+// is for users and has the decimal separator of their locale; fString is for files and messages and has ".".
 //
-// Common to all forms: rounding is half away from zero at the last decimal; no decimals means no point; the
-// sign is decided before rounding, so that -0.004 with two decimals is "-0.00", while minus zero has none. At
-// most 36 digits are written, of a larger number the leading ones. The digits come from multiplications with
-// a tenth that is a hair too large: exact up to 1e14, with a value some units of its last bit below a half
-// rounded up. Infinity and not-a-number are written "inf" and "nan", and a negative count of decimals counts
-// as 0.
+// All forms round half away from zero at the last decimal, and write no point without decimals. The sign is
+// decided before rounding: -0.004 with two decimals is "-0.00"; minus zero has no sign. At most 36 digits are
+// written, the leading ones of a longer number. The digits are computed with a constant slightly above 0.1:
+// exact up to 1e14, except that a value a few units of its last bit below a half is rounded up. Infinity is
+// "inf", NaN is "nan", and a negative number of decimals counts as 0.
 #pragma once
 
 #include "SV/core/String.h"
@@ -20,18 +18,19 @@ using uchar = unsigned char;
 
 namespace detail {
 
-/// The number as described above, with this character as the point.
+/// Formats the number as described above, with `point` as the decimal separator.
 [[nodiscard]] sv::String NumberText(double value, int decimals, char point);
-/// The same with a "+" in front of values of 0 and above, if `plusSign` is not 0; and without trailing zeros
-/// after the point, nor a point that ends the text, if `stripZeros` is not 0.
+/// If `plusSign` is not 0, adds a "+" before values of 0 and above; if `stripZeros` is not 0, removes
+/// trailing zeros after the point, and the point if it ends the text.
 [[nodiscard]] sv::String NumberText(double value, int decimals, char point, uchar stripZeros, uchar plusSign);
 
-/// The number at the start of a text, and the text behind it.
+/// The number at the start of a text, and the text after it.
 struct ParsedNumber {
     double value;
     std::string_view rest;
 };
-/// Reads a number with ".", after white space; when there is none, 0 and the whole text. Knows no locale.
+/// Reads a number with "." after white space; returns 0 and the whole text if there is none. Ignores the
+/// locale.
 [[nodiscard]] ParsedNumber ParseLeadingNumber(std::string_view text) noexcept;
 
 }  // namespace detail
@@ -41,7 +40,7 @@ class GString : public sv::String {
     explicit GString(sv::String const& text) : String(text) {}
 
     GString(double value, int decimals);
-    /// With blanks in front until the length reaches `width`, here and below.
+    /// Pads with leading blanks to `width`, here and below.
     GString(double value, int width, int decimals);
     GString(double value, int decimals, char point);
     GString(double value, int width, int decimals, char point);
@@ -49,13 +48,13 @@ class GString : public sv::String {
     GString(double value, int width, int decimals, uchar stripZeros, uchar plusSign);
     GString(int value, int width);
 
-    /// 1 if the parts of the pattern between its "*" occur in this order, else 0. The first need not stand at
-    /// the start nor the last at the end, so "a" matches every text with an "a". Case counts.
+    /// Returns 1 if the parts of the pattern between its "*" occur in this order, otherwise 0. The first need
+    /// not be at the start nor the last at the end: "a" matches every text with an "a". Case-sensitive.
     [[nodiscard]] uchar MatchPattern(sv::String const& pattern) const;
 
-    /// The number that the text begins with, the point being the locale's separator or a comma; 0 if there is
-    /// none. Explicit, so that no text slips into arithmetic. Puts "." in place of the first separator and of
-    /// the first comma, in the text itself.
+    /// Returns the number at the start of the text, 0 if there is none. The point is the locale's separator
+    /// or a comma: the first of each is replaced by ".", in the text itself. Explicit, so that a text is not
+    /// converted by accident.
     explicit operator double();
 
   protected:
@@ -68,12 +67,12 @@ class fString : public sv::String {
     explicit fString(sv::String const& text) : String(text) {}
 
     fString(double value, int decimals);
-    /// With blanks in front until the length reaches `width`, here and below.
+    /// Pads with leading blanks to `width`, here and below.
     fString(double value, int width, int decimals);
     fString(double value, int decimals, uchar stripZeros, uchar plusSign);
     fString(double value, int width, int decimals, uchar stripZeros, uchar plusSign);
 
-    /// The number that the text begins with; 0 if there is none.
+    /// Returns the number at the start of the text, 0 if there is none.
     explicit operator double() const;
 };
 

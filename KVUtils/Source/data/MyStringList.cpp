@@ -12,7 +12,7 @@ MyStringList::~MyStringList() {
 void MyStringList::Append(sv::String const& text) {
     auto entry = std::make_unique<sv::String>(text);
     Insert(entry.get(), End);
-    entry.release();  // NOLINT(bugprone-unused-return-value): the list owns it from here on
+    entry.release();  // NOLINT(bugprone-unused-return-value): the list owns it
 }
 
 sv::String& MyStringList::operator[](int position) noexcept {

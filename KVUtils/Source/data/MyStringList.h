@@ -1,4 +1,4 @@
-// MyStringList: a list of strings that owns them, for the values of a data file that are arrays of texts.
+// MyStringList: a list that owns its strings, for values of a data file that are arrays of texts.
 #pragma once
 
 #include "SV/core/Container.h"
@@ -6,7 +6,7 @@
 
 namespace kv {
 
-/// Entries come in by `Append` alone: whatever stands in the list at its end is freed as a string.
+/// Add entries with `Append` only: the destructor deletes each entry as a string.
 class MyStringList : public sv::Container {
   public:
     MyStringList() = default;
@@ -14,10 +14,10 @@ class MyStringList : public sv::Container {
     MyStringList& operator=(MyStringList const&) = delete;
     ~MyStringList();
 
-    /// Adds a copy of the text at the end.
+    /// Appends a copy of the text.
     void Append(sv::String const& text);
 
-    /// The string at this position, which must be below `Count()`.
+    /// Returns the string at this position, which must be below `Count()`.
     [[nodiscard]] sv::String& operator[](int position) noexcept;
     [[nodiscard]] sv::String const& operator[](int position) const noexcept;
 };

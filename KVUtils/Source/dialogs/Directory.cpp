@@ -15,22 +15,22 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What is left of the name has the form of what is left of the pattern.
+/// Matches one pattern with "*" and "?", both already in lower case.
 bool Fits(std::string_view name, std::string_view pattern) {
     std::size_t star = std::string_view::npos;
-    std::size_t behindStar = 0;
+    std::size_t afterStar = 0;
     std::size_t at = 0;
     for (std::size_t i = 0; i < name.size();) {
         if (at < pattern.size() && pattern[at] == '*') {
             star = at++;
-            behindStar = i;
+            afterStar = i;
         } else if (at < pattern.size() && (pattern[at] == '?' || pattern[at] == name[i])) {
             ++at;
             ++i;
         } else if (star != std::string_view::npos) {
-            // The last star takes one more.
+            // Try again with one character more for the last star.
             at = star + 1;
-            i = ++behindStar;
+            i = ++afterStar;
         } else {
             return false;
         }
@@ -44,7 +44,7 @@ std::string NameOf(fs::directory_entry const& entry) { return platform::Utf8Of(e
 
 Directory::Directory(sv::String const& path) : DirEntry(path) {}
 
-// NOLINTNEXTLINE(readability-make-member-function-const): the folder changes
+// NOLINTNEXTLINE(readability-make-member-function-const): changes the file system
 bool Directory::Create() {
     std::error_code error;
     fs::create_directories(sv::FilePath(GetFull()), error);

@@ -1,4 +1,4 @@
-// KORVELMenu: the menus of an application's window, with its translated texts.
+// KORVELMenu: the menu bar of an application's window, with translated texts.
 #pragma once
 
 #include "KVUtils/Source/frame/TextSegment.h"
@@ -6,15 +6,15 @@
 
 namespace kv {
 
-/// Shown at once at the top of its window. Texts are those of one group, by their numbers in it.
+/// Shown at the top of its window when it is constructed. Texts are numbers in one text group.
 class KORVELMenu : public sv::MenuBar {
   public:
-    /// The group's file has to be loaded before.
+    /// Load the file of the group first.
     KORVELMenu(sv::Window* parent, sv::String const& groupName);
 
-    /// Adds a menu behind the others.
+    /// Appends a menu.
     void AddMenu(unsigned long text);
-    /// Adds an item to the menu that was added last, as `InsertItem` does.
+    /// Appends an item to the menu that was added last, like `InsertItem`.
     void AddItem(unsigned short id, unsigned long text, sv::Link const& link,
                  sv::String const& shortcut = {});
 

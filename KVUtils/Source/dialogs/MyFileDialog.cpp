@@ -12,11 +12,11 @@ namespace kv {
 
 namespace {
 
-sv::Window* InFront(sv::Window* parent) {
+sv::Window* ParentOrActive(sv::Window* parent) {
     return parent != nullptr ? parent : RegisterTopWindow::GetActiveTopWindow();
 }
 
-/// The extensions of a pattern, without those that stand for any.
+/// The extensions of a pattern, without those that contain "*".
 std::vector<sv::String> ExtensionsOf(sv::FileFilter const& filter) {
     std::vector<sv::String> extensions;
     for (std::size_t i = 0; i < filter.pattern.GetTokenCount(' '); ++i) {
@@ -28,14 +28,14 @@ std::vector<sv::String> ExtensionsOf(sv::FileFilter const& filter) {
 }
 
 bool MayReplace(sv::Window* parent, sv::String const& path) {
-    sv::String const text = path + "\nThis file is there already. Do you want to replace it?";
+    sv::String const text = path + " already exists. Replace it?";
     return sv::MessBox(parent, sv::WB_YES_NO | sv::WB_DEF_NO, {}, text).Execute() == sv::BoxAnswer::Yes;
 }
 
 }  // namespace
 
 MyFileDialog::MyFileDialog(sv::Window* parent, PurposeType purpose, sv::String const& title)
-    : parent_(InFront(parent)),
+    : parent_(ParentOrActive(parent)),
       question_{.purpose = purpose == Save ? sv::FilePurpose::Save : sv::FilePurpose::Open, .title = title} {}
 
 void MyFileDialog::AddFilter(sv::String const& name, sv::String const& pattern) {
@@ -59,7 +59,7 @@ unsigned char MyFileDialog::Execute() {
 }
 
 BrowseForFolder::BrowseForFolder(sv::Window* parent, sv::String title)
-    : parent_(InFront(parent)), title_(std::move(title)) {}
+    : parent_(ParentOrActive(parent)), title_(std::move(title)) {}
 
 unsigned char BrowseForFolder::Execute(sv::String& folder) {
     sv::FileQuestion const question{.purpose = sv::FilePurpose::Folder, .title = title_, .start = folder};

@@ -1,5 +1,6 @@
-// MyFileDialog and BrowseForFolder: which file, which folder. Without a display they answer at once that
-// nothing was chosen. Names are in the suite's code page; one that it cannot hold is not accepted.
+// MyFileDialog and BrowseForFolder: ask the user for a file or a folder. Without a display they return at
+// once, as if the user had cancelled. Names are in the suite's code page; a name that it cannot represent is
+// not accepted.
 #pragma once
 
 #include "SV/ui/FileChoice.h"
@@ -10,7 +11,7 @@ class Window;
 
 namespace kv {
 
-/// Asks for a file to open, or for a name to save under.
+/// Asks for a file to open, or for a name to save as.
 ///     MyFileDialog dialog(this, MyFileDialog::Save, "Export measurements");
 ///     dialog.AddFilter("Tables", "*.csv");
 ///     if (dialog.Execute() != 0) Export(dialog.GetPath());
@@ -18,20 +19,20 @@ class MyFileDialog {
   public:
     enum PurposeType : int { Open, Save };
 
-    /// Stands over `parent`; null for the window in front.
+    /// `parent` null means the active top window.
     MyFileDialog(sv::Window* parent, PurposeType purpose, sv::String const& title);
 
-    /// Shows files by a pattern such as "*.txt *.csv", the first filter at first. Without a filter all files
-    /// show.
+    /// Adds a filter with a pattern such as "*.txt *.csv". The first one is selected at first; without a
+    /// filter all files are shown.
     void AddFilter(sv::String const& name, sv::String const& pattern);
-    /// The folder to begin in, or the whole name of a file to begin with.
+    /// Sets the initial folder, or the full name of the initial file.
     void SetPath(sv::String const& path);
 
-    /// Asks, and returns 1 when a file was chosen, else 0. A name to save under gets the first extension of
-    /// the filter in use, unless it has an extension of any filter; a file that is there is replaced only
-    /// after the person has said so in a box, else the dialog asks again.
+    /// Returns 1 if the user chose a file, otherwise 0. A name to save as gets the first extension of the
+    /// selected filter, unless it has an extension of any filter. Asks before it returns an existing file to
+    /// save as; on "no" the dialog is shown again.
     unsigned char Execute();
-    /// The file chosen last; before that, what `SetPath` was given.
+    /// Returns the file chosen last; before that, the argument of `SetPath`.
     [[nodiscard]] sv::String const& GetPath() const noexcept { return question_.start; }
 
   private:
@@ -42,11 +43,10 @@ class MyFileDialog {
 /// Asks for a folder.
 class BrowseForFolder {
   public:
-    /// Stands over `parent`; null for the window in front.
+    /// `parent` null means the active top window.
     BrowseForFolder(sv::Window* parent, sv::String title);
 
-    /// Asks, beginning in `folder`. 1 when one was chosen, which then stands in `folder`; else 0, and
-    /// `folder` stays.
+    /// Begins in `folder`. Returns 1 and stores the folder that the user chose, otherwise returns 0.
     unsigned char Execute(sv::String& folder);
 
   private:
@@ -56,8 +56,8 @@ class BrowseForFolder {
 
 namespace detail {
 
-/// The name with the extension of the filter (counted from 0), unless it has one of any filter, or the filter
-/// asks for none.
+/// Appends the first extension of the filter (counted from 0), unless the name has an extension of any
+/// filter, or the filter has none.
 [[nodiscard]] sv::String WithExtension(sv::String const& path, std::vector<sv::FileFilter> const& filters,
                                        std::size_t filter);
 

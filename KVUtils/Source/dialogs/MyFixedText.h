@@ -1,16 +1,16 @@
-// MyFixedText: a text as large as it has to be, on the ground of its window.
+// MyFixedText: a label that fits its text, with the background of its window.
 #pragma once
 
 #include "SV/ui/Controls.h"
 
 namespace kv {
 
-/// Shown at once.
+/// Shown when it is constructed.
 class MyFixedText : public sv::FixedText {
   public:
     MyFixedText(sv::Window* parent, sv::Point position, sv::String const& text);
 
-    /// The text fits again.
+    /// Sets the text and adapts the size.
     void ChangeText(sv::String const& text);
 };
 

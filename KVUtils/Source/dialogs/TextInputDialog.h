@@ -1,4 +1,4 @@
-// TextInputDialog: a small dialog that asks for one line of text.
+// TextInputDialog: a dialog that asks for one line of text.
 #pragma once
 
 #include "KVUtils/Source/controls/KOBitmapButtonBar.h"
@@ -10,11 +10,11 @@ namespace kv {
 
 class TextInputDialog : public sv::ModalDialog, public RegisterTopWindow {
   public:
-    /// `prompt` stands above the field.
+    /// `prompt` is shown above the field.
     TextInputDialog(sv::Window* parent, sv::String const& title, sv::String const& prompt);
 
-    /// Asks, with `text` in the field at first. 1 if the person has pressed OK, with what was typed in
-    /// `text`; else 0, and `text` stays. Without a display it is 0 at once.
+    /// Shows the dialog with `text` in the field. Returns 1 and stores the input in `text` if the user
+    /// pressed OK, otherwise returns 0; without a display, returns 0 at once.
     unsigned char Input(sv::String& text);
 
   private:

@@ -96,7 +96,7 @@ AbbruchDialog::AbbruchDialog(sv::Window* parent, sv::String const& title, sv::St
     buttons_.AddButton(sv::Link::To<&AbbruchDialog::CancelHdl>(*this), detail::CancelButton, 0)->GrabFocus();
 }
 
-// NOLINTNEXTLINE(readability-make-member-function-const): the loop's turn may change the answer
+// NOLINTNEXTLINE(readability-make-member-function-const): processing events may change the result
 unsigned char AbbruchDialog::IsAborted() {
     sv::Application::Reschedule();
     return isAborted_ ? 1 : 0;

@@ -1,9 +1,8 @@
-// WaitVisualizer and its kin: small windows that stand while the program works: with a text, with a bar that
-// fills, and with a button to give up.
+// WaitVisualizer, WaitVisualizer2 and AbbruchDialog: windows shown while the program works, with a text, a
+// progress bar, and a button to cancel.
 //
-// Each is made for the time of the work, as an object on the stack: it shows at once over its parent, or in
-// the middle of the screen without one, with the pointer of waiting, and goes when it is destroyed. A person
-// cannot close it.
+// Create one on the stack for the time of the work. It is shown at once, centred over its parent or, without
+// one, on the screen, with the wait pointer, and closes when it is destroyed. The user cannot close it.
 #pragma once
 
 #include "KVUtils/Source/controls/KOBitmapButtonBar.h"
@@ -18,14 +17,14 @@ class WaitVisualizer : public sv::ModelessDialog, public RegisterTopWindow {
     WaitVisualizer(sv::Window* parent, sv::String const& title, sv::String const& text);
     ~WaitVisualizer() override;
 
-    /// What the program does now. Runs one turn of the loop, so that it shows.
+    /// Sets the text. Processes pending events, so that it shows.
     void ChangeText(sv::String const& text);
 
     void Paint(sv::Rectangle const& area) override;
     void WasClosed() override;
 
   protected:
-    /// `height` of the window, in pixels.
+    /// `height` is that of the window in pixels.
     WaitVisualizer(sv::Window* parent, sv::String const& title, sv::String const& text, int height);
 
   private:
@@ -34,12 +33,12 @@ class WaitVisualizer : public sv::ModelessDialog, public RegisterTopWindow {
     bool wasWaiting_;
 };
 
-/// With a bar.
+/// With a progress bar.
 class WaitVisualizer2 : public WaitVisualizer {
   public:
     WaitVisualizer2(sv::Window* parent, sv::String const& title, sv::String const& text);
 
-    /// 0 to 100, what lies outside counts as the nearest. Runs one turn of the loop when the bar has moved.
+    /// Clamps to 0 to 100. Processes pending events if the value changed.
     void SetPercent(int percent);
     [[nodiscard]] int GetPercent() const noexcept { return percent_; }
 
@@ -52,12 +51,12 @@ class WaitVisualizer2 : public WaitVisualizer {
     int percent_ = 0;
 };
 
-/// With a button to cancel, and Escape for it. Whoever works asks from time to time.
+/// With a button to cancel; Escape cancels too. The caller polls `IsAborted` while it works.
 class AbbruchDialog : public WaitVisualizer2 {
   public:
     AbbruchDialog(sv::Window* parent, sv::String const& title, sv::String const& text);
 
-    /// Runs one turn of the loop. 1 once the person has cancelled, else 0.
+    /// Processes pending events. Returns 1 after the user has cancelled, otherwise 0.
     [[nodiscard]] unsigned char IsAborted();
 
     void WasClosed() override;

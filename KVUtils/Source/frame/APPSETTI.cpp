@@ -8,46 +8,62 @@ namespace kv {
 
 namespace {
 
-sv::String ReadFrom(sv::Config& config, sv::String const& group, sv::String const& key,
-                    sv::String const& defaultValue) {
-    config.SetGroup(group);
-    sv::String value = config.ReadKey(key);
+// Overloads, since the name of a class is not available as text.
+constexpr char const* ClassName(AppConfig const* /*service*/) noexcept { return "AppConfig"; }
+constexpr char const* ClassName(UserConfig const* /*service*/) noexcept { return "UserConfig"; }
+constexpr char const* ClassName(KORVELConfig const* /*service*/) noexcept { return "KORVELConfig"; }
+
+}  // namespace
+
+template <class Service>
+constinit Service* ConfigService<Service>::instance_ = nullptr;
+
+template <class Service>
+ConfigService<Service>::ConfigService(sv::String const& file) : Config(file) {}
+
+template <class Service>
+ConfigService<Service>::~ConfigService() {
+    instance_ = nullptr;
+}
+
+template <class Service>
+Service* ConfigService<Service>::Instance() {
+    return InstanceOrNull(instance_, ClassName(instance_));
+}
+
+template <class Service>
+sv::String ConfigService<Service>::ReadKey(sv::String const& group, sv::String const& key,
+                                           sv::String const& defaultValue) {
+    Check::POINTER(instance_);
+    instance_->SetGroup(group);
+    sv::String value = instance_->Config::ReadKey(key);
     return value.IsEmpty() ? defaultValue : value;
 }
 
-// Through an object of its own, so that the group selected in `config` stays.
-void WriteBeside(sv::Config const& config, sv::String const& group, sv::String const& key,
-                 sv::String const& value) {
-    sv::Config writer(config.GetPathName());
+template <class Service>
+void ConfigService<Service>::WriteKey(sv::String const& group, sv::String const& key,
+                                      sv::String const& value) {
+    Check::POINTER(instance_);
+    // A separate object, so that the group selected in the service does not change.
+    Config writer(instance_->GetPathName());
     writer.SetGroup(group);
     writer.WriteKey(key, value);
 }
 
-}  // namespace
-
-// ------------------------------------------------------------------------------------------------ AppConfig
-
-constinit AppConfig* AppConfig::instance_ = nullptr;
-
-AppConfig::AppConfig(sv::String const& file) : Config(file) {}
-
-AppConfig::~AppConfig() { instance_ = nullptr; }
+template class ConfigService<AppConfig>;
+template class ConfigService<UserConfig>;
+template class ConfigService<KORVELConfig>;
 
 AppConfig* AppConfig::CreateAppConfig(sv::String const& file) {
     return Create(instance_, [&file] { return new AppConfig(file); });
 }
 
-AppConfig* AppConfig::Instance() { return InstanceOrNull(instance_, "AppConfig"); }
-
-sv::String AppConfig::ReadKey(sv::String const& group, sv::String const& key,
-                              sv::String const& defaultValue) {
-    Check::POINTER(instance_);
-    return ReadFrom(*instance_, group, key, defaultValue);
+void UserConfig::CreateUserConfig(sv::String const& file) {
+    Create(instance_, [&file] { return new UserConfig(file); });
 }
 
-void AppConfig::WriteKey(sv::String const& group, sv::String const& key, sv::String const& value) {
-    Check::POINTER(instance_);
-    WriteBeside(*instance_, group, key, value);
+KORVELConfig* KORVELConfig::CreateKORVELConfig(sv::String const& file) {
+    return Create(instance_, [&file] { return new KORVELConfig(file); });
 }
 
 unsigned short AppConfig::GetKeyCount(sv::String const& group) {
@@ -67,7 +83,7 @@ void AppConfig::EmptyGroup(sv::String const& group) {
     Config& config = *instance_;
     sv::String const selected = config.GetGroup();
     config.SetGroup(group);
-    // A file that cannot be written keeps its keys, and must not keep the program.
+    // Stop when the count does not change: the file cannot be written.
     unsigned short before = 0;
     unsigned short count = config.GetKeyCount();
     while (count > 0 && count != before) {
@@ -77,45 +93,6 @@ void AppConfig::EmptyGroup(sv::String const& group) {
     }
     config.SetGroup(selected);
 }
-
-// ----------------------------------------------------------------------------------------------- UserConfig
-
-constinit UserConfig* UserConfig::instance_ = nullptr;
-
-UserConfig::UserConfig(sv::String const& file) : Config(file) {}
-
-UserConfig::~UserConfig() { instance_ = nullptr; }
-
-void UserConfig::CreateUserConfig(sv::String const& file) {
-    Create(instance_, [&file] { return new UserConfig(file); });
-}
-
-UserConfig* UserConfig::Instance() { return InstanceOrNull(instance_, "UserConfig"); }
-
-sv::String UserConfig::ReadKey(sv::String const& group, sv::String const& key,
-                               sv::String const& defaultValue) {
-    Check::POINTER(instance_);
-    return ReadFrom(*instance_, group, key, defaultValue);
-}
-
-void UserConfig::WriteKey(sv::String const& group, sv::String const& key, sv::String const& value) {
-    Check::POINTER(instance_);
-    WriteBeside(*instance_, group, key, value);
-}
-
-// --------------------------------------------------------------------------------------------- KORVELConfig
-
-constinit KORVELConfig* KORVELConfig::instance_ = nullptr;
-
-KORVELConfig::KORVELConfig(sv::String const& file) : Config(file) {}
-
-KORVELConfig::~KORVELConfig() { instance_ = nullptr; }
-
-KORVELConfig* KORVELConfig::CreateKORVELConfig(sv::String const& file) {
-    return Create(instance_, [&file] { return new KORVELConfig(file); });
-}
-
-KORVELConfig* KORVELConfig::Instance() { return InstanceOrNull(instance_, "KORVELConfig"); }
 
 namespace {
 
@@ -143,12 +120,12 @@ sv::String KORVELConfig::ReadKORVELKey(KORVELiniGroup group, sv::String const& k
                                        sv::String const& defaultValue) {
     Check::POINTER(instance_);
     Select(*instance_, group);
-    return ReadFrom(*instance_, instance_->GetGroup(), key, defaultValue);
+    return ConfigService::ReadKey(instance_->GetGroup(), key, defaultValue);
 }
 
 void KORVELConfig::WriteKORVELKey(KORVELiniGroup group, sv::String const& key, sv::String const& value) {
     Check::POINTER(instance_);
-    // Nothing of the suite writes to "Compatibility"; its applications count on the key landing elsewhere.
+    // No program of the suite writes to "Compatibility"; applications rely on the key going elsewhere.
     if (group != KORVELiniGroup::Compatibility) Select(*instance_, group);
     instance_->WriteKey(key, value);
 }
@@ -159,8 +136,6 @@ sv::String KORVELConfig::ReadVindaraApplication(int index) {
     if (index < 0 || index >= instance_->GetKeyCount()) return {};
     return instance_->GetKeyName(static_cast<unsigned short>(index));
 }
-
-// --------------------------------------------------------------------------------------------------- AppDir
 
 constinit AppDir* AppDir::instance_ = nullptr;
 
@@ -178,7 +153,7 @@ sv::DirEntry AppDir::RootDirEntry() const { return BinDirEntry().GetPath(); }
 
 sv::DirEntry AppDir::LngDirEntry() const { return RootDirEntry() + "LNG"; }
 
-// By the instance, so that an object that moves the directories is moved against the running program's.
+// Uses the instance, so that a derived object moves the directories relative to the running program.
 sv::DirEntry AppDir::BinDirEntry() const {
     Check::POINTER(instance_);
     return instance_->GetPath();
@@ -187,8 +162,6 @@ sv::DirEntry AppDir::BinDirEntry() const {
 sv::DirEntry AppDir::HlpDirEntry() const { return RootDirEntry() + "DOC"; }
 
 sv::DirEntry AppDir::TargetDisk() const { return GetDevice(); }
-
-// -------------------------------------------------------------------------------------------------- AppName
 
 constinit AppName* AppName::instance_ = nullptr;
 

@@ -1,11 +1,11 @@
-// The configuration of an application, of its user and of the whole suite, and what the application knows of
-// itself: where its files lie and what it is called. Each is a service that the application creates at its
-// start. And the fonts of its windows.
+// AppConfig, UserConfig and KORVELConfig: the configurations of the application, of its user and of the whole
+// suite. AppDir and AppName: the application's directories, title and version. Each is a service that the
+// application creates when it starts. AppFonts: the fonts of its windows and reports.
 //
-// The operations on keys may be called by way of `Instance()` or of the class. Used before the creation they
-// report the null pointer through `Check::POINTER`, and so throw. An empty value is the same as no value. The
-// group that an operation selects stays selected, so nobody may rely on a selected group. All of it belongs
-// to the main thread.
+// Operations on keys may be called on the class or through `Instance()`. Before the creation they report the
+// null pointer through `Check::POINTER`, which throws. An empty value is the same as no value. An operation
+// leaves its group selected unless it says otherwise, so do not rely on a selected group. Use all of this in
+// the main thread only.
 #pragma once
 
 #include "KVUtils/Source/frame/KVSingleton.h"
@@ -16,121 +16,119 @@
 
 namespace kv {
 
-/// The application's own ini file.
-class AppConfig : public sv::Config, public KVSingleton {
+/// What the configurations have in common. An ini file as a service; `Service` is the derived class.
+template <class Service>
+class ConfigService : public sv::Config, public KVSingleton {
   public:
-    /// Replaces an older one.
-    static AppConfig* CreateAppConfig(sv::String const& file);
-    /// Null before the creation.
-    [[nodiscard]] static AppConfig* Instance();
-    ~AppConfig() override;
+    /// Returns null before the creation.
+    [[nodiscard]] static Service* Instance();
+    ~ConfigService() override;
 
-    /// The value of the key, or `defaultValue` when it is empty or missing.
+    /// Returns the value of the key, or `defaultValue` if it is empty or missing.
     [[nodiscard]] static sv::String ReadKey(sv::String const& group, sv::String const& key,
                                             sv::String const& defaultValue = {});
-    /// Leaves the selected group alone.
+    /// Does not change the selected group.
     static void WriteKey(sv::String const& group, sv::String const& key, sv::String const& value);
-    /// How many keys the group has; 0 for a group that is not there.
+
+  protected:
+    explicit ConfigService(sv::String const& file);
+
+    static Service* instance_;
+};
+
+/// The application's own ini file.
+class AppConfig : public ConfigService<AppConfig> {
+  public:
+    /// Replaces an older object.
+    static AppConfig* CreateAppConfig(sv::String const& file);
+
+    /// Returns the number of keys in the group; 0 if there is no such group.
     [[nodiscard]] static unsigned short GetKeyCount(sv::String const& group);
-    /// Empty past the last key.
+    /// Returns an empty name past the last key.
     [[nodiscard]] static sv::String GetKeyName(sv::String const& group, unsigned short index);
-    /// Deletes all keys of the group, as far as the file can be written. The group that was selected before
-    /// stays selected.
+    /// Deletes all keys of the group, as far as the file can be written. Does not change the selected group.
     static void EmptyGroup(sv::String const& group);
 
   protected:
-    explicit AppConfig(sv::String const& file);
-
-  private:
-    static AppConfig* instance_;
+    using ConfigService::ConfigService;
 };
 
 /// The user's ini file.
-class UserConfig : public sv::Config, public KVSingleton {
+class UserConfig : public ConfigService<UserConfig> {
   public:
-    /// Replaces an older one.
+    /// Replaces an older object.
     static void CreateUserConfig(sv::String const& file);
-    /// Null before the creation.
-    [[nodiscard]] static UserConfig* Instance();
-    ~UserConfig() override;
-
-    /// The value of the key, or `defaultValue` when it is empty or missing.
-    [[nodiscard]] static sv::String ReadKey(sv::String const& group, sv::String const& key,
-                                            sv::String const& defaultValue);
-    /// Leaves the selected group alone.
-    static void WriteKey(sv::String const& group, sv::String const& key, sv::String const& value);
 
   protected:
-    explicit UserConfig(sv::String const& file);
-
-  private:
-    static UserConfig* instance_;
+    using ConfigService::ConfigService;
 };
 
 /// The groups of the suite's ini file: "HQM-Server", "Scales", "Vindara Applications", "Compatibility".
 enum class KORVELiniGroup : int { HqmServer = 0, Scales = 1, VindaraApplications = 2, Compatibility = 3 };
 
-/// The ini file that all applications share: the measuring server's full file name (group HqmServer, key
-/// "Path"), and the applications with their paths (group VindaraApplications, one key each).
-class KORVELConfig : public sv::Config, public KVSingleton {
+/// The ini file that all applications of the suite share. It holds the full file name of the measuring server
+/// (group HqmServer, key "Path"), and the applications with their paths (group VindaraApplications, one key
+/// each).
+class KORVELConfig : public ConfigService<KORVELConfig> {
   public:
-    /// Replaces an older one.
-    static KORVELConfig* CreateKORVELConfig(sv::String const& file);
-    /// Null before the creation.
-    [[nodiscard]] static KORVELConfig* Instance();
-    ~KORVELConfig() override;
+    using Config::ReadKey;
+    using Config::WriteKey;
 
-    /// The value of the key, or `defaultValue` when it is empty or missing. Of a group that has no name the
-    /// key is looked for in the group selected last.
+    /// Replaces an older object.
+    static KORVELConfig* CreateKORVELConfig(sv::String const& file);
+
+    /// Returns the value of the key, or `defaultValue` if it is empty or missing. A number that is not a
+    /// group reads from the group selected last.
     [[nodiscard]] static sv::String ReadKORVELKey(KORVELiniGroup group, sv::String const& key,
                                                   sv::String const& defaultValue = {});
-    /// Never selects the group Compatibility: a key for it is written to the group selected last. That is
-    /// meant.
+    /// Intentional: does not select the group Compatibility; a key for it is written to the group selected
+    /// last.
     static void WriteKORVELKey(KORVELiniGroup group, sv::String const& key, sv::String const& value);
-    /// The name of the application with this number, counted from 0; empty when there is none.
+    /// Returns the name of the application with this number, counted from 0; empty if there is none.
     [[nodiscard]] static sv::String ReadVindaraApplication(int index);
 
   protected:
-    explicit KORVELConfig(sv::String const& file);
-
-  private:
-    static KORVELConfig* instance_;
+    using ConfigService::ConfigService;
 };
 
-/// Where the application's files lie: programs in one directory of the application's root, texts and
-/// documents beside it in "LNG" and "DOC". The entry itself is the full name of the running program.
+extern template class ConfigService<AppConfig>;
+extern template class ConfigService<UserConfig>;
+extern template class ConfigService<KORVELConfig>;
+
+/// The directories of the application: the programs are in a directory below the application's root, texts
+/// and documents in "LNG" and "DOC" next to it. The entry itself is the full name of the running program.
 class AppDir : public sv::DirEntry, public KVSingleton {
   public:
-    /// `path` is the full name of the running program. Replaces an older one.
+    /// `path` is the full name of the running program. Replaces an older object.
     static AppDir* CreateAppDir(sv::String const& path);
-    /// Null before the creation.
+    /// Returns null before the creation.
     [[nodiscard]] static AppDir* Instance();
     ~AppDir() override;
 
-    /// The directory that holds that of the programs.
+    /// Returns the parent of the directory of the programs.
     [[nodiscard]] virtual sv::DirEntry RootDirEntry() const;
-    /// The directory of the translated texts.
+    /// Returns the directory of the translated texts.
     [[nodiscard]] virtual sv::DirEntry LngDirEntry() const;
-    /// The directory of the programs, that of the service's instance.
+    /// Returns the directory of the programs, of the service's instance.
     [[nodiscard]] virtual sv::DirEntry BinDirEntry() const;
-    /// The directory of the documents.
+    /// Returns the directory of the documents.
     [[nodiscard]] virtual sv::DirEntry HlpDirEntry() const;
-    /// The drive; empty where there is none.
+    /// Returns the drive; empty if there is none.
     [[nodiscard]] virtual sv::DirEntry TargetDisk() const;
 
   protected:
     explicit AppDir(sv::String const& path);
 
-    /// For a class that moves the directories and creates itself as the service.
+    /// Protected for derived classes that move the directories and create themselves as the service.
     static AppDir* instance_;
 };
 
 /// The application's title and version.
 class AppName : public KVSingleton {
   public:
-    /// Replaces an older one.
+    /// Replaces an older object.
     static AppName* CreateAppName(sv::String const& title, sv::String const& version);
-    /// Null before the creation.
+    /// Returns null before the creation.
     [[nodiscard]] static AppName* Instance();
     ~AppName() override;
 
@@ -148,22 +146,16 @@ class AppName : public KVSingleton {
     static AppName* instance_;
 };
 
-/// The fonts of the suite's windows and reports.
+/// The fonts of the suite's windows and reports. All operations are static and need no service.
 class AppFonts {
   public:
     AppFonts() = delete;
 
-    /// Of dialogs and their controls: the system's own.
-    [[nodiscard]] static constexpr sv::Font GetDialogAppFont() noexcept { return sv::Font(); }
-    /// The same, bold: for what stands above a part of a window.
-    [[nodiscard]] static constexpr sv::Font GetTitleAppFont() noexcept {
-        return sv::Font(0, sv::FontPitch::Variable, sv::FontWeight::Bold);
-    }
-    /// All letters of one width, in the system's own size: for columns of text.
+    /// Returns a fixed-pitch font in the system's size, for columns of text.
     [[nodiscard]] static constexpr sv::Font GetFixedAppFont() noexcept {
         return sv::Font(0, sv::FontPitch::Fixed);
     }
-    /// Of a report's title and its text, in points of a line's height.
+    /// Return the fonts of a report's title and text; sizes are line heights in points.
     [[nodiscard]] static constexpr sv::Font GetBigPrinterFont() noexcept { return sv::Font(18); }
     [[nodiscard]] static constexpr sv::Font GetNormalPrinterFont() noexcept { return sv::Font(10); }
 };

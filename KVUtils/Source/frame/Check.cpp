@@ -19,7 +19,7 @@ constexpr int LastDatabaseInformation = 1999;
                      what + Check::CommonErrStr(module, date, time, line))
             .Execute();
     } catch (std::bad_alloc const&) {
-        // No room for the box; the error is thrown all the same.
+        // Without memory for the box, throw the error alone.
     }
     throw 1;
 }
@@ -44,14 +44,13 @@ void Check::POINTER(void const* pointer, char const* module, char const* date, c
 
 void Check::POINTER(void const* pointer, char const* file, int line) {
     if (pointer != nullptr) return;
-    // The compiler gives the file with the path that it had on the machine of the build, which helps nobody.
+    // __builtin_FILE gives the path on the machine that built the library; only the name is of use.
     std::string_view const path = file;
     char const* const name = file + (path.find_last_of("/\\") + 1);
     POINTER(pointer, name, BuildDate(), BuildTime(), line);
 }
 
-// The only place that knows the hour, so that a rebuild changes one object file and, under SOURCE_DATE_EPOCH,
-// none.
+// Kept to this file, so that a rebuild changes one object file, and none under SOURCE_DATE_EPOCH.
 char const* Check::BuildDate() noexcept { return __DATE__; }
 char const* Check::BuildTime() noexcept { return __TIME__; }
 

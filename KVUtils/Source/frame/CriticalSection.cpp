@@ -15,7 +15,7 @@ struct Registry {
 };
 
 std::recursive_mutex& Section(std::string_view name) {
-    // Never destroyed: a thread may hold a section, or ask for one, while the program ends.
+    // Never destroyed: a thread may still hold or request a section while the program exits.
     static Registry& registry = *new Registry;
     std::lock_guard const guard(registry.mutex);
     auto const found = registry.sections.find(name);

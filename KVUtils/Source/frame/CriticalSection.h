@@ -1,4 +1,4 @@
-// CriticalSection: a lock on a name, held as long as the object lives.
+// CriticalSection: a scoped lock on a name.
 #pragma once
 
 #include <mutex>
@@ -7,9 +7,9 @@ namespace kv {
 
 class CriticalSection {
   public:
-    /// Waits until no other thread holds an object of this name. A thread may hold several of one name. What
-    /// a name locks is made at its first use, by whichever thread comes first, and stays until the program
-    /// ends.
+    /// Waits until no other thread holds a section of this name. One thread may hold several of the same
+    /// name. A section is created when its name is first used, from any thread, and lasts until the program
+    /// exits. Null is the empty name.
     explicit CriticalSection(char const* name);
     CriticalSection(CriticalSection const&) = delete;
     CriticalSection& operator=(CriticalSection const&) = delete;

@@ -1,4 +1,4 @@
-// DLL: the base of a class that stands for a library loaded while the program runs.
+// DLL: base class for a library that is loaded at run time.
 #pragma once
 
 #include <string>
@@ -7,16 +7,16 @@ namespace kv {
 
 class DLL {
   public:
-    /// Loads the library of this name, to which the system's ending (".dll", ".so") is added. Throws the
-    /// system's error number as an `unsigned long`, never 0.
+    /// Loads the library of this name plus the system's suffix (".dll", ".so"). Throws the system's error
+    /// number as an `unsigned long`, never 0.
     explicit DLL(std::string const& name);
-    /// The library stays loaded until the program ends, so that functions that were asked for stay callable.
+    /// Leaves the library loaded until the program exits, so that function pointers stay valid.
     virtual ~DLL() = default;
     DLL(DLL const&) = delete;
     DLL& operator=(DLL const&) = delete;
 
   protected:
-    /// The address of an exported function. Throws like the constructor when there is none.
+    /// Returns the address of an exported function. Throws like the constructor if there is none.
     [[nodiscard]] void* GetFunctionPointer(std::string const& name) const;
 
   private:

@@ -1,6 +1,6 @@
-// KVSetting: what the applications of the suite keep of their user: the name for reports, and the two
-// illuminants between which metamerism is judged. It lies in the application's configuration, in the group
-// "Settings".
+// KVSetting: the user settings that the applications of the suite share: the name for reports, and the two
+// illuminants between which metamerism is judged. They are stored in the application's configuration, in the
+// group "Settings".
 #pragma once
 
 #include "KVUtils/Source/colorimetry/Selectors.h"
@@ -11,25 +11,25 @@ namespace kv {
 
 class KVSetting : public KVSingleton {
   public:
-    /// Creates and loads itself at the first call; `AppConfig` must stand by then, or `Check::POINTER`
-    /// reports it.
+    /// Creates the service and loads the settings on the first call. `AppConfig` must exist, otherwise
+    /// `Check::POINTER` reports it.
     [[nodiscard]] static KVSetting* Instance();
     ~KVSetting() override;
 
-    /// Reads what `SaveProperties` wrote. A missing number is 0, which is illuminant A, and any other is
-    /// taken as it stands. A day number is not kept: it becomes 65.
+    /// Reads what `SaveProperties` wrote. A missing number reads as 0, which is illuminant A; any other is
+    /// taken unchecked. Day numbers are not stored: both become 65.
     void LoadProperties();
-    /// Writes the types of the illuminants and the name. Without `AppConfig` it reports as loading does.
+    /// Writes the types of the illuminants and the name. Reports a missing `AppConfig` like loading.
     void SaveProperties() const;
 
-    /// The two illuminants between which metamerism is judged.
+    /// Returns the two illuminants between which metamerism is judged.
     void GetIllumClasses(IllumClass& first, IllumClass& second) const noexcept;
     [[nodiscard]] IllumClass GetIllumClass1() const noexcept { return first_; }
     [[nodiscard]] IllumClass GetIllumClass2() const noexcept { return second_; }
-    /// Setters change the object only.
+    /// Changes the object only; call `SaveProperties` to store, here and below.
     void SetIllumClasses(IllumClass first, IllumClass second) noexcept;
 
-    /// The user's name.
+    /// Returns the user's name.
     [[nodiscard]] sv::String const& GetBenutzername() const noexcept { return userName_; }
     void SetBenutzername(sv::String const& name) { userName_ = name; }
 

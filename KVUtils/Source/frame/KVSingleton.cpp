@@ -7,8 +7,8 @@ namespace kv {
 
 namespace {
 
-// Built at its first use, since services may be created by another file's static initialiser. At the
-// program's end the list goes and the objects in it stay.
+// Constructed on first use, since a static initialiser of another file may create services. When the program
+// exits the list is destroyed, the objects in it are not.
 sv::Container& Singletons() {
     static sv::Container singletons(1024, 16, 16);
     return singletons;
@@ -23,6 +23,11 @@ void KVSingleton::Replace(KVSingleton* old, KVSingleton* replacement) {
 }
 
 void KVSingleton::Remove(KVSingleton* singleton) { Singletons().Remove(static_cast<void*>(singleton)); }
+
+void KVSingleton::Destroy(KVSingleton* singleton) {
+    Remove(singleton);
+    delete singleton;
+}
 
 void KVSingleton::DeleteAllSingleton() {
     sv::Container& singletons = Singletons();

@@ -1,9 +1,7 @@
-// KVSingleton: the base of the services of which a program has one each. The application creates them in an
-// order of its own and destroys them all together at its end. Creation and destruction belong to the main
-// thread.
+// KVSingleton: base class of the services of which a program has one each. The application creates them in
+// the order that it needs and destroys them together before it exits. Create and destroy services in the main
+// thread only.
 #pragma once
-
-#include <utility>
 
 namespace kv {
 
@@ -13,36 +11,35 @@ class KVSingleton {
     KVSingleton(KVSingleton const&) = delete;
     KVSingleton& operator=(KVSingleton const&) = delete;
 
-    /// Enters a service in front of the one that was entered last, so that the youngest is destroyed first.
+    /// Inserts a service before the one that was inserted last, so that the youngest is destroyed first.
     static void Insert(KVSingleton* singleton);
-    /// Puts another service into the place of one; does nothing when `old` is not in the list. Destroys
-    /// neither.
+    /// Replaces a service in the list, at the same position; does nothing if `old` is not in the list.
+    /// Destroys neither.
     static void Replace(KVSingleton* old, KVSingleton* replacement);
-    /// Takes a service out of the list without destroying it.
+    /// Removes a service from the list without destroying it.
     static void Remove(KVSingleton* singleton);
+    /// Removes a service from the list and destroys it; null does nothing.
+    static void Destroy(KVSingleton* singleton);
 
-    /// Destroys all services. The list keeps its dead entries, so it is called once, as a program's last act.
-    /// For the same reason no service may be deleted without being removed first.
+    /// Destroys all services. The list keeps the dangling entries, so call this once, before the program
+    /// exits, and never delete a service that is still in the list.
     static void DeleteAllSingleton();
 
   protected:
     KVSingleton() = default;
 
-    /// How a service X is created: an older one leaves the list and is deleted, `make` returns the new one,
-    /// which becomes the instance and enters the list.
+    /// Creates service X: destroys an older instance, then stores and inserts what `make` returns.
     template <class X, class Make>
     static X* Create(X*& instance, Make make) {
-        if (instance != nullptr) {
-            Remove(instance);
-            delete std::exchange(instance, nullptr);
-        }
+        Destroy(instance);
+        instance = nullptr;
         instance = make();
         Insert(instance);
         return instance;
     }
 
-    /// What `Instance()` answers: the service, or null, with a box prepared that names what is missing. The
-    /// box is not run: the caller sees the null pointer and reports it where it stands.
+    /// Implements `Instance()`: returns the service, or null after preparing a box that names what is
+    /// missing. The box is not run: the caller gets the null pointer and reports it with its own position.
     template <class X>
     [[nodiscard]] static X* InstanceOrNull(X* instance, char const* className) {
         if (instance == nullptr) PrepareMissingBox(className);

@@ -27,10 +27,10 @@ static_assert(LanguageTable[Japanese].name == "Japanese");
 
 constinit std::array<bool, LanguageTable.size()> available{};
 constinit unsigned short current = English;  // absolute index
-constinit sv::Config* config = nullptr;      // null: the choice is not kept
+constinit sv::Config* config = nullptr;      // null: the choice is kept in memory
 
-/// Makes a language current, and has its texts shown in their code page.
-void Speak(unsigned short absolute) noexcept {
+/// Makes a language current, and selects the code page of its texts.
+void Select(unsigned short absolute) noexcept {
     current = absolute;
     sv::ChangeTextPage(absolute == Japanese  ? sv::TextPage::Japanese
                        : absolute == Chinese ? sv::TextPage::Chinese
@@ -78,12 +78,12 @@ void Language::InitListBox(sv::ListBox& box) {
 }
 
 void Language::SetLanguage(unsigned short listEntry) {
-    Speak(ListEntryToAbsolute(listEntry));
+    Select(ListEntryToAbsolute(listEntry));
     WriteChoice();
 }
 
 void Language::SetLanguageByCountryCode(unsigned short code) {
-    Speak(CountryCodeToAbsolute(code));
+    Select(CountryCodeToAbsolute(code));
     if (IsAvailable(current)) WriteChoice();
 }
 
@@ -91,7 +91,7 @@ void Language::AccsessableLanguage(sv::String const& fileName) {
     sv::DirEntry file(fileName);
     sv::String const extension = file.CutExtension();
     sv::String const ending = extension.IsEmpty() ? sv::String() : sv::String(".") + extension;
-    // A country code of three digits keeps its last one in the stem.
+    // Intentional: of a country code of three digits the first stays in the stem.
     sv::String stem = file.GetName();
     for (int digit = 0; digit < 2 && EndsInDigit(stem); ++digit) stem.Erase(stem.Len() - 1);
 
@@ -117,19 +117,19 @@ unsigned short Language::ReadFromWinINI() {
 }
 
 void Language::ReadChoice() {
-    Speak(English);
+    Select(English);
     sv::String choice;
     if (config != nullptr) {
         config->SetGroup("Settings");
         choice = config->ReadKey("language");
     }
     if (choice.IsEmpty()) {
-        unsigned short const systems = GetWinSprache();
-        if (IsAvailable(systems)) Speak(systems);
+        unsigned short const system = GetWinSprache();
+        if (IsAvailable(system)) Select(system);
         WriteChoice();
     } else if (choice.IsNumeric()) {
         long const chosen = std::min(choice.ToLong(), long{UnknownLanguage});
-        if (IsAvailable(static_cast<unsigned short>(chosen))) Speak(static_cast<unsigned short>(chosen));
+        if (IsAvailable(static_cast<unsigned short>(chosen))) Select(static_cast<unsigned short>(chosen));
     }
 }
 

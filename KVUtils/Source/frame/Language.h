@@ -1,11 +1,12 @@
-// Language: the language that the application speaks. It knows 25, finds out for which of them the
-// application has texts, and keeps the choice in a configuration, in the key "language" of the group
+// Language: the language of the application's texts. It knows 25 languages, determines for which of them the
+// application has text files, and stores the choice in a configuration, in the key "language" of the group
 // "Settings".
 //
-// A language has three numbers: the absolute index, its place in the table; the list entry, its place among
-// the languages that have texts, as a list box shows them; and the country code (1 English, 49 German, 86
-// Chinese, 81 Japanese), by which the outside world names it. The state is the process's own and needs no
-// object: before one is created the language is English, and none has texts. It belongs to the main thread.
+// A language has three numbers: the absolute index, its position in the table of 25; the list entry, its
+// position among the languages that have texts, as a list box shows them; and the country code (1 English, 49
+// German, 86 Chinese, 81 Japanese), which files and other programs use. The state is static and needs no
+// object: before one is created the language is English and no language has texts. Use it in the main thread
+// only.
 #pragma once
 
 #include "KVUtils/Source/frame/KVSingleton.h"
@@ -17,32 +18,35 @@ namespace kv {
 
 class Language : public KVSingleton {
   public:
-    /// Replaces an older one. `choice`, not owned, is the configuration that holds the choice as long as the
-    /// object lives; without one (null) it is kept in memory. `fileName` is one of the application's text
-    /// files, with its path: the stem and up to two digits, of which the others have the same stem and their
-    /// own country code.
+    /// Replaces an older object. `choice` is the configuration that stores the choice; it is not owned and
+    /// must outlive the object. With null the choice is kept in memory. `fileName` is one of the
+    /// application's text files, with its path: a stem, up to two digits and an extension; the files of the
+    /// other languages have the same stem and their own country code. A name without an extension gets none.
     ///
-    /// The language is that of the configuration, where it has texts. Of a configuration without a choice it
-    /// is the system's own, which is then written there. Without texts it is English.
+    /// Selects the language of the configuration if it has texts. If the configuration has no choice, selects
+    /// the system's language if that has texts, and writes the choice. Otherwise selects English. A stored
+    /// value that is negative, 25 or above, or not a number counts as a language without texts; nothing is
+    /// written then.
     static Language* CreateLanguage(sv::Config* choice, sv::String const& fileName);
-    /// Null before the creation.
+    /// Returns null before the creation.
     [[nodiscard]] static Language* Instance();
     ~Language() override;
 
-    /// The current language's, or 1 if it has no texts.
+    /// Returns the code of the current language, or 1 if it has no texts.
     [[nodiscard]] static unsigned short GetCountryCode() noexcept;
-    /// 1 if that is the current language, with texts or without; else 0.
+    /// Returns 1 if Japanese is the current language, with or without texts, otherwise 0.
     [[nodiscard]] static unsigned char IsJapanese() noexcept;
+    /// The same for Chinese.
     [[nodiscard]] static unsigned char IsChinese() noexcept;
 
-    /// Fills the box with the names of the languages that have texts, in the order of the table, and selects
-    /// the current one.
+    /// Fills the box with the names of the languages that have texts, in table order, and selects the current
+    /// one.
     static void InitListBox(sv::ListBox& box);
-    /// Makes the language of a list entry current and writes it to the configuration. Past the last entry
-    /// that is the number 25, which is no language and counts as one without texts.
+    /// Makes the language of a list entry current and writes it to the configuration. An entry past the last
+    /// selects and writes the number 25, which counts as a language without texts.
     static void SetLanguage(unsigned short listEntry);
-    /// Makes the language with this code current, and writes it to the configuration if it has texts. An
-    /// unknown code is kept as "no language of the table" (65535).
+    /// Makes the language with this country code current, and writes it to the configuration if it has texts.
+    /// An unknown code selects 65535, which is not a language of the table.
     static void SetLanguageByCountryCode(unsigned short code);
 
   protected:

@@ -20,7 +20,7 @@ constexpr int EnglishCode = 1;
 struct LoadedTexts {
     detail::TextGroups groups;
     std::vector<sv::String> entries;
-    std::size_t writeIndex = 0;  // where the second pass stores next
+    std::size_t writeIndex = 0;  // the entry that the second pass stores next
     int messageLanguage = EnglishCode;
 };
 
@@ -49,7 +49,7 @@ constexpr FaultTexts German = {"Fehler in Textdatei '",
                                " Textgruppen",
                                "Allgemeiner Fehler"};
 
-/// Shows the fault; the answer is whether to go on.
+/// Shows the error; returns whether to continue.
 bool ShowFault(sv::String const& file, detail::TextFault fault, char missing, sv::String const& group) {
     FaultTexts const& texts = loaded.messageLanguage == GermanCode ? German : English;
     sv::String const title = sv::String(texts.title) + file + "'\n";
@@ -63,7 +63,7 @@ bool ShowFault(sv::String const& file, detail::TextFault fault, char missing, sv
             break;
         case detail::TextFault::TooManyGroups:
             sv::ErrorBox(nullptr, sv::WB_OK,
-                         title + texts.moreThan + sv::String(detail::TextGroups::Most) + texts.groups)
+                         title + texts.moreThan + sv::String(detail::TextGroups::MaxCount) + texts.groups)
                 .Execute();
             break;
         case detail::TextFault::General:
@@ -73,7 +73,7 @@ bool ShowFault(sv::String const& file, detail::TextFault fault, char missing, sv
     return true;
 }
 
-/// False, after a box, when the file cannot be opened, or not be read to its end.
+/// Returns false, after showing a box, if the file cannot be opened or read to its end.
 bool ReadFile(sv::String const& name, std::string& bytes) {
     std::ifstream file(sv::FilePath(name), std::ios::binary);
     if (!file.is_open()) {
@@ -88,7 +88,7 @@ bool ReadFile(sv::String const& name, std::string& bytes) {
     return !file.bad();
 }
 
-/// The first pass. False when any fault was shown.
+/// The first pass. Returns false if any error was shown.
 bool ParseTextFile(sv::String const& name, std::string_view bytes) {
     return CountTexts(bytes, loaded.groups,
                       [&name](detail::TextFault fault, char missing, sv::String const& group) {
@@ -96,7 +96,7 @@ bool ParseTextFile(sv::String const& name, std::string_view bytes) {
                       });
 }
 
-/// The second pass. An entry that the first did not count finds no place.
+/// The second pass. Discards an entry that the first pass did not count.
 void ReadString(std::string_view bytes) {
     detail::ReadTexts(bytes, [](std::string_view text) {
         if (loaded.writeIndex < loaded.entries.size()) {

@@ -1,10 +1,13 @@
-// Text: the translated texts of the application, read from ".lng" files, found by the number of their group
-// and their own number in it. The state is the process's own and belongs to the main thread.
+// Text: the translated texts of the application, read from ".lng" files. A text is identified by the number
+// of its group and its own number within the group. The state is static; use it in the main thread only.
 //
-// A file holds groups, "{name}", and below each its entries, one a line, "[text]", which count from 0. The
-// text runs from the first "[" to the last "]" of the line, so that it may hold brackets. "//" and "/* */"
-// are comments, in an entry too. Everything else is a remark. The last line has to end with a line end.
-// Several files make one table.
+// A file contains groups, "{name}", each followed by its entries, one per line, "[text]", numbered from 0.
+// The text extends from the first "[" to the last "]" of the line, so it may contain brackets. "//" and "/*
+// */" are comments, in an entry too. Everything else is ignored. The last line must end with a line end.
+// Several files form one table.
+//
+// The bytes of a file are the application's texts as they are, in the suite's code page: Windows-1252, or
+// that of the language for Japanese and Chinese. They are not UTF-8.
 #pragma once
 
 #include "SV/core/String.h"
@@ -15,29 +18,29 @@ class Text {
   public:
     Text() = delete;
 
-    /// Adds the texts of the file of this name. Faults are shown in boxes, in German if the message language
-    /// is 49, else in English; of a file with a fault no text is kept. Its groups stay counted, and so the
-    /// texts of files that are loaded after it would stand at shifted places: call `FreeResources` and load
-    /// again.
+    /// Adds the texts of the file of this name. Errors are shown in boxes, in German if the message language
+    /// is 49, otherwise in English. A file with an error adds no texts, but its groups stay counted, which
+    /// shifts the texts of files loaded later: call `FreeResources` and load again.
     ///
-    /// 199 groups are the most that load without a fault.
+    /// At most 199 groups load without an error.
     static void LoadText(sv::String const& name);
-    /// Makes `language`, a country code, the message language, and adds the file `name` + `language` +
+    /// Sets the message language to `language`, a country code, and adds the file `name` + `language` +
     /// ".lng".
     static void LoadText(sv::String const& name, int language);
 
-    /// Empty when there is no such text. A number past the end of its group reaches into the groups behind
-    /// it.
+    /// Returns the text, or an empty one if there is none. A number past the end of the group reads on into
+    /// the groups that follow.
     [[nodiscard]] static sv::String GetText(unsigned group, unsigned long index);
-    /// 0 when there is no such group, and for the last group of a file whose last entry lacks its line end.
+    /// Returns the number of texts of a group; 0 if there is no such group, and for the last group of a file
+    /// whose last entry has no line end.
     [[nodiscard]] static unsigned long GetEntryCount(unsigned group);
-    /// The first group of exactly this name, or the value -1 as unsigned.
+    /// Returns the number of the first group of exactly this name, or -1 as unsigned.
     [[nodiscard]] static unsigned GetGroupNr(sv::String const& name);
 
-    /// What each text passes through on being stored: as it stands.
+    /// Converts a text that is about to be stored or shown: returns it unchanged.
     [[nodiscard]] static sv::String ConvertText(sv::String const& text) { return text; }
 
-    /// Forgets all texts and groups; the message language is English again.
+    /// Clears all texts and groups, and sets the message language to English.
     static void FreeResources();
 };
 

@@ -1,4 +1,4 @@
-// TextAry: a list of texts by number. Who puts a text into it owns it, and frees it.
+// TextAry: a list of texts by number. The caller owns the texts and frees them.
 #pragma once
 
 #include "SV/core/Container.h"
@@ -13,16 +13,15 @@ class TextAry : private sv::Container {
 
     explicit TextAry(unsigned short blockSize = 16) : Container(blockSize) {}
 
-    /// Cuts the list off, or fills it up with places that hold no text (null).
+    /// Truncates the list, or extends it with entries that have no text (null).
     void ChangeSize(unsigned long count);
 
-    /// Puts a text in its place and returns the one that stood there. Past the end nothing is put, and `text`
-    /// itself comes back.
+    /// Replaces an entry and returns the old one. Past the end it changes nothing and returns `text` itself.
     sv::String* Put(unsigned long index, sv::String* text);
-    /// Null past the end.
+    /// Returns null past the end.
     [[nodiscard]] sv::String* Get(unsigned long index) const noexcept;
 
-    /// Whether there are as many places, with equal texts or none in each.
+    /// Compares the texts, not the pointers; an entry without text equals only another without text.
     friend bool operator==(TextAry const& a, TextAry const& b) noexcept;
 };
 

@@ -19,7 +19,7 @@ platform::Priority ToSystem(ThreadPriorityTYPE priority) noexcept {
     return platform::Priority::Normal;
 }
 
-/// How long a thread may take to end by itself before it is ended from outside.
+/// How long the destructor waits for the routine to return before it terminates the thread.
 constexpr std::chrono::milliseconds Grace{100};
 
 }  // namespace
@@ -29,7 +29,7 @@ Thread::Thread(ThreadPriorityTYPE priority) noexcept : priority_(priority) {}
 Thread::~Thread() {
     if (thread_ == nullptr) return;
     if (!thread_->WaitForEnd(Grace)) KillThread();
-    // The routine works on this object, so nothing less than its end will do.
+    // The routine uses this object, so wait for its end, however long it takes.
     while (!thread_->WaitForEnd(std::chrono::hours(1))) {
     }
 }
@@ -46,7 +46,7 @@ void Thread::StartThread() {
 }
 
 void Thread::KillThread() noexcept {
-    // One that is ended within the system's own clean-up may leave the whole process hanging.
+    // Terminating a thread within the system's own clean-up may hang the whole process.
     if (thread_ != nullptr && !*hasReturned_) thread_->Kill();
 }
 

@@ -1,4 +1,4 @@
-// Thread: the base of a worker that runs beside the main thread.
+// Thread: base class of a worker thread.
 #pragma once
 
 #include "Platform/Threads.h"
@@ -8,42 +8,42 @@
 
 namespace kv {
 
-/// Normal, or one step below or above.
+/// Normal, or one step lower or higher.
 enum class ThreadPriorityTYPE : int { Normal = 0, Low = 1, High = 2 };
 
 class Thread {
   protected:
-    /// What the thread does; the result is its exit code.
+    /// Runs in the thread; the result is its exit code.
     virtual unsigned Run() = 0;
 
   public:
-    /// Starts nothing yet.
+    /// Stores the priority; does not start the thread.
     explicit Thread(ThreadPriorityTYPE priority) noexcept;
-    /// Ends the thread as `KillThread` does, after a moment in which it may end by itself, and waits until it
-    /// has ended. What a derived class holds is gone by then, so its own destructor has to tell a routine
-    /// that uses it to stop, and wait. Not for the thread itself to call.
+    /// Gives the thread 100 ms to return, then ends it like `KillThread`, and waits until it has ended. The
+    /// members of a derived class are destroyed before, so if the routine uses them, the derived destructor
+    /// must make it stop and wait for it. Must not be called from the thread itself.
     virtual ~Thread();
     Thread(Thread const&) = delete;
     Thread& operator=(Thread const&) = delete;
 
-    /// Starts the routine with the priority given at construction; does nothing when the system refuses. A
-    /// thread that was started before runs on by itself, and has to end before the object does.
+    /// Starts the routine with the priority given at construction; does nothing if the system refuses. A
+    /// thread started earlier keeps running, and must end before the object is destroyed.
     void StartThread();
 
-    /// Ends the thread from outside, with no regard for what it holds: locks stay locked, files open. Windows
-    /// ends it wherever it is. Elsewhere nothing can be ended at any point without breaking the process, so
-    /// it ends at its next blocking call of the system, its stack being unwound; a routine that makes none
-    /// runs to its own end. Does nothing once the routine has returned.
+    /// Terminates the thread, whatever it holds: locks stay locked and files open. Windows terminates it at
+    /// once. On other systems that would break the process, so the thread is unwound at its next blocking
+    /// system call; a routine that makes none runs until it returns. Does nothing after the routine has
+    /// returned.
     void KillThread() noexcept;
 
-    /// Changes the running thread's priority only: the next start takes the one given at construction.
+    /// Changes the priority of the running thread only: the next start uses the one given at construction.
     void SetPriority(ThreadPriorityTYPE priority) noexcept;
-    /// The system's answer; normal without a thread.
+    /// Asks the system; returns normal without a thread.
     [[nodiscard]] ThreadPriorityTYPE GetPriority() const noexcept;
 
   private:
     std::unique_ptr<platform::NativeThread> thread_;
-    std::shared_ptr<std::atomic<bool>> hasReturned_;  // of that thread's routine; it knows it too
+    std::shared_ptr<std::atomic<bool>> hasReturned_;  // set by the routine, which shares it
     ThreadPriorityTYPE priority_;
 };
 

@@ -1,12 +1,12 @@
-// WinIni: the system's own settings, the file "win.ini" in the directory that the environment names as
-// "windir". The library only reads it.
+// WinIni: reads the system's settings, the file "win.ini" in the directory that the environment variable
+// "windir" names. The library never writes it.
 #pragma once
 
 #include "SV/core/String.h"
 
 namespace kv {
 
-/// The value of a key; empty when there is none, or no such file.
+/// Returns the value of a key; empty if the key or the file does not exist.
 [[nodiscard]] sv::String ReadWinIni(sv::String const& group, sv::String const& key);
 
 }  // namespace kv

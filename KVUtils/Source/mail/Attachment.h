@@ -1,4 +1,4 @@
-// Attachment: one file of a mail.
+// Attachment: a file of a mail.
 #pragma once
 
 #include "SV/core/String.h"
@@ -12,9 +12,9 @@ class Attachment {
     Attachment(sv::String fileName, sv::String pathName)
         : fileName_(std::move(fileName)), pathName_(std::move(pathName)) {}
 
-    /// The name that the sender gave.
+    /// Returns the name that the sender gave.
     [[nodiscard]] sv::String const& GetFileName() const noexcept { return fileName_; }
-    /// Where the file lies; empty as long as it has not been fetched.
+    /// Returns the path of the file; empty until it has been fetched.
     [[nodiscard]] sv::String const& GetPathName() const noexcept { return pathName_; }
 
   private:

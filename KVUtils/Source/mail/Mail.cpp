@@ -9,8 +9,7 @@
 namespace kv {
 
 sv::String Mail::GetSenderAddress() const {
-    // Meant: where nothing is found, the position behind it wraps to the start, and the sender is its own
-    // address.
+    // Intentional: NotFound + 1 wraps to 0, so a sender without "/" is its own address.
     return sender_.Copy(sender_.Search('/') + 1);
 }
 

@@ -1,5 +1,4 @@
-// Mail: one incoming message. It lists the names of its files cheaply; the files themselves are fetched when
-// somebody asks for one.
+// Mail: an incoming message. It knows the names of its files; the files are fetched when one is requested.
 #pragma once
 
 #include "KVUtils/Source/mail/Attachment.h"
@@ -15,23 +14,23 @@ namespace kv {
 
 class Mail {
   public:
-    /// Without a date and with no attachments.
+    /// Creates a mail without date and attachments.
     Mail(sv::String subject, sv::String sender, sv::String body)
         : subject_(std::move(subject)), sender_(std::move(sender)), body_(std::move(body)) {}
 
     [[nodiscard]] sv::String const& GetSubject() const noexcept { return subject_; }
-    /// The originator's name as the mail system gives it, "name/address".
+    /// Returns the originator as the mail system gives it, "name/address".
     [[nodiscard]] sv::String const& GetSender() const noexcept { return sender_; }
     [[nodiscard]] sv::String const& GetBody() const noexcept { return body_; }
     [[nodiscard]] sv::Date GetDate() const noexcept { return date_; }
     [[nodiscard]] sv::Time GetTime() const noexcept { return time_; }
-    /// What stands before the first "/" of the sender, or all of it.
+    /// Returns the part of the sender before the first "/", or all of it.
     [[nodiscard]] sv::String GetSenderName() const { return sender_.GetToken(0, '/'); }
-    /// What stands behind the first "/" of the sender, or all of it.
+    /// Returns the part of the sender after the first "/", or all of it.
     [[nodiscard]] sv::String GetSenderAddress() const;
 
     void SetDateTime(sv::Date date, sv::Time time) noexcept;
-    /// The mail system's identifier of the message, cut to 511 bytes.
+    /// Sets the mail system's identifier of the message, truncated to 511 bytes.
     void SetMessageReference(char const* reference) noexcept;
     [[nodiscard]] char* GetMessageReference() noexcept { return reference_.data(); }
 
@@ -39,12 +38,12 @@ class Mail {
     void AddAttachment(Attachment const* attachment);
     [[nodiscard]] long GetAttachmentCount() const noexcept { return static_cast<long>(attachments_.size()); }
     void RemoveAllAttachments() noexcept { attachments_.clear(); }
-    /// Null when there is none of this number. `full` says that the file itself is wanted: the first such
-    /// call has the mail client write all files of the message, and puts attachments with their paths in
-    /// place of those that had none. When the client cannot, there are none from then on.
+    /// Returns null if there is no attachment of this number. With `full` the first call makes the mail
+    /// client write all files of the message, and replaces the attachments by ones with paths. If the client
+    /// fails, the mail has no attachments any more.
     [[nodiscard]] Attachment* GetAttachment(long index, bool full);
 
-    /// Takes the message out of the mail client's store.
+    /// Deletes the message from the mail client's store.
     void Delete();
 
   private:
@@ -53,7 +52,7 @@ class Mail {
     sv::String body_;
     sv::Date date_{0UL};
     sv::Time time_{0UL};
-    std::deque<Attachment> attachments_;  // a pointer to one stays valid when others are added
+    std::deque<Attachment> attachments_;  // adding one keeps pointers to others valid
     std::array<char, platform::MapiMessageIdSize> reference_{};
     bool attachmentsRead_ = false;
 };

@@ -1,5 +1,5 @@
-// MailList: the mails of a mail client's store. Like every container of the toolkit it frees nothing by
-// itself: who provides the list owns the mails in it and deletes each.
+// MailList: the mails of a mail client's store. Like every container of the toolkit it deletes nothing: the
+// caller who provides the list owns the mails in it and deletes each.
 #pragma once
 
 #include "KVUtils/Source/mail/Mail.h"
@@ -7,7 +7,7 @@
 
 namespace kv {
 
-/// The toolkit's container with the type of its entries put in; every operation answers as it does there.
+/// The toolkit's container, typed; every operation returns what it returns there.
 class MailList : public sv::Container {
   public:
     explicit MailList(unsigned short blockSize = 1024, unsigned short initialSize = 16,

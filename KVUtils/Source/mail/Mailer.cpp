@@ -33,12 +33,12 @@ ULONG ClientFlags(MailerFlagsTYPE flags) noexcept {
     return static_cast<ULONG>(flags);
 }
 
-/// The number that a part of a date begins with, below `limit`.
+/// Returns the number at the start of a part of a date, modulo `limit`.
 unsigned short Part(sv::String const& text, std::size_t number, char separator, long limit) {
     return static_cast<unsigned short>(std::max(text.GetToken(number, separator).ToLong(), 0L) % limit);
 }
 
-/// From "YYYY/MM/DD HH:MM".
+/// Parses "YYYY/MM/DD HH:MM".
 void SetReceived(Mail& mail, sv::String const& received) {
     sv::String const date = received.GetToken(0, ' ');
     sv::String const time = received.GetToken(1, ' ');
@@ -74,7 +74,7 @@ Mailer::~Mailer() {
 }
 
 void Mailer::Load(std::string const& fileName) {
-    if (fileName.empty()) return;  // a system may take that for the program itself
+    if (fileName.empty()) return;  // some systems load the program itself then
     unsigned long error = 0;
     module_ = platform::LoadLibraryFile(fileName, error);
     if (module_ != nullptr && !(BindSending() && LogOn())) Unload();
@@ -93,7 +93,7 @@ bool Mailer::BindSending() {
     return sendDocuments_ != nullptr;
 }
 
-/// False when the client has no way to log on. One that refuses to can still send.
+/// Returns false if the client has no entry to log on. One that refuses to log on can still send.
 bool Mailer::LogOn() {
     platform::MAPILogonEntry logOn = nullptr;
     Bind(logOn, "MAPILogon");
@@ -134,7 +134,7 @@ bool Mailer::ReadMail(MailList& list) {
             if (Mail* const mail = MailOf(id.data())) list.Insert(mail, MailList::End);
             seed = id;
         }
-    } catch (...) {  // NOLINT(bugprone-empty-catch): a client that fails ends the walk
+    } catch (...) {  // NOLINT(bugprone-empty-catch): a failure of the client ends the loop
     }
     return false;
 }
@@ -159,7 +159,7 @@ bool Mailer::ReadMailAttachments(Mail* mail) {
         if (message == nullptr) return false;
         AddFiles(*mail, *message);
         Release(message);
-    } catch (...) {  // NOLINT(bugprone-empty-catch): a client that fails fetches nothing
+    } catch (...) {  // NOLINT(bugprone-empty-catch): a failure of the client fetches nothing
     }
     return false;
 }

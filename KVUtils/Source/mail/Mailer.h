@@ -1,9 +1,9 @@
-// Mailer: the suite's way into the mail client that this computer names: sending documents by the Common
-// Messaging Calls, reading and deleting incoming mail by Simple MAPI. Nothing is linked; in "win.ini", group
-// "Mail", the key "CMC" with the value 1 says that there is a client, and "CMCDLLNAME32" names its library.
+// Mailer: access to the mail client of this computer. Sends documents with the Common Messaging Calls, reads
+// and deletes incoming mail with Simple MAPI. The client's library is loaded at run time: in "win.ini", group
+// "Mail", the key "CMC" with the value 1 enables mail, and "CMCDLLNAME32" names the library.
 //
-// What is available is settled at the first `Instance()`: nothing without a library, sending alone when the
-// client refuses to log on, else everything. Nothing is shown here; the client may show its own windows.
+// The first `Instance()` determines what is available: nothing without a library, sending only if the client
+// refuses to log on, otherwise everything. This class shows nothing; the client may show its own windows.
 #pragma once
 
 #include "KVUtils/Source/frame/KVSingleton.h"
@@ -16,36 +16,35 @@
 
 namespace kv {
 
-/// How documents are sent. Any other value goes to the mail client as it stands, as flags of CMC.
+/// How to send documents. Any other value is passed to the mail client as CMC flags.
 enum class MailerFlagsTYPE : int {
-    Direct = 1,     // without asking
-    WithDialog = 2  // the client shows its window for sending
+    Direct = 1,     // at once
+    WithDialog = 2  // after the client has shown its dialog
 };
 
 class Mailer : public KVSingleton {
   public:
-    /// Made at its first use, which may make the client ask for a password.
+    /// Creates the service on the first call; the client may ask for a password then.
     [[nodiscard]] static Mailer* Instance();
     /// Logs off.
     ~Mailer() override;
 
-    /// Whether there is a mail client.
+    /// Returns whether there is a mail client.
     [[nodiscard]] bool IsMailAvailable() const noexcept { return module_ != nullptr; }
 
-    /// Sends files in one mail. Several recipients, paths and names stand in one string each, divided by
-    /// ";". Without names, `fileNames` becomes the name behind the last separator of `filePaths`. False when
-    /// the client reports a failure, or there is none.
+    /// Sends files in one mail. Recipients, paths and names are lists separated by ";". If `fileNames` is
+    /// empty, it is set to the part of `filePaths` after the last path separator. Returns false if the client
+    /// reports a failure, or there is none.
     bool SendDocuments(sv::String const& recipients, sv::String const& subject, sv::String const& text,
                        MailerFlagsTYPE flags, sv::String const& filePaths, sv::String& fileNames);
 
-    /// Adds the mails of the client's store to the list, in the order in which the client gives them; their
-    /// files are not fetched. A message that the client cannot read is passed over. The result is always
-    /// false: look at the list.
+    /// Appends the mails of the client's store to the list, in the client's order, without fetching their
+    /// files. Skips a message that the client cannot read. Intentional: always returns false; check the list.
     bool ReadMail(MailList& list);
-    /// Has the client write the files of a mail, and adds them to its attachments. The result is always
-    /// false: look at the mail.
+    /// Makes the client write the files of a mail, and adds them to its attachments. Intentional: always
+    /// returns false; check the mail.
     bool ReadMailAttachments(Mail* mail);
-    /// Takes a mail out of the client's store.
+    /// Deletes a mail from the client's store; returns false if that fails.
     bool DeleteMail(Mail* mail);
 
   protected:
@@ -59,9 +58,9 @@ class Mailer : public KVSingleton {
     void LogOff();
     template <class Entry>
     void Bind(Entry& entry, char const* name) const;
-    /// The mail of this identifier, or null when the client cannot read it.
+    /// Returns the mail of this identifier, or null if the client cannot read it.
     [[nodiscard]] Mail* MailOf(char const* id) const;
-    /// The client's record of a message, or null.
+    /// Returns the client's record of a message, or null.
     [[nodiscard]] platform::MapiMessage* Read(char const* id, platform::ULONG flags) const;
     void Release(platform::MapiMessage* message) const;
 
@@ -73,7 +72,7 @@ class Mailer : public KVSingleton {
     platform::MAPIFindNextEntry findNext_ = nullptr;
     platform::MAPIReadMailEntry readMail_ = nullptr;
     platform::MAPIDeleteMailEntry deleteMail_ = nullptr;
-    platform::MAPIFreeBufferEntry freeBuffer_ = nullptr;  // not every client has it
+    platform::MAPIFreeBufferEntry freeBuffer_ = nullptr;  // optional
 };
 
 }  // namespace kv

@@ -1,4 +1,4 @@
-// Files that a test may write: each test has a directory of its own, which goes with it.
+// Temporary files of a test.
 #pragma once
 
 #include "Platform/Tests/TemporaryDirectory.h"

@@ -4,17 +4,14 @@
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Source/frame/Text.h"
-#include "Platform/Tests/TemporaryDirectory.h"
+#include "KVUtils/Tests/data/TestFile.h"
 #include "SV/core/Boxes.h"
-
-#include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <deque>
 #include <initializer_list>
 #include <ostream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace kv::test {
@@ -32,7 +29,7 @@ inline void PrintTo(SeenBox const& box, std::ostream* out) {
     *out << (box.kind == sv::BoxKind::Error ? "error box " : "box ") << box.style << " '" << box.text << "'";
 }
 
-/// Keeps the boxes and gives the answers in their order, then the default ones.
+/// Records the boxes and gives these answers in turn, then the default ones.
 class BoxScript {
   public:
     explicit BoxScript(std::initializer_list<sv::BoxAnswer> answers = {})
@@ -57,7 +54,7 @@ class BoxScript {
     sv::BoxHandler before_;
 };
 
-/// The directory in which the system's settings are looked for, as long as the object lives.
+/// Sets the directory of "win.ini" while the object exists.
 class Windir {
   public:
     explicit Windir(std::string const& directory) { Set(directory); }
@@ -77,35 +74,19 @@ class Windir {
     std::string before_ = std::getenv("windir") == nullptr ? "" : std::getenv("windir");
 };
 
-/// Takes a service out of the list and destroys it.
-inline void EndService(KVSingleton* service) {
-    KVSingleton::Remove(service);
-    delete service;
-}
+inline void EndService(KVSingleton* service) { KVSingleton::Destroy(service); }
 
-/// A directory of the test's own, and a program without services, texts and choice of language behind it.
-class FrameTest : public testing::Test {
+/// Destroys the services and resets the texts and the language after each test.
+class FrameTest : public FileTest {
   protected:
     ~FrameTest() override {
-        EndService(AppConfig::Instance());
-        EndService(UserConfig::Instance());
-        EndService(KORVELConfig::Instance());
-        EndService(AppDir::Instance());
-        EndService(AppName::Instance());
-        EndService(Language::Instance());
+        for (KVSingleton* const service : std::initializer_list<KVSingleton*>{
+                 AppConfig::Instance(), UserConfig::Instance(), KORVELConfig::Instance(), AppDir::Instance(),
+                 AppName::Instance(), Language::Instance()})
+            EndService(service);
         Language::SetLanguageByCountryCode(1);
         Text::FreeResources();
     }
-
-    [[nodiscard]] std::string PathOf(std::string_view name) const { return directory_ / name; }
-
-    std::string Write(std::string_view name, std::string_view content) const {
-        tests::PutBytes(PathOf(name), content);
-        return PathOf(name);
-    }
-
-  private:
-    tests::TemporaryDirectory directory_;
 };
 
 }  // namespace kv::test

@@ -1,4 +1,5 @@
 #include "KVUtils/Source/frame/Language.h"
+#include "KVUtils/Tests/data/CaseTable.h"
 #include "KVUtils/Tests/frame/FrameSupport.h"
 #include "SV/core/International.h"
 #include "SV/core/detail/TextPage.h"
@@ -9,7 +10,7 @@ namespace kv::test {
 
 namespace {
 
-/// The system speaks no known language, and names one in a win.ini of the test's own.
+/// The system has no known language; the test writes win.ini.
 class LanguageTest : public FrameTest {
   protected:
     LanguageTest() { std::setlocale(LC_ALL, "C"); }
@@ -19,13 +20,13 @@ class LanguageTest : public FrameTest {
         for (char const* const name : names) tests::PutBytes(PathOf(name), "");
     }
 
-    /// Creates the service over a configuration with this content, and returns what is kept there then.
+    /// Creates the service with a configuration of this content; returns the choice stored afterwards.
     std::string ChoiceAfter(std::string_view content, std::string const& fileName) {
         AppConfig* const config = AppConfig::CreateAppConfig(Write("app.ini", content));
         Language::CreateLanguage(config, PathOf(fileName));
-        return KeptChoice();
+        return StoredChoice();
     }
-    [[nodiscard]] static std::string KeptChoice() {
+    [[nodiscard]] static std::string StoredChoice() {
         return std::string(AppConfig::ReadKey("Settings", "language").View());
     }
 
@@ -36,60 +37,31 @@ class LanguageTest : public FrameTest {
 
 TEST_F(LanguageTest, TextsAreFoundByTheirStem) {
     Texts({"app1.lng", "app49.lng", "app997.lng", "app91.lng", "app2.lng", "app", "bare34", "my.app.33.lng"});
-    struct Row {
-        char const* fileName;
-        std::vector<std::string> names;
-    };
-    Row const rows[] = {
-        {"app1.lng", {"English", "Deutsch", "Norwegian"}},
-        {"app49.lng", {"English", "Deutsch", "Norwegian"}},
-        {"app.lng", {"English", "Deutsch", "Norwegian"}},
-        {"app997.lng", {"English"}},  // the stem "app9" of three digits: app91.lng
-        {"bare1", {"Espa\xF1ol"}},
-        {"my.app.1.lng",
-         {"Fran\xE7"
-          "ais"}},
-        {"none.lng", {}},
-    };
-    for (Row const& row : rows) {
-        ChoiceAfter("[Settings]\nlanguage=0\n", row.fileName);
+    for (auto const& [fileName, expected] : {std::pair("app1.lng", "English Deutsch Norwegian "),
+                                             {"app49.lng", "English Deutsch Norwegian "},
+                                             {"app.lng", "English Deutsch Norwegian "},
+                                             {"app997.lng", "English "},  // the stem is "app9": app91.lng
+                                             {"bare1", "Espa\xF1ol "},
+                                             {"my.app.1.lng", "Fran\xE7\x61is "},
+                                             {"none.lng", ""}}) {
+        ChoiceAfter("[Settings]\nlanguage=0\n", fileName);
         sv::ListBoxEntries box;
         box.InsertEntry("old");
         Language::InitListBox(box);
-        std::vector<std::string> names;
-        for (unsigned short i = 0; i < box.GetEntryCount(); ++i) names.emplace_back(box.GetEntry(i).View());
-        EXPECT_EQ(names, row.names) << row.fileName;
+        std::string names;
+        for (unsigned short i = 0; i < box.GetEntryCount(); ++i)
+            names += std::string(box.GetEntry(i).View()) + ' ';
+        EXPECT_EQ(names, expected) << fileName;
     }
 }
 
-TEST_F(LanguageTest, TheChoiceIsKeptAsAnAbsoluteIndex) {
-    if (sv::International::GetLanguage() != 0) GTEST_SKIP() << "the system always speaks a known language";
+TEST_F(LanguageTest, TheChoiceIsStoredAsAnAbsoluteIndex) {
+    if (sv::International::GetLanguage() != 0) GTEST_SKIP() << "the system always has a known language";
     Texts({"app1.lng", "app49.lng", "app90.lng"});
-    struct Row {
-        char const* content;
-        char const* winIni;
-        int code;
-        char const* kept;
-    };
-    static constexpr Row rows[] = {
-        {"[Settings]\nlanguage=1\n", "", 49, "1"},
-        {"[Settings]\nlanguage=2\n", "", 1, "2"},  // no Spanish texts: English, nothing written
-        {"[Settings]\nlanguage=25\n", "", 1, "25"},
-        {"[Settings]\nlanguage=65537\n", "", 1, "65537"},  // not taken for 1
-        {"[Settings]\nlanguage=99999999999999999999\n", "", 1, "99999999999999999999"},
-        {"[Settings]\nlanguage=-1\n", "", 1, "-1"},
-        {"[Settings]\nlanguage=1x\n", "", 1, "1x"},
-        {"", "[intl]\nsLanguage=deu\n", 49, "1"},
-        {"", "[intl]\nsLanguage=DEU\n", 1, "0"},
-        {"", "[intl]\nsLanguage=fra\n", 1, "0"},  // no French texts
-        {"", "[intl]\nsLanguage=xyz\n", 1, "0"},
-        {"", "", 90, "17"},  // an empty name stands for Turkish
-        {"[Settings]\nlanguage=\n", "[intl]\nsLanguage=deu\n", 49, "1"},
-    };
-    for (Row const& row : rows) {
-        tests::PutBytes(PathOf("win.ini"), row.winIni);
-        EXPECT_EQ(ChoiceAfter(row.content, "app1.lng"), row.kept) << row.content << row.winIni;
-        EXPECT_EQ(Language::GetCountryCode(), row.code) << row.content << row.winIni;
+    for (auto const& [content, winIni, code, choice] : CaseTable<4>("frame/languages.tsv")) {
+        tests::PutBytes(PathOf("win.ini"), winIni);
+        EXPECT_EQ(ChoiceAfter(content, "app1.lng"), choice) << content << winIni;
+        EXPECT_EQ(std::to_string(Language::GetCountryCode()), code) << content << winIni;
     }
 }
 
@@ -102,61 +74,46 @@ TEST_F(LanguageTest, TheSystemsIdentifierComesFirst) {
 
 TEST_F(LanguageTest, ListEntries) {
     Texts({"app49.lng", "app33.lng", "app81.lng"});
-    struct Row {
-        unsigned short entry;
-        char const* kept;
-        int code;
-        unsigned short selected;
-    };
-    static constexpr Row rows[] = {
-        {0, "1", 49, 0},
-        {1, "3", 33, 1},
-        {2, "24", 81, 2},
-        {3, "25", 1, sv::ListBox::End},
-        {65535, "25", 1, sv::ListBox::End},
-    };
     ChoiceAfter("[Settings]\nlanguage=1\n", "app49.lng");
-    for (Row const& row : rows) {
-        Language::SetLanguage(row.entry);
-        EXPECT_EQ(KeptChoice(), row.kept);
-        EXPECT_EQ(Language::GetCountryCode(), row.code);
-        EXPECT_EQ(Language::IsJapanese(), row.code == 81 ? 1 : 0);
-        EXPECT_EQ(sv::GetTextPage() == sv::TextPage::Japanese, row.code == 81);
+    constexpr int End = sv::ListBox::End;
+    for (auto const& [entry, stored, code, selected] : {std::tuple(0, "1", 49, 0),
+                                                        {1, "3", 33, 1},
+                                                        {2, "24", 81, 2},
+                                                        {3, "25", 1, End},
+                                                        {65535, "25", 1, End}}) {
+        Language::SetLanguage(static_cast<unsigned short>(entry));
+        EXPECT_EQ(StoredChoice(), stored);
+        EXPECT_EQ(Language::GetCountryCode(), code);
+        EXPECT_EQ(Language::IsJapanese(), code == 81 ? 1 : 0);
+        EXPECT_EQ(sv::GetTextPage() == sv::TextPage::Japanese, code == 81);
         sv::ListBoxEntries box;
         Language::InitListBox(box);
-        EXPECT_EQ(box.GetSelectEntryPos(), row.selected) << row.entry;
+        EXPECT_EQ(box.GetSelectEntryPos(), selected) << entry;
     }
 }
 
 TEST_F(LanguageTest, CountryCodes) {
     Texts({"app1.lng", "app997.lng"});
     ChoiceAfter("[Settings]\nlanguage=0\n", "app1.lng");
-    struct Row {
-        unsigned short code;
-        int answer;
-        char const* kept;
-        int isChinese;
-    };
-    static constexpr Row rows[] = {
-        {997, 997, "8", 0}, {86, 1, "8", 1},  // no texts: current all the same, and not written
-        {4711, 1, "8", 0},                    // unknown
-        {992, 1, "8", 0},                     // a slot without a name
-        {1, 1, "0", 0},
-    };
-    for (Row const& row : rows) {
-        Language::SetLanguageByCountryCode(row.code);
-        EXPECT_EQ(Language::GetCountryCode(), row.answer) << row.code;
-        EXPECT_EQ(KeptChoice(), row.kept) << row.code;
-        EXPECT_EQ(Language::IsChinese(), row.isChinese) << row.code;
+    for (auto const& [code, answer, stored] : {std::tuple(997, 997, "8"),
+                                               {86, 1, "8"},    // without texts: current, but not stored
+                                               {4711, 1, "8"},  // unknown
+                                               {992, 1, "8"},   // an entry without a name
+                                               {1, 1, "0"}}) {
+        Language::SetLanguageByCountryCode(static_cast<unsigned short>(code));
+        EXPECT_EQ(Language::GetCountryCode(), answer) << code;
+        EXPECT_EQ(StoredChoice(), stored) << code;
+        EXPECT_EQ(Language::IsChinese(), code == 86 ? 1 : 0) << code;
+        EXPECT_EQ(sv::GetTextPage() == sv::TextPage::Chinese, code == 86);
     }
 }
 
-TEST_F(LanguageTest, WithoutAServiceTheLanguageIsKeptInMemory) {
+TEST_F(LanguageTest, WithoutTheServiceTheLanguageIsKeptInMemory) {
     Texts({"app1.lng", "app49.lng"});
     ChoiceAfter("[Settings]\nlanguage=0\n", "app1.lng");
     EndService(Language::Instance());
     Language::SetLanguageByCountryCode(49);
-    EXPECT_EQ(KeptChoice(), "0");
+    EXPECT_EQ(StoredChoice(), "0");
     EXPECT_EQ(Language::GetCountryCode(), 49);
     EXPECT_EQ(Language::Instance(), nullptr);
 }

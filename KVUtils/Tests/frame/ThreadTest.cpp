@@ -1,26 +1,31 @@
+#include "KVUtils/Source/frame/CriticalSection.h"
+#include "KVUtils/Source/frame/DLL.h"
 #include "KVUtils/Source/frame/Thread.h"
+#include "KVUtils/Tests/staticinit/StaticInitProbe.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <chrono>
+#include <functional>
+#include <string>
 #include <thread>
+#include <vector>
 
 namespace kv::test {
-
 namespace {
 
 using namespace std::chrono_literals;
 
-// The unwinding that ends a POSIX thread looks like a fault of the stack to AddressSanitizer; ThreadSanitizer
-// loses sight of the locks that are taken on the way.
+// AddressSanitizer takes the unwinding that ends a POSIX thread for a fault of the stack; ThreadSanitizer
+// misses the locks that it takes.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr bool CanKill = false;
 #else
 constexpr bool CanKill = true;
 #endif
 
-/// What the thread and the test share; it outlives both.
+/// Shared by the thread and the test; outlives both.
 struct Tally {
     std::atomic<int> count = 0;
     std::atomic<bool> stop = false;
@@ -45,19 +50,10 @@ class Counter : public Thread {
 };
 
 template <class Condition>
-void WaitFor(Condition condition) {
+bool WaitFor(Condition condition) {
     auto const end = std::chrono::steady_clock::now() + 20s;
     while (!condition() && std::chrono::steady_clock::now() < end) std::this_thread::sleep_for(1ms);
-    ASSERT_TRUE(condition());
-}
-
-void WaitUntilItRuns(Tally const& tally) {
-    WaitFor([&tally] { return tally.count >= 3; });
-}
-
-void Stop(Tally& tally) {
-    tally.stop = true;
-    WaitFor([&tally] { return tally.hasStopped.load(); });
+    return condition();
 }
 
 void ExpectStandstill(Tally const& tally) {
@@ -66,55 +62,109 @@ void ExpectStandstill(Tally const& tally) {
     EXPECT_EQ(tally.count, count);
 }
 
-TEST(ThreadTest, RunsOnlyOnceStarted) {
+TEST(ThreadTest, RunsOnceStartedWithItsPriority) {
     Tally tally;
     Counter counter(ThreadPriorityTYPE::Low, tally);
     EXPECT_EQ(counter.GetPriority(), ThreadPriorityTYPE::Normal) << "no thread yet";
     counter.SetPriority(ThreadPriorityTYPE::High);
     counter.KillThread();
     ExpectStandstill(tally);
-
     counter.StartThread();
-    WaitUntilItRuns(tally);
+    ASSERT_TRUE(WaitFor([&] { return tally.count >= 3; }));
     EXPECT_EQ(counter.GetPriority(), ThreadPriorityTYPE::Low) << "the one given at construction";
-    Stop(tally);
+    tally.stop = true;
+    ASSERT_TRUE(WaitFor([&] { return tally.hasStopped.load(); }));
 }
 
-TEST(ThreadTest, PriorityOfARunningThread) {
-    Tally tally;
-    Counter counter(ThreadPriorityTYPE::Normal, tally);
-    counter.StartThread();
-    WaitUntilItRuns(tally);
-    EXPECT_EQ(counter.GetPriority(), ThreadPriorityTYPE::Normal);
-    counter.SetPriority(ThreadPriorityTYPE::Low);
-    EXPECT_EQ(counter.GetPriority(), ThreadPriorityTYPE::Low);
-    Stop(tally);
-}
-
-TEST(ThreadTest, KillEndsItFromOutside) {
-    if (!CanKill) GTEST_SKIP() << "under a sanitizer";
-    Tally tally;
-    Counter counter(ThreadPriorityTYPE::Normal, tally);
-    counter.StartThread();
-    WaitUntilItRuns(tally);
-    counter.KillThread();
-    std::this_thread::sleep_for(50ms);
-    ExpectStandstill(tally);
-    EXPECT_FALSE(tally.hasStopped);
-    counter.KillThread();
-}
-
-TEST(ThreadTest, TheDestructorEndsItAndWaits) {
+TEST(ThreadTest, KillAndDestructionEndIt) {
     if (!CanKill) GTEST_SKIP() << "under a sanitizer";
     Tally tally;
     {
         Counter counter(ThreadPriorityTYPE::Normal, tally);
         counter.StartThread();
-        WaitUntilItRuns(tally);
+        ASSERT_TRUE(WaitFor([&] { return tally.count >= 3; }));
+        EXPECT_EQ(counter.GetPriority(), ThreadPriorityTYPE::Normal);
+        counter.SetPriority(ThreadPriorityTYPE::Low);
+        EXPECT_EQ(counter.GetPriority(), ThreadPriorityTYPE::Low);
+        counter.KillThread();
+        std::this_thread::sleep_for(50ms);
+        ExpectStandstill(tally);
+        counter.KillThread();
+    }
+    {
+        int const count = tally.count;
+        Counter counter(ThreadPriorityTYPE::Normal, tally);
+        counter.StartThread();
+        ASSERT_TRUE(WaitFor([&] { return tally.count >= count + 3; }));
     }
     ExpectStandstill(tally);
+    EXPECT_FALSE(tally.hasStopped);
+}
+
+TEST(CriticalSectionTest, ExcludesOtherThreadsFromItsName) {
+    std::atomic<bool> isIn = false;
+    std::thread other;
+    {
+        CriticalSection const held("CriticalSectionTest.held");
+        CriticalSection const again("CriticalSectionTest.held");
+        CriticalSection const unnamed(nullptr);
+        CriticalSection const sameUnnamed("");
+        other = std::thread([&isIn] {
+            CriticalSection const same("CriticalSectionTest.held");
+            isIn = true;
+        });
+        std::thread([] { CriticalSection const free("CriticalSectionTest.free"); }).join();
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        EXPECT_FALSE(isIn);
+    }
+    other.join();
+    EXPECT_TRUE(isIn);
+}
+
+TEST(CriticalSectionTest, ThreadsMayUseNewNamesAtTheSameTime) {
+    constexpr int Threads = 4;
+    constexpr int Names = 200;
+    std::vector<int> counts(Names);
+    std::vector<std::thread> threads;
+    for (int t = 0; t < Threads; ++t) {
+        threads.emplace_back([&counts] {
+            for (int i = 0; i < Names; ++i) {
+                CriticalSection const lock(("CriticalSectionTest.new" + std::to_string(i)).c_str());
+                ++counts[static_cast<std::size_t>(i)];
+            }
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(counts, std::vector<int>(Names, Threads));
+}
+
+class Probe : public DLL {
+  public:
+    using DLL::DLL;
+    using DLL::GetFunctionPointer;
+};
+
+unsigned long Thrown(std::function<void()> const& call) {
+    try {
+        call();
+    } catch (unsigned long error) {
+        return error;
+    }
+    return 0;
+}
+
+TEST(DLLTest, FunctionsStayCallableAndFailuresAreThrown) {
+    using Function = StaticInitProbe const& (*)();
+    Function function = nullptr;
+    {
+        Probe const library("libStaticInitProbe");
+        function = reinterpret_cast<Function>(library.GetFunctionPointer("_Z17WhatStaticInitSawv"));
+    }
+    EXPECT_EQ(&function(), &WhatStaticInitSaw());
+    EXPECT_NE(Thrown([] { Probe const library("no such library"); }), 0UL);
+    Probe const library("libStaticInitProbe");
+    EXPECT_NE(Thrown([&library] { static_cast<void>(library.GetFunctionPointer("NoSuchFunction")); }), 0UL);
 }
 
 }  // namespace
-
 }  // namespace kv::test

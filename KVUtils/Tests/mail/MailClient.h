@@ -1,5 +1,5 @@
-// A mail client for the tests: a library with the entries of a real one, which answers as it is told and
-// writes down how it was called. It is loaded by the name of its file, so its state is asked for by name too.
+// A mail client for the tests: a library with the entries of a real one, which returns what the test sets and
+// records its calls. It is loaded by file name, so its state is found by name, too.
 #pragma once
 
 #include "Platform/mail/MailEntries.h"
@@ -22,9 +22,9 @@ struct ClientMail {
 struct MailClient {
     std::vector<std::string> calls;
     platform::ULONG answer = 0;  // of sending, logging on and deleting
-    bool throws = false;         // an exception instead of the answer of finding and deleting
+    bool throws = false;         // throw an exception when finding and deleting
     std::vector<ClientMail> mails;
-    std::size_t held = 0;  // messages handed out and not released
+    std::size_t held = 0;  // messages not released
 };
 
 /// Exported as "TheMailClient".

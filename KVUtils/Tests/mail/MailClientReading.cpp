@@ -15,7 +15,7 @@ using tests::ClientMail;
 constexpr LHANDLE Session = 4711;
 constexpr char Text[] = "note text";
 
-/// A message that owns what its record points to.
+/// A message that owns the data of its record.
 struct Message : platform::MapiMessage {
     Message(ClientMail const& from, bool withFiles) : MapiMessage(), mail(from) {
         lpszSubject = mail.subject.data();
@@ -39,7 +39,7 @@ struct Message : platform::MapiMessage {
 
 auto Find(char const* id) { return std::ranges::find(TheMailClient()->mails, id, &ClientMail::id); }
 
-void ThrowIfTold() {
+void ThrowIfSet() {
     if (TheMailClient()->throws) throw std::runtime_error("the client failed");
 }
 
@@ -47,18 +47,18 @@ void ThrowIfTold() {
 
 KV_MAIL_ENTRY MAPILogon(ULONG_PTR window, char const* profile, char const* password, ULONG flags,
                         ULONG reserved, LHANDLE* session) {
-    tests::Write("logon", window, profile, password, flags, reserved);
+    tests::Record("logon", window, profile, password, flags, reserved);
     *session = Session;
     return TheMailClient()->answer;
 }
 
 KV_MAIL_ENTRY MAPIFindNext(LHANDLE session, ULONG_PTR window, char const* type, char const* seed, ULONG flags,
                            ULONG reserved, char* id) {
-    tests::Write("find", session, window, type, seed, flags, reserved);
+    tests::Record("find", session, window, type, seed, flags, reserved);
     auto const& mails = TheMailClient()->mails;
     auto const next = *seed == '\0' ? mails.begin() : Find(seed) + 1;
     if (next == mails.end()) {
-        ThrowIfTold();
+        ThrowIfSet();
         return platform::MAPI_E_NO_MESSAGES;
     }
     std::strcpy(id, next->id.c_str());
@@ -67,7 +67,7 @@ KV_MAIL_ENTRY MAPIFindNext(LHANDLE session, ULONG_PTR window, char const* type, 
 
 KV_MAIL_ENTRY MAPIReadMail(LHANDLE session, ULONG_PTR window, char const* id, ULONG flags, ULONG reserved,
                            platform::MapiMessage** message) {
-    tests::Write("read", session, window, id, flags, reserved);
+    tests::Record("read", session, window, id, flags, reserved);
     auto const mail = Find(id);
     if (mail == TheMailClient()->mails.end() || !mail->isReadable) return platform::MAPI_E_INVALID_MESSAGE;
     ++TheMailClient()->held;
@@ -76,13 +76,13 @@ KV_MAIL_ENTRY MAPIReadMail(LHANDLE session, ULONG_PTR window, char const* id, UL
 }
 
 KV_MAIL_ENTRY MAPIDeleteMail(LHANDLE session, ULONG_PTR window, char const* id, ULONG flags, ULONG reserved) {
-    tests::Write("delete", session, window, id, flags, reserved);
-    ThrowIfTold();
+    tests::Record("delete", session, window, id, flags, reserved);
+    ThrowIfSet();
     return TheMailClient()->answer;
 }
 
 KV_MAIL_ENTRY MAPILogoff(LHANDLE session, ULONG_PTR window, ULONG flags, ULONG reserved) {
-    tests::Write("logoff", session, window, flags, reserved);
+    tests::Record("logoff", session, window, flags, reserved);
     return platform::SUCCESS_SUCCESS;
 }
 

@@ -1,4 +1,4 @@
-// What the parts of the tests' mail client share.
+// What the parts of the test mail client share.
 #pragma once
 
 #include "KVUtils/Tests/mail/MailClient.h"
@@ -13,9 +13,9 @@ extern "C" tests::MailClient* TheMailClient();
 
 namespace tests {
 
-/// Writes a call down, its arguments divided by "|"; a null text is "-".
+/// Records a call, its arguments separated by "|"; a null text is "-".
 template <class... Arguments>
-void Write(char const* name, Arguments... arguments) {
+void Record(char const* name, Arguments... arguments) {
     std::ostringstream line;
     line.imbue(std::locale::classic());
     auto const put = [&line](auto argument) {

@@ -16,7 +16,7 @@ using Calls = std::vector<std::string>;
 constexpr char Logon[] = "logon|0|-|-|1|0";
 constexpr char Logoff[] = "logoff|4711|0|0|0";
 
-/// A mail client whose state outlives the mailer, and a win.ini of the test's own that names it.
+/// A mail client whose state outlives the mailer, and a win.ini that names it.
 class MailerTest : public FrameTest {
   protected:
     ~MailerTest() override {
@@ -24,7 +24,7 @@ class MailerTest : public FrameTest {
         platform::FreeLibraryFile(library_);
     }
 
-    /// Ends the mailer of before, and writes a win.ini.
+    /// Destroys the mailer and writes win.ini.
     void Configure(std::string const& winIni) {
         EndMailer();
         tests::PutBytes(PathOf("win.ini"), winIni);
@@ -53,7 +53,7 @@ class MailerTest : public FrameTest {
 
     static std::vector<std::unique_ptr<Mail>> ReadAll() {
         MailList list;
-        EXPECT_FALSE(TheMailer().ReadMail(list)) << "whatever was read";
+        EXPECT_FALSE(TheMailer().ReadMail(list)) << "always";
         std::vector<std::unique_ptr<Mail>> mails;
         for (unsigned long i = 0; i < list.Count(); ++i) mails.emplace_back(list.GetObject(i));
         return mails;
@@ -72,57 +72,46 @@ class MailerTest : public FrameTest {
 };
 
 TEST_F(MailerTest, WithoutAClientThereIsNoMail) {
-    std::string const client = std::string("CMCDLLNAME32=") + KV_MAIL_CLIENT + "\n";
-    std::string const rows[] = {
-        "",
-        "[Mail]\n" + client,
-        "[Mail]\nCMC=0\n" + client,
-        "[Mail]\nCMC=11\n" + client,
-        "[intl]\nCMC=1\n" + client,
-        "[Mail]\nCMC=1\n",
-        "[Mail]\nCMC=1\nCMCDLLNAME32=no such library\n",
-        std::string("[Mail]\nCMC=1\nCMCDLLNAME32=") + KV_MAIL_CLIENT_THAT_CANNOT_SEND + "\n",
-        std::string("[Mail]\nCMC=1\nCMCDLLNAME32=") + KV_MAIL_CLIENT_THAT_CANNOT_LOG_ON + "\n",
-    };
-    for (std::string const& row : rows) {
-        Configure(row);
-        EXPECT_FALSE(TheMailer().IsMailAvailable()) << row;
-        EXPECT_FALSE(SendSomething()) << row;
-        EXPECT_TRUE(ReadAll().empty()) << row;
+    std::string const name = "CMCDLLNAME32=";
+    std::string const client = name + KV_MAIL_CLIENT + "\n";
+    for (std::string const& winIni :
+         {std::string(), "[Mail]\n" + client, "[Mail]\nCMC=0\n" + client, "[Mail]\nCMC=11\n" + client,
+          "[intl]\nCMC=1\n" + client, std::string("[Mail]\nCMC=1\n"),
+          "[Mail]\nCMC=1\n" + name + "no such library\n",
+          "[Mail]\nCMC=1\n" + name + KV_MAIL_CLIENT_THAT_CANNOT_SEND + "\n",
+          "[Mail]\nCMC=1\n" + name + KV_MAIL_CLIENT_THAT_CANNOT_LOG_ON + "\n"}) {
+        SCOPED_TRACE(winIni);
+        Configure(winIni);
+        EXPECT_FALSE(TheMailer().IsMailAvailable());
+        EXPECT_FALSE(SendSomething());
+        EXPECT_TRUE(ReadAll().empty());
         Mail mail("subject", "sender", "body");
-        EXPECT_FALSE(TheMailer().ReadMailAttachments(&mail)) << row;
-        EXPECT_FALSE(TheMailer().DeleteMail(&mail)) << row;
+        EXPECT_FALSE(TheMailer().ReadMailAttachments(&mail));
+        EXPECT_FALSE(TheMailer().DeleteMail(&mail));
     }
-}
-
-TEST_F(MailerTest, WithoutTheEntryForSendingNobodyLogsOn) {
-    tests::MailClient const& client = UseClient(KV_MAIL_CLIENT_THAT_CANNOT_SEND);
+    tests::MailClient const& cannotSend = UseClient(KV_MAIL_CLIENT_THAT_CANNOT_SEND);
     EXPECT_FALSE(TheMailer().IsMailAvailable());
-    EXPECT_EQ(client.calls, Calls());
+    EXPECT_EQ(cannotSend.calls, Calls()) << "not even a log-on";
 }
 
-TEST_F(MailerTest, ASessionLastsAsLongAsTheMailer) {
-    tests::MailClient const& client = UseClient(KV_MAIL_CLIENT);
-    EXPECT_TRUE(TheMailer().IsMailAvailable());
-    EXPECT_EQ(&TheMailer(), Mailer::Instance());
-    EXPECT_EQ(client.calls, Calls{Logon});
-    EndMailer();
-    EXPECT_EQ(client.calls, (Calls{Logon, Logoff}));
-}
-
-TEST_F(MailerTest, WhoIsNotLoggedOnCanOnlySend) {
-    tests::MailClient& client = UseClient(KV_MAIL_CLIENT);
-    client.answer = platform::MAPI_E_LOGON_FAILURE;
-    client.mails = {{"1", "subject", "sender", "2001/02/03 04:05"}};
-    EXPECT_TRUE(TheMailer().IsMailAvailable());
-    client.answer = 0;
-    EXPECT_TRUE(ReadAll().empty());
-    Mail mail("subject", "sender", "body");
-    TheMailer().ReadMailAttachments(&mail);
-    EXPECT_FALSE(TheMailer().DeleteMail(&mail));
-    EXPECT_TRUE(SendSomething());
-    EndMailer();
-    EXPECT_EQ(client.calls, (Calls{Logon, "send|r|s|t|50331648|a|a|;|0"}));
+TEST_F(MailerTest, LogsOnOnceAndOffAtTheEnd) {
+    for (bool const isRefused : {false, true}) {
+        tests::MailClient& client = UseClient(KV_MAIL_CLIENT);
+        client.answer = isRefused ? platform::MAPI_E_LOGON_FAILURE : 0;
+        client.mails = {{"1", "subject", "sender", "2001/02/03 04:05"}};
+        EXPECT_TRUE(TheMailer().IsMailAvailable());
+        EXPECT_EQ(&TheMailer(), Mailer::Instance());
+        client.answer = 0;
+        EXPECT_TRUE(SendSomething());
+        EXPECT_EQ(ReadAll().empty(), isRefused) << "without a session it can only send";
+        Mail mail("subject", "sender", "body");
+        TheMailer().ReadMailAttachments(&mail);
+        EXPECT_EQ(TheMailer().DeleteMail(&mail), !isRefused);
+        EndMailer();
+        EXPECT_EQ(client.calls[0], Logon);
+        EXPECT_EQ(client.calls[1], "send|r|s|t|50331648|a|a|;|0");
+        EXPECT_EQ(client.calls.back(), isRefused ? client.calls[1] : Logoff);
+    }
 }
 
 TEST_F(MailerTest, SendsDocuments) {
@@ -161,7 +150,7 @@ TEST_F(MailerTest, ReadsTheClientsStore) {
     EXPECT_EQ(client.calls, (Calls{Logon, "find|4711|0|-||0|0", "read|4711|0|" + longId + "|2048|0",
                                    "find|4711|0|-|" + longId + "|0|0", "read|4711|0|2|2048|0",
                                    "find|4711|0|-|2|0|0", "read|4711|0|3|2048|0", "find|4711|0|-|3|0|0"}));
-    EXPECT_EQ(client.held, 0U) << "what the client hands out is given back";
+    EXPECT_EQ(client.held, 0U) << "released";
 
     Mail& mail = *mails[0];
     EXPECT_EQ(mail.GetSubject(), "Tint");
@@ -171,21 +160,12 @@ TEST_F(MailerTest, ReadsTheClientsStore) {
     EXPECT_EQ(mail.GetTime(), sv::Time(23590000UL));
     EXPECT_EQ(mail.GetMessageReference(), longId);
     EXPECT_EQ(mail.GetAttachmentCount(), 2);
-    EXPECT_EQ(mails[1]->GetDate(), sv::Date(20241300UL)) << "each part on its own, missing ones are 0";
+    EXPECT_EQ(mails[1]->GetDate(), sv::Date(20241300UL)) << "each part is parsed alone, missing ones are 0";
     EXPECT_EQ(mails[1]->GetTime(), sv::Time(0UL));
     EXPECT_EQ(mails[1]->GetSender(), "");
 }
 
-TEST_F(MailerTest, AFailureOfTheClientEndsTheWalk) {
-    tests::MailClient& client = UseClient(KV_MAIL_CLIENT);
-    client.mails = {{"1", "subject", "sender", ""}};
-    client.throws = true;
-    auto const mails = ReadAll();
-    ASSERT_EQ(mails.size(), 1U) << "what was read before is kept";
-    EXPECT_FALSE(TheMailer().DeleteMail(mails[0].get()));
-}
-
-TEST_F(MailerTest, FilesAreFetchedWhenOneIsAskedFor) {
+TEST_F(MailerTest, FilesAreFetchedWhenOneIsRequested) {
     tests::MailClient& client = UseClient(KV_MAIL_CLIENT);
     client.mails = {{"1", "subject", "sender", "", {"a.txt", "b.txt"}}};
     auto const mails = ReadAll();
@@ -209,11 +189,12 @@ TEST_F(MailerTest, FilesAreFetchedWhenOneIsAskedFor) {
     Mail gone("subject", "sender", "body");
     Attachment const listed("c.txt", "");
     gone.AddAttachment(&listed);
-    EXPECT_EQ(gone.GetAttachment(0, true), nullptr) << "the client could not fetch it";
+    EXPECT_EQ(gone.GetAttachment(0, true), nullptr) << "the client failed to fetch it";
 }
 
-TEST_F(MailerTest, DeletesMail) {
+TEST_F(MailerTest, DeletesMailAndSurvivesAnExceptionOfTheClient) {
     tests::MailClient& client = UseClient(KV_MAIL_CLIENT);
+    client.mails = {{"1", "subject", "sender", ""}};
     TheMailer();
     Mail mail("subject", "sender", "body");
     mail.SetMessageReference("17");
@@ -222,29 +203,22 @@ TEST_F(MailerTest, DeletesMail) {
     EXPECT_TRUE(TheMailer().DeleteMail(&mail));
     client.answer = platform::MAPI_E_INVALID_MESSAGE;
     EXPECT_FALSE(TheMailer().DeleteMail(&mail));
+    client.answer = 0;
+    client.throws = true;
+    EXPECT_EQ(ReadAll().size(), 1U) << "the mails read before are kept";
+    EXPECT_FALSE(TheMailer().DeleteMail(&mail));
 }
 
-TEST(MailTest, ASenderIsANameAndAnAddress) {
-    struct Row {
-        char const* sender;
-        char const* name;
-        char const* address;
-    };
-    static constexpr Row rows[] = {
-        {"sender/mailbox1", "sender", "mailbox1"},
-        {"sender", "sender", "sender"},
-        {"a/b/c", "a", "b/c"},
-        {"sender/", "sender", ""},
-        {"", "", ""},
-    };
-    for (Row const& row : rows) {
-        Mail const mail("subject", row.sender, "body");
-        EXPECT_EQ(mail.GetSenderName(), row.name) << row.sender;
-        EXPECT_EQ(mail.GetSenderAddress(), row.address) << row.sender;
+TEST(MailTest, PartsOfTheSenderAndALongReference) {
+    for (auto const& [sender, name, address] : {std::tuple("sender/mailbox1", "sender", "mailbox1"),
+                                                {"sender", "sender", "sender"},
+                                                {"a/b/c", "a", "b/c"},
+                                                {"sender/", "sender", ""},
+                                                {"", "", ""}}) {
+        Mail const mail("subject", sender, "body");
+        EXPECT_EQ(mail.GetSenderName(), name) << sender;
+        EXPECT_EQ(mail.GetSenderAddress(), address) << sender;
     }
-}
-
-TEST(MailTest, ALongReferenceIsCut) {
     Mail mail("subject", "sender", "body");
     mail.SetMessageReference(std::string(600, 'x').c_str());
     EXPECT_EQ(mail.GetMessageReference(), std::string(511, 'x'));

@@ -1,4 +1,4 @@
-// What a static initialiser of another shared object saw of the library, before main.
+// What a static initialiser of another shared object reads from the library before main.
 #pragma once
 
 #include "KVUtils/KVUtils.h"

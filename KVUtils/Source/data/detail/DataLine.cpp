@@ -29,12 +29,12 @@ void DataLine::Read(std::istream& stream) {
     auto const count = static_cast<int>(stream.gcount());
     bool const isEnded = stream.good();
     if (stream.fail()) {
-        // At the end of the file, or at a line that is too long. Neither keeps the next read from working.
+        // The end of the file, or a line that is too long; neither may make the next read fail.
         bool const isTooLong = count == Size - 1;
         stream.clear(stream.rdstate() & ~std::ios::failbit);
         if (isTooLong) stream.ignore(endsInLineFeed ? std::numeric_limits<std::streamsize>::max() : 1, '\n');
     }
-    // On Windows the stream has done this already.
+    // On Windows the stream has removed it.
     if (endsInLineFeed && isEnded && count > 1 && At(count - 2) == '\r') {
         line_.at(static_cast<std::size_t>(count) - 2) = '\0';
     }

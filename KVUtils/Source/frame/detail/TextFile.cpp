@@ -11,12 +11,12 @@ constexpr std::string_view LineEnds{"\n\r\0", 3};
 
 bool IsLineEnd(char character) noexcept { return LineEnds.find(character) != std::string_view::npos; }
 
-/// The characters of a file outside its comments, one after the other.
+/// Iterates over the characters of a file outside its comments.
 class TextCharacters {
   public:
     explicit TextCharacters(std::string_view file) noexcept : rest_(file) {}
 
-    /// None at the end of the file.
+    /// Returns nullopt at the end of the file.
     std::optional<char> Next() noexcept {
         while (!rest_.empty()) {
             char const character = rest_.front();
@@ -54,7 +54,7 @@ class FirstPass {
             Take(*character);
             if (isStopped_) return false;
         }
-        // A "{" behind the last character writes where the last group ends.
+        // Intentional: a "{" after the last character stores the end of the last group.
         OpenGroup();
         return isFaultless_;
     }
@@ -93,7 +93,7 @@ class FirstPass {
         state_ = State::InName;
         name_.clear();
         std::size_t const group = groups_.names.size();
-        if (group >= TextGroups::Most) {
+        if (group >= TextGroups::MaxCount) {
             isFaultless_ = false;
             report_(TextFault::TooManyGroups, '\0', name_);
             return;
@@ -103,12 +103,12 @@ class FirstPass {
     }
 
     void CloseGroup() {
-        if (groups_.names.size() < TextGroups::Most) groups_.names.emplace_back(name_);
+        if (groups_.names.size() < TextGroups::MaxCount) groups_.names.emplace_back(name_);
         state_ = State::Outside;
     }
 
     void AddToName(char character) {
-        if (name_.size() < TextGroups::LongestName) {
+        if (name_.size() < TextGroups::MaxNameLength) {
             name_ += character;
             return;
         }
@@ -124,7 +124,7 @@ class FirstPass {
     TextGroups& groups_;
     TextFaultHandler const& report_;
     State state_ = State::Outside;
-    std::string name_;  // of the group that was opened last; empty before the first
+    std::string name_;  // of the group opened last; empty before the first
     bool isClosed_ = false;
     bool isFaultless_ = true;
     bool isStopped_ = false;
@@ -138,7 +138,7 @@ bool CountTexts(std::string_view file, TextGroups& groups, TextFaultHandler cons
 
 void ReadTexts(std::string_view file, std::function<void(std::string_view text)> const& store) {
     std::string text;
-    std::size_t length = 0;  // up to the last "]" so far
+    std::size_t length = 0;  // of the text before the last "]" so far
     bool isInEntry = false;
     TextCharacters characters(file);
     while (auto const character = characters.Next()) {
