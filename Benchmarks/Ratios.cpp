@@ -9,7 +9,7 @@ namespace {
 
 struct Pair {
     std::string subject;
-    std::string peer;  // none: the subject's own time that went by
+    std::string peer;  // empty: the subject's own elapsed time
     std::string meaning;
 };
 
@@ -67,8 +67,8 @@ void RatioReporter::Finalize() {
 }  // namespace bench
 
 int main(int argc, char** argv) {
-    // Medians of interleaved repetitions, so that a change of the machine's speed meets both sides of a
-    // ratio.
+    // Interleaves repetitions and takes medians, so that a change of the machine's speed affects both sides
+    // of a ratio.
     std::vector<char*> arguments(argv, argv + argc);
     std::string repetitions = "--benchmark_repetitions=9";
     std::string interleave = "--benchmark_enable_random_interleaving=true";

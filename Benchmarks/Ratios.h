@@ -1,5 +1,5 @@
-// Ratios: what a benchmark took in units of another one of the same run, since these alone are comparable
-// between machines, and between two moments of one machine.
+// Ratios: the time of a benchmark divided by that of another one in the same run. Only such ratios can be
+// compared between machines, and between runs on one machine.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -9,14 +9,14 @@
 
 namespace bench {
 
-/// Registers "`subject` takes so many times as long as `peer`", by the names of two benchmarks with their
-/// arguments, with what a reader takes from it. It is their processor time that counts, or the time that they
-/// were told to count. Call it from a file's static initialiser.
+/// Registers the ratio of two benchmarks, named with their arguments, and what it means to a reader. It
+/// compares processor time, or whatever time the benchmarks were told to measure. Construct it in a static
+/// initialiser.
 struct Ratio {
     Ratio(std::string subject, std::string peer, std::string meaning);
 };
 
-/// Registers the processor time of a benchmark over the time that went by, which it has to count.
+/// Registers the processor time of a benchmark divided by the elapsed time, which it must measure.
 struct ProcessorShare {
     ProcessorShare(std::string subject, std::string meaning);
 };

@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 """Draws the library's bitmaps and writes them as source.
 
-usage: bitmaps.py write            writes KVUtils/Source/resources/Bitmaps.{h,cpp}
+usage: bitmaps.py write            writes KVUtils/Source/resources/detail/Bitmaps.{h,cpp}
        bitmaps.py sheet FILE.png   writes a contact sheet of all bitmaps, normal and greyed, both sizes
 
 A drawing is a function below that paints shapes on a field of 20 x 20 units, later ones over earlier ones. Each
 is rastered twice, at its own size and at twice that for screens of high density, with 4 x 4 samples a pixel.
-Which bitmaps there are, and their numbers, stands in KVUtils/Source/controls/detail/ButtonTables.h.
+KVUtils/Source/controls/detail/ButtonTables.h lists the bitmaps and their numbers.
 """
 
 import math
@@ -18,7 +18,7 @@ import zlib
 
 TREE = pathlib.Path(__file__).resolve().parent.parent
 TABLE = TREE / "KVUtils/Source/controls/detail/ButtonTables.h"
-TARGET = TREE / "KVUtils/Source/resources"
+TARGET = TREE / "KVUtils/Source/resources/detail"
 FIELD = 20
 SAMPLES = 4
 CLEAR = (0, 0, 0, 0)
@@ -509,7 +509,7 @@ def distance(a, b):
 
 
 def palette_of(pixels):
-    """The colours, at most 64: rare ones give way to their nearest neighbour. And which pixel becomes which."""
+    """The colours, at most 64, and the colour that each pixel gets; rare colours become their nearest neighbour."""
     counts = {}
     for pixel in pixels:
         counts[pixel] = counts.get(pixel, 0) + 1
@@ -553,7 +553,7 @@ def write():
 
 
 def greyed(rows, grain):
-    """As a disabled button shows it."""
+    """The greyed form, for disabled buttons."""
     ground = rows[0][0]
     mean = lambda p: (sum(p[:3]) // 3,) * 3 + p[3:]
     return [[ground if p == ground or (x // grain % 2 and y // grain % 2) else mean(p) for x, p in enumerate(row)]

@@ -1,15 +1,15 @@
 #!/usr/bin/env python3
-"""Brings the upper halves of single-byte code pages from Python's codecs into the source.
+"""Generates the upper halves of single-byte code pages from Python's codecs.
 
 usage: codepages.py write        writes SV/core/detail/CodePages.h
-       codepages.py check        reads the header's numbers back and compares each with the codec
+       codepages.py check        compares each number of the header with the codec
 """
 
 import pathlib
 import re
 import sys
 
-HEADER = pathlib.Path(__file__).resolve().parent.parent / "SV" / "core" / "CodePages.h"
+HEADER = pathlib.Path(__file__).resolve().parent.parent / "SV" / "core" / "detail" / "CodePages.h"
 PAGES = {"Windows1252": ("cp1252", "Windows-1252, the code page of the suite."),
          "MacRoman": ("mac_roman", "Mac Roman, with the euro sign of 1998.")}
 

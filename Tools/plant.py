@@ -84,7 +84,7 @@ def changes(line, previous):
     if not declares:
         name = r"\w+(?:(?:\.|->|::)\w+|\(\)|\[\w+\])*"
         for match in re.finditer(rf"(?<=[( ])({name}), ({name})(?=[,)])", code):
-            if match[1] != match[2] and not re.search(r"\b(min|max)(<\w+>)?\($", code[:match.start()]):
+            if match[1] != match[2] and not re.search(r"\b(min|max|equal)(<\w+>)?\($", code[:match.start()]):
                 yield fault("swapped arguments", match.start(), match[0], f"{match[2]}, {match[1]}")
     for one, other in TWINS:
         for old, new in ((one, other), (other, one)):
@@ -367,15 +367,20 @@ class Tests:
             process.wait()
             process.stdout.close()
 
-    def measure(self):
-        """Runs every program once as it is; says what fails, and learns how long each test takes."""
-        for program in list(self.NAMES):
+    def measure(self, file):
+        """Runs every program once as it is; says what fails, and learns how long each test takes. The file keeps that."""
+        if file and file.exists():
+            self.seconds = {tuple(test): seconds for test, seconds in json.loads(file.read_text())}
+            return
+        for program in self.NAMES:
             if not (self.build.folder / program).exists():
                 print(f"no {program} in this build", file=sys.stderr)
                 continue
             result = self.run(program, fail_fast=False)
             if result:
                 raise SystemExit(f"{program} fails without a fault: {result[0]}: {result[1]}")
+        if file:
+            file.write_text(json.dumps(list(self.seconds.items())))
 
     def of(self, program):
         return [test for (owner, test) in self.seconds if owner == program]
@@ -448,6 +453,7 @@ def run_one(fault, place, mutant, build, tests, scratch, files):
 
 
 def run_faults(arguments):
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     tree = arguments.tree.resolve()
     build = Build(arguments.build.resolve())
     build.recover()
@@ -466,9 +472,11 @@ def run_faults(arguments):
     with tempfile.TemporaryDirectory(prefix="plant") as scratch:
         scratch = pathlib.Path(scratch)
         tests = Tests(build, scratch, arguments.limit)
-        tests.measure()
+        tests.measure(arguments.timings)
+        if arguments.jobs > 1:
+            run_lanes(arguments, [fault for fault in faults if fault["id"] not in done], tests, scratch)
+            return report(arguments)
         print(f"{len(tests.seconds)} tests pass as they are, in {sum(tests.seconds.values()):.0f} s", file=sys.stderr)
-        signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
         queue = collections.deque(wanted)
         while queue:
             fault = queue.popleft()
@@ -495,6 +503,37 @@ def run_faults(arguments):
                     queue.append((same_room or spare)[0])
                     spare.remove(queue[-1])
     report(arguments)
+
+
+def run_lanes(arguments, faults, tests, scratch):
+    """Runs the faults in several processes. Each sees a copy of the build in the place of the build, since tests and
+    programs know one another by their paths."""
+    timings = scratch / "timings.json"
+    timings.write_text(json.dumps(list(tests.seconds.items())))
+    faults.sort(key=lambda fault: (fault["id"][0], fault["room"]))
+    build = arguments.build.resolve()
+    lanes = []
+    for number in range(arguments.jobs):
+        part = scratch / f"part{number}.tsv"
+        with open(part, "w", newline="") as file:
+            writer = csv.DictWriter(file, FIELDS, delimiter="\t", lineterminator="\n")
+            writer.writeheader()
+            writer.writerows(faults[number::arguments.jobs])
+        copy = scratch / f"build{number}"
+        subprocess.run(["cp", "-a", "--reflink=auto", build, copy], check=True)
+        lanes.append(subprocess.Popen(
+            ["unshare", "--mount", *([] if os.geteuid() == 0 else ["--map-root-user"]), "sh", "-c",
+             'mount --bind "$1" "$2" && shift 2 && exec "$@"', "sh", copy, build,
+             sys.executable, __file__, "run", part, "--tree", arguments.tree.resolve(), "--build", build,
+             "--results", arguments.results.resolve(), "--limit", str(arguments.limit), "--timings", timings,
+             *(["--no-spares"] if arguments.no_spares else [])], stdout=subprocess.DEVNULL))
+    try:
+        for lane in lanes:
+            lane.wait()
+    finally:
+        for lane in lanes:
+            lane.terminate()
+            lane.wait()
 
 
 NOT_COUNTED = ("does not compile", "equivalent", "gone")
@@ -536,6 +575,9 @@ def main():
     running.add_argument("--results", type=pathlib.Path, default=pathlib.Path("plant.tsv"))
     running.add_argument("--limit", type=float, default=30, metavar="SECONDS",
                          help="for one test, besides five times what it takes without a fault")
+    running.add_argument("--jobs", type=int, default=1, help="faults at a time, each with a copy of the build")
+    running.add_argument("--timings", type=pathlib.Path, metavar="FILE",
+                         help="how long each test takes without a fault; written if it does not exist")
     running.add_argument("--no-spares", action="store_true", help="replace no fault that cannot be planted")
     running.set_defaults(run=run_faults)
     counting = commands.add_parser("report", help="count what was caught")
