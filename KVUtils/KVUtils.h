@@ -59,7 +59,6 @@
 #include "KVUtils/Source/messaging/MessageTable.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 #include "KVUtils/Source/messaging/RezepturServer.h"
-#include "KVUtils/Source/messaging/detail/MessageWire.h"
 #include "KVUtils/Source/metrics/ColorConverter.h"
 #include "KVUtils/Source/metrics/DeltaE.h"
 #include "KVUtils/Source/metrics/DensityVector.h"

@@ -17,8 +17,8 @@ constexpr sv::Point PromptPlace(16, 12);
 constexpr sv::Size PromptExtent(348, 20);
 constexpr sv::Point EditPlace(16, 38);
 constexpr sv::Size EditExtent(348, 26);
-constexpr sv::Point ButtonPlace(112, 86);
-constexpr sv::Size ButtonExtent(120, 30);
+constexpr sv::Point InputButtonPlace(112, 86);
+constexpr sv::Size InputButtonExtent(120, 30);
 constexpr sv::Point ButtonGap(12, 0);
 
 }  // namespace
@@ -28,7 +28,7 @@ TextInputDialog::TextInputDialog(sv::Window* parent, sv::String const& title, sv
       RegisterTopWindow(this),
       prompt_(this, sv::StyleOfText),
       edit_(this, sv::StyleOfEdit),
-      buttons_(this, ButtonPlace, ButtonExtent, 1, ButtonGap) {
+      buttons_(this, InputButtonPlace, InputButtonExtent, 1, ButtonGap) {
     SetText(title);
     ChangeSizePixel(Extent);
     WindowPlacer(parent, this, detail::CentreOnReference);

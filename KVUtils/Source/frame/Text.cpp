@@ -37,9 +37,9 @@ struct FaultTexts {
     char const* general;
 };
 
-constexpr FaultTexts English = {"error in text file '",     "missing ",   " in text group ", "\n\ncontinue?",
+constexpr FaultTexts EnglishFaults = {"error in text file '",     "missing ",   " in text group ", "\n\ncontinue?",
                                 "unable to open text file", "more then ", " text groups",    "general error"};
-constexpr FaultTexts German = {"Fehler in Textdatei '",
+constexpr FaultTexts GermanFaults = {"Fehler in Textdatei '",
                                "Fehlendes Zeichen ",
                                " in Textgruppe ",
                                "\n\nweiterfahren?",
@@ -51,7 +51,7 @@ constexpr FaultTexts German = {"Fehler in Textdatei '",
 
 /// Shows the error; returns whether to continue.
 bool ShowFault(sv::String const& file, detail::TextFault fault, char missing, sv::String const& group) {
-    FaultTexts const& texts = loaded.messageLanguage == GermanCode ? German : English;
+    FaultTexts const& texts = loaded.messageLanguage == GermanCode ? GermanFaults : EnglishFaults;
     sv::String const title = sv::String(texts.title) + file + "'\n";
     switch (fault) {
         case detail::TextFault::MissingCharacter: {
