@@ -37,7 +37,7 @@ TEST_F(PosixDdeProcessTest, TheSocketOfAKilledProgramIsRemoved) {
 TEST_F(PosixDdeProcessTest, PokesToAStoppedProgramNeitherBlockNorGetLost) {
     constexpr unsigned long Messages = 20'000;
     DdeEndpoint client("client");
-    PeerProcess const receiver = StartDdePeer({"receive", "sleeper", std::to_string(Messages)});
+    PeerProcess const receiver = StartDdePeer({"receive", "sleeper", std::to_string(Messages + 1)});
     PeerProcess const echo = StartDdePeer({"echo", "echo"});
     HCONV const conversation = ConnectWhenReady(client, "sleeper");
     HCONV const awake = ConnectWhenReady(client, "echo");
@@ -48,10 +48,16 @@ TEST_F(PosixDdeProcessTest, PokesToAStoppedProgramNeitherBlockNorGetLost) {
         ASSERT_TRUE(client.Poke(conversation, "M", NumberedMessage(i, 1024)));
     EXPECT_TRUE(client.Poke(awake, "client", "ping"));
     EXPECT_TRUE(RunUntil([&] { return echoes == 1; })) << "the loop serves others while the socket is full";
-    double const before = tests::ProcessorMs();
-    EXPECT_FALSE(RunUntil([] { return false; }, 500));
-    EXPECT_LT(tests::ProcessorMs() - before, 150.0) << "a full socket must not keep the loop busy";
+    auto const processorMs = [] {
+        double const before = tests::ProcessorMs();
+        EXPECT_FALSE(RunUntil([] { return false; }, 500));
+        return tests::ProcessorMs() - before;
+    };
+    EXPECT_LT(processorMs(), 150.0) << "a full socket must not keep the loop busy";
     Signal(receiver, SIGCONT);
+    static_cast<void>(processorMs());  // sends what is queued
+    EXPECT_LT(processorMs(), 150.0) << "nor must one that was full";
+    EXPECT_TRUE(client.Poke(conversation, "M", NumberedMessage(Messages, 1024)));
     EXPECT_TRUE(ExitsWith(receiver, 0));
 }
 
