@@ -6,6 +6,7 @@
 #include "Platform/Tests/TemporaryDirectory.h"
 #include "Platform/Tests/TestSystem.h"
 #include "Platform/mail/MailEntries.h"
+#include "Platform/mail/posix/Glib.h"
 
 #include <gtest/gtest.h>
 
@@ -15,6 +16,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -26,28 +28,16 @@ namespace tests {
     return std::filesystem::path(KV_MAIL_SERVERS).parent_path() / name;
 }
 
-/// Returns the rows of a table beside the tests: cells between tabs, with the escapes \r \n \0 \xHH and \\.
+/// Returns the rows of a table beside the tests: cells between tabs, with the escapes of C in octal.
 [[nodiscard]] inline std::vector<std::vector<std::string>> Table(std::string const& name) {
     std::ifstream file(DataFile(name));
     std::vector<std::vector<std::string>> rows;
     for (std::string line; std::getline(file, line);) {
         if (line.starts_with("# ")) continue;
-        auto& row = rows.emplace_back(1);
-        for (std::size_t i = 0; i < line.size(); ++i) {
-            char c = line[i];
-            if (c == '\t') {
-                row.emplace_back();
-                continue;
-            }
-            if (c == '\\') {
-                c = line[++i];
-                if (c == 'x')
-                    c = static_cast<char>(std::stoi(line.substr((i += 2) - 1, 2), nullptr, 16));
-                else if (c != '\\')
-                    c = c == 'n' ? '\n' : c == 'r' ? '\r' : '\0';
-            }
-            row.back() += c;
-        }
+        std::istringstream cells(line + '\t');
+        auto& row = rows.emplace_back();
+        for (std::string cell; std::getline(cells, cell, '\t');)
+            row.push_back(platform::detail::TakeText(g_strcompress(cell.c_str())));
     }
     EXPECT_GT(rows.size(), 3U) << name;
     return rows;

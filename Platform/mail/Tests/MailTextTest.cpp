@@ -42,6 +42,7 @@ TEST(MailText, Recipients) {
 
 TEST(MailText, FileNamesAreSafeAndUnique) {
     for (auto const& row : Table("file_names.tsv")) EXPECT_EQ(SafeFileName(row.at(0)), row.at(1)) << row[0];
+    EXPECT_EQ(SafeFileName({"a\0.exe", 6}), "a");
     EXPECT_EQ(UniqueFileName("a.txt", {"b.txt"}), "a.txt");
     EXPECT_EQ(UniqueFileName("a.txt", {"A.TXT", "a (2).txt"}), "a (3).txt");
 }
