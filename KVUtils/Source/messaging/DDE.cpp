@@ -71,12 +71,10 @@ bool Poke(platform::HCONV conversation, MyMemoryBlock& frame, platform::HSZ item
                                           platform::TIMEOUT_ASYNC, nullptr) != nullptr;
 }
 
+/// In UTF-8. The name is decoded like that of a file; the options keep their slashes.
 std::string CommandLine(sv::String const& program) {
-    sv::String line = program;
-    if (program == "QBLFWIN") line += " /WM";
-    line += " -S -LNG ";
-    line += sv::String(Language::GetCountryCode());
-    return std::string(line.View());
+    return sv::NativePath(program) + (program == "QBLFWIN" ? " /WM" : "") + " -S -LNG " +
+           std::to_string(Language::GetCountryCode());
 }
 
 }  // namespace
@@ -227,12 +225,13 @@ bool DDE::Accepts(platform::HSZ topic, platform::HSZ service) const {
 
 void DDE::EndConversation(platform::HCONV conversation) {
     for (Conversations* const list : {&clients_, &servers_}) {
-        auto const entry = std::ranges::find(*list, conversation, &ConversationEntry::conversation);
-        if (entry == list->end()) continue;
-        sv::String const peer = entry->name;
-        auto const ended = [=](ConversationEntry const& each) { return each.conversation == conversation; };
-        if (std::erase_if(*list, ended) > 0) platform::DdeDisconnect(conversation);
-        ReportEnd(peer);
+        for (std::size_t i = list->size(); i-- > 0;) {
+            if ((*list)[i].conversation != conversation) continue;
+            sv::String const peer = (*list)[i].name;
+            platform::DdeDisconnect(conversation);
+            list->erase(list->begin() + static_cast<std::ptrdiff_t>(i));
+            ReportEnd(peer);
+        }
     }
 }
 

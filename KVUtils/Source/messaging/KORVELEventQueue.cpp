@@ -1,29 +1,21 @@
 #include "KVUtils/Source/messaging/KORVELEventQueue.h"
 
-#include <algorithm>
-
 namespace kv {
 
-KORVELEventQueue::KORVELEventQueue(unsigned short /*init*/, unsigned short /*grow*/) {}
+void KORVELEventQueue::Put(KORVELEvent* event) { Insert(event, End); }
 
-void KORVELEventQueue::Put(KORVELEvent* event) { events_.push_back(event); }
-
-KORVELEvent* KORVELEventQueue::Get() {
-    if (events_.empty()) return nullptr;
-    KORVELEvent* const first = events_.front();
-    events_.pop_front();
-    return first;
-}
-
-unsigned long KORVELEventQueue::Count() const noexcept { return static_cast<unsigned long>(events_.size()); }
+KORVELEvent* KORVELEventQueue::Get() { return static_cast<KORVELEvent*>(Remove(0UL)); }
 
 KORVELEvent* KORVELEventQueue::GetObject(unsigned long position) const noexcept {
-    return position < Count() ? events_[position] : nullptr;
+    return static_cast<KORVELEvent*>(Container::GetObject(position));
 }
 
-unsigned long KORVELEventQueue::GetPos(KORVELEvent const* event) const noexcept {
-    auto const place = std::ranges::find(events_, event);
-    return place == events_.end() ? sv::Container::End : static_cast<unsigned long>(place - events_.begin());
+bool operator==(KORVELEventQueue const& left, KORVELEventQueue const& right) noexcept {
+    if (left.Count() != right.Count()) return false;
+    for (unsigned long i = 0; i < left.Count(); ++i) {
+        if (left.GetObject(i) != right.GetObject(i)) return false;
+    }
+    return true;
 }
 
 }  // namespace kv

@@ -111,7 +111,8 @@ class PostOffice : public KVSingleton {
 
     /// Processes a message that came in.
     void CommunicationReceiveFunction(KORVELEvent& event);
-    /// Handles what is queued, as far as the locks let it. 0 if the queue was empty, otherwise 1.
+    /// Handles what is queued, as far as the locks let it. 0 if the queue was empty, otherwise 1. Called with
+    /// each message, and by an idle handler that the destructor removes.
     long BotschaftenHandler(void* sender);
 
     /// Makes a payload fit for travelling, without zero bytes, and back. A decoded payload is longer than the
