@@ -2,8 +2,8 @@
 // setup; constructors of vectors and densities read them. There is one context and no lock: conditions are
 // set while nothing is being computed, from the thread that drives the application.
 //
-// The initial state is in place before any code of the application runs, static initialisers included: D65
-// with the 2 degree observer, DIN density, no paper white.
+// The initial state is set before any code of the application runs, static initialisers included: D65 with
+// the 2 degree observer, DIN density, no paper white.
 #pragma once
 
 #include "KVUtils/Source/colorimetry/CMetryFilter.h"
@@ -38,20 +38,20 @@ class CMetry {
     static std::array<float, 4> PapierweissNormfaktor;
 
     /// Puts an illuminant and an observer in force. The custom illuminant leaves weights 0 until
-    /// `SetCustomLXYZ` follows, and `xyzSumme` as it was.
+    /// `SetCustomLXYZ` follows, and `xyzSumme` unchanged.
     static void SetCMetry(IllumClass const& illuminant, ObserverClass const& observer);
     /// Puts a caller's own weights in force, with their illuminant and observer.
     static void SetCustomLXYZ(CMetryFilter const& weights) noexcept;
     static void SetDensityStandard(DStdClass const& standard) noexcept;
     /// Enters the paper white; a spectrum whose samples sum to exactly 0 withdraws it. The response factors
-    /// belong to the density filters of this moment: who changes the standard enters the white again.
+    /// are those of the current density filters: enter the white again after changing the standard.
     static void EnterWhite(Spectrum const& white) noexcept;
-    /// Puts in force all that the condition names. The paper white stays.
+    /// Puts the whole condition in force. Keeps the paper white.
     static void SetMeasuringConditions(MeasuringCondition const& condition);
-    /// Fills `condition` with what is in force.
+    /// Sets `condition` to the conditions in force.
     static void GetMeasuringConditions(MeasuringCondition& condition) noexcept;
 
-    /// What is in force, as references that follow later changes.
+    /// The selectors in force, as references that follow later changes.
     [[nodiscard]] static ObserverClass const& GetObserver() noexcept { return LXYZFilter.GetObserver(); }
     [[nodiscard]] static IllumClass const& GetIllum() noexcept { return LXYZFilter.GetIllum(); }
 
@@ -64,7 +64,7 @@ class CMetry {
     /// K/S = (1 - r)^2 / (2 r). A sample outside (0, 1] comes out as 1.
     static void ToEqualStrength(Spectrum& spectrum, Spectrum const& reference) noexcept;
 
-    /// How many entries a display channel's gamma table has: two for each of 256 input levels.
+    /// The number of entries of a display channel's gamma table: two for each of 256 input levels.
     static constexpr std::size_t GammaEntries = 512;
     /// The table of display channel 0, 1 or 2: entry k is (k / 2 / 255)^(1 / 0.45). All 0 until
     /// `SetMeasuringConditions`.

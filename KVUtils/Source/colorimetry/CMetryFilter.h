@@ -5,26 +5,27 @@
 #include "KVUtils/Source/colorimetry/Lichtart.h"
 #include "KVUtils/Source/colorimetry/Observer.h"
 #include "KVUtils/Source/colorimetry/Selectors.h"
+#include "KVUtils/Source/colorimetry/detail/Rounded.h"
 
 #include <array>
 
 namespace kv {
 
-/// Each weight is power times colour-matching value at its wavelength, not scaled: what divides a weighted
-/// sum brings Y of the perfect white to 100.
+/// Each weight is power times colour-matching value at its wavelength, not scaled; dividing by the sum of the
+/// Y weights brings Y of the perfect white to 100.
 class CMetryFilter {
   public:
     /// D65 with the 2 degree observer.
     CMetryFilter() noexcept;
     CMetryFilter(Lichtart const& illuminant, Observer const& observer) noexcept;
-    /// Three filters of a caller's own making, X, Y and Z, copied whole. They count as the custom illuminant
-    /// with a client specific observer.
+    /// Copies three filters supplied by the caller: X, Y and Z. They count as the custom illuminant with a
+    /// client specific observer.
     explicit CMetryFilter(Filter const* weights) noexcept;
 
-    /// Copies whole and forms the sums anew.
+    /// Copies everything and computes the sums again.
     CMetryFilter(CMetryFilter const& other) noexcept;
-    /// Copies weights and classes and forms the sums anew. Each filter keeps its own defined flag, and the
-    /// source forms its sums anew at the next question.
+    /// Copies weights and classes and computes the sums again. Each filter keeps its own defined flag, and
+    /// the source computes its sums again at the next query.
     CMetryFilter& operator=(CMetryFilter const& other) noexcept;
 
     /// 0 is X, 1 is Y, 2 is Z; the index is not checked.
@@ -36,7 +37,8 @@ class CMetryFilter {
     /// The sums of weight times sample of the three channels, each rounded to `float`.
     [[nodiscard]] constexpr std::array<float, 3> operator*(Spectrum const& spectrum) const noexcept {
         auto const sums = detail::WeightedSums(weights_, spectrum);
-        return {static_cast<float>(sums[0]), static_cast<float>(sums[1]), static_cast<float>(sums[2])};
+        return {detail::Rounded<float>(sums[0]), detail::Rounded<float>(sums[1]),
+                detail::Rounded<float>(sums[2])};
     }
 
     [[nodiscard]] constexpr ObserverClass const& GetObserver() const noexcept { return observer_; }
@@ -53,7 +55,7 @@ class CMetryFilter {
     IllumClass illuminant_;
 };
 
-/// Two sets of weights that belong together. The library stores and copies them and reads neither.
+/// Two sets of weights that belong together. The library only stores and copies them.
 struct CustomIlluminant {
     CMetryFilter first;
     CMetryFilter second;

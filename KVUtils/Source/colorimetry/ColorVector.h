@@ -13,13 +13,13 @@ namespace kv {
 
 class ColorVector : public MeasuringCondition {
   public:
-    /// An index outside [0, 2] is not checked.
+    /// The index is not checked.
     [[nodiscard]] constexpr float operator[](int component) const noexcept { return v_[component]; }
     [[nodiscard]] constexpr float& operator[](int component) noexcept { return v_[component]; }
     [[nodiscard]] constexpr float const* getV() const noexcept { return v_.data(); }
     [[nodiscard]] constexpr float* getV() noexcept { return v_.data(); }
 
-    /// Component by component; the conditions stay. A zero divisor is not caught.
+    /// Component by component; keeps the conditions. A zero divisor gives infinity or NaN.
     ColorVector& operator*=(ColorVector const& other) noexcept;
     ColorVector& operator/=(ColorVector const& other) noexcept;
     ColorVector& operator+=(ColorVector const& other) noexcept;

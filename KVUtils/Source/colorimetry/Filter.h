@@ -1,4 +1,4 @@
-// Filter: 36 spectral weights on the system's grid, with their sum kept beside them.
+// Filter: 36 spectral weights on the system's grid, with their cached sum.
 #pragma once
 
 #include "KVUtils/Source/colorimetry/LinAlg.h"
@@ -19,28 +19,28 @@ class Filter {
         CalculateSumme();
     }
 
-    /// Sets all weights. A filter that is not defined stays so.
+    /// Sets all weights; leaves `isDefined` unchanged.
     constexpr void Init(float value) noexcept {
         weights_.fill(value);
         CalculateSumme();
     }
 
-    /// Forms the sum anew. It is added up in `float`, in storage order, rounded after each addition: every
-    /// value that is divided by it depends on that.
+    /// Computes the sum in `float`, in storage order, rounded after each addition: every value that is
+    /// divided by it depends on that.
     constexpr void CalculateSumme() noexcept {
         float sum = 0;
         for (float const weight : weights_) sum += weight;
         sum_ = sum;
         isSumValid_ = 1;
     }
-    /// The sum of the weights, formed only if a write may have changed it; hence not for constant objects.
+    /// The sum of the weights, computed only if a write may have changed it; hence not for constant objects.
     [[nodiscard]] constexpr float FilterSumme() noexcept {
         if (isSumValid_ == 0) CalculateSumme();
         return sum_;
     }
 
-    /// The weights, to write to: the next `FilterSumme` forms the sum anew. A pointer that is kept and
-    /// written through after that is not noticed.
+    /// The weights, to write to: the next `FilterSumme` computes the sum again. Writes through a pointer kept
+    /// longer than that go unnoticed.
     constexpr operator float*() noexcept {
         isSumValid_ = 0;
         return weights_.data();
@@ -50,7 +50,7 @@ class Filter {
         return weights_;
     }
 
-    /// Whether the filter was given content; what follows from it is its owner's affair.
+    /// Whether the filter was given content. The filter itself does not use it.
     [[nodiscard]] constexpr unsigned char isDefined() const noexcept { return isDefined_; }
     constexpr void Define(unsigned char defined) noexcept { isDefined_ = defined; }
 
@@ -70,15 +70,15 @@ class Filter {
 
   private:
     friend class CMetryFilter;
-    /// Copies weights as through `operator float*` of both sides: the sum of either is formed anew, this
-    /// one's now and the source's at its next question. The defined flag stays.
+    /// Copies weights as if through `operator float*` of both sides: computes this sum now and marks the
+    /// source's for its next query. Keeps the defined flag.
     constexpr void AssignWeights(Filter const& source) noexcept {
         source.isSumValid_ = 0;
         weights_ = source.weights_;
         CalculateSumme();
     }
 
-    // Mutable, since a source of `AssignWeights` is asked for its weights as if they were to be written to.
+    // Mutable, since `AssignWeights` reads the source's weights as if to write to them.
     mutable unsigned char isSumValid_ = 1;
     float sum_ = 0;
     std::array<float, SpectralPoints> weights_{};
@@ -87,8 +87,8 @@ class Filter {
 
 namespace detail {
 
-/// The weighted sums of several filters in one pass. Each channel is added up in the order of the grid, as a
-/// pass of its own would, so the results are the same to the last bit; the passes only run side by side.
+/// The weighted sums of several filters in one pass. Each channel is added up in grid order, so the results
+/// equal those of separate passes to the last bit.
 template <std::size_t Channels>
 [[nodiscard]] constexpr std::array<double, Channels> WeightedSums(std::array<Filter, Channels> const& filters,
                                                                   Spectrum const& spectrum) noexcept {

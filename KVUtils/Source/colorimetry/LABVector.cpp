@@ -53,9 +53,9 @@ LChVector::LChVector(LCHmgVector const& mg) noexcept
 
 namespace {
 
-/// The x of [lo, hi) whose image comes nearest to `target`, by a grid of ten steps that is refined around the
-/// best point. Of equal ones the first wins and negative x are passed over. All variables are `float`, and
-/// results depend on it. `record` may bring a found x back into its range.
+/// The x of [lo, hi) whose image is nearest to `target`, by a grid of ten steps refined around the best
+/// point. The first of equal ones wins; negative x are skipped. All variables are `float`: results depend on
+/// it. `record` may bring x back into its range.
 template <class Map, class Record>
 float Search(float target, float lo, float hi, Map map, Record record) noexcept {
     constexpr float fineEnough = 0.001F;

@@ -17,7 +17,7 @@ class LABVector : public ColorVector {
         : ColorVector(L, a, b, condition) {}
     /// With the weights in force.
     explicit LABVector(Spectrum const& spectrum) noexcept;
-    /// With these weights, whose sums are brought up to date in passing.
+    /// With these weights; updates their cached sums.
     LABVector(CMetryFilter& weights, Spectrum const& spectrum) noexcept;
     /// Against the white of the weights in force, whatever the vector's own conditions say.
     explicit LABVector(XYZVector const& xyz) noexcept;
@@ -35,7 +35,7 @@ class LChVector : public ColorVector {
     explicit LChVector(Spectrum const& spectrum) noexcept;
     explicit LChVector(XYZVector const& xyz) noexcept;
     explicit LChVector(LABVector const& lab) noexcept;
-    /// Back from the mg scale by search, to 0.001 of that scale: some hundred evaluations, not for inner
+    /// Back from the mg scale by search, to 0.001 of that scale: a few hundred evaluations, not for inner
     /// loops. May return a hue of 0, and may miss a hue just below 360 by up to 0.45 degrees.
     explicit LChVector(LCHmgVector const& mg) noexcept;
 

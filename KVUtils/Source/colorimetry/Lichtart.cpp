@@ -16,8 +16,8 @@ static_assert(detail::FollowsGrid(IlluminantTable) && detail::FollowsGrid(Fluore
 
 enum IlluminantColumn : std::size_t { ColumnA, ColumnC, ColumnD50, ColumnD65, ColumnS0, ColumnS1, ColumnS2 };
 
-/// CIE daylight of n hundreds of kelvin (CIE 15). T is in today's kelvin: the nominal number was counted with
-/// an older second radiation constant, so that D65 means 6503.6 K.
+/// CIE daylight of n hundreds of kelvin (CIE 15). T is in kelvin of today: the nominal number goes back to an
+/// older second radiation constant, so that D65 is 6503.6 K.
 SpectralArray Daylight(short n) noexcept {
     double const T = n * 100.0556328233658;
     double const x = T >= 7000.0 ? 0.23704 + 247.48 / T + 1901800.0 / (T * T) - 2006400000.0 / (T * T * T)

@@ -1,10 +1,12 @@
 // LinAlg: operations on plain arrays, the numeric floor of the library. Vectors are a pointer and a count;
 // matrices are dense and row-major, so that element (i, j) of a matrix of c columns stands at index i * c +
-// j. Everything exists for float and for double. Sums of products are gathered in a wider type and rounded
-// once, when they are stored. A count below 1 makes an operation do nothing, and a scalar answer 0. Arrays
-// are the caller's and must be as large as the counts say; destination and source of an element-wise
-// operation may be the same. Nothing here has state, so all of it may run on any thread.
+// j. Every operation exists for float and for double. Sums of products are accumulated in a wider type and
+// rounded once, when they are stored. With a count below 1 an operation does nothing and a scalar result is
+// 0. Arrays belong to the caller and must be as large as the counts say; destination and source of an
+// element-wise operation may be the same. The functions keep no state and may run on any thread.
 #pragma once
+
+#include "KVUtils/Source/colorimetry/detail/Rounded.h"
 
 #include <cmath>
 #include <utility>
@@ -14,7 +16,7 @@ namespace kv {
 
 namespace detail {
 
-/// The operations for one element type; `Wide` is what a single rounding comes from.
+/// The operations for one element type. Results are computed in `Wide` and rounded once.
 template <class T, class Wide>
 class LinAlgKernel {
   public:
@@ -67,7 +69,7 @@ class LinAlgKernel {
     }
     /// d = d a, element by element.
     static constexpr void VxV(T* d, T const* a, int n) noexcept { VxV(d, d, a, n); }
-    /// d = a / b, element by element. A zero in b gives the infinity or not-a-number of the arithmetic.
+    /// d = a / b, element by element. A zero in b gives infinity or NaN.
     static constexpr void VdivV(T* d, T const* a, T const* b, int n) noexcept {
         for (int i = 0; i < n; ++i) d[i] = Round(Wide{a[i]} / Wide{b[i]});
     }
@@ -118,9 +120,9 @@ class LinAlgKernel {
     }
 
     /// Solves a x = b for n unknowns by elimination with partial pivoting; `a` and `b` are overwritten.
-    /// `rows` and `order` are work space of n elements: rows are exchanged through them and not moved.
-    /// `singular` becomes 1, and x stays as it was, when a pivot is exactly 0; there is no tolerance, so a
-    /// nearly singular matrix gives a solution of large numbers.
+    /// `rows` and `order` are work space of n elements: rows are exchanged through indices, not moved. Sets
+    /// `singular` to 1 and leaves x unchanged when a pivot is exactly 0. There is no tolerance: a nearly
+    /// singular matrix gives a solution of large numbers.
     static constexpr void GaussEl(T* b, T* a, T* x, int n, unsigned char& singular, int* rows,
                                   int* order) noexcept {
         singular = 0;
@@ -144,7 +146,7 @@ class LinAlgKernel {
             x[i] = Round(rest / Wide{a[rows[i] + i]});
         }
     }
-    /// The same with work space of its own, which it allocates.
+    /// The same; allocates the work space.
     static void GaussEl(T* b, T* a, T* x, int n, unsigned char& singular) {
         std::vector<int> rows(n > 0 ? static_cast<std::size_t>(n) : 0);
         std::vector<int> order(rows.size());
@@ -153,8 +155,8 @@ class LinAlgKernel {
 
     /// Weighted least squares: minimises the sum of (w[i] times residual i) squared of a x = y, with `rows`
     /// equations in `columns` unknowns. Overwrites `a` and `y`. `normal` (columns x columns), `rhs`, `index1`
-    /// and `index2` (columns) are work space. As many equations as unknowns are solved directly, without the
-    /// weights; with fewer, or a singular system, `ok` becomes 0, else it is 1.
+    /// and `index2` (columns) are work space. A square system is solved directly, without the weights. Sets
+    /// `ok` to 0 for fewer equations than unknowns and for a singular system, else to 1.
     static constexpr void LeastSquareFit(T const* w, T* y, T* a, T* x, int rows, int columns, T* normal,
                                          T* rhs, int* index1, int* index2, unsigned char& ok) noexcept {
         ok = 1;
@@ -208,9 +210,9 @@ class LinAlgKernel {
         for (int i = k + 1; i < n; ++i) {
             Wide const f = -Wide{a[rows[i] + k]} / Wide{a[rows[k] + k]};
             for (int c = k + 1; c < n; ++c) {
-                a[rows[i] + c] = Round(Wide{a[rows[i] + c]} + f * Wide{a[rows[k] + c]});
+                a[rows[i] + c] = Round(Wide{a[rows[i] + c]} + Rounded<Wide>(f * Wide{a[rows[k] + c]}));
             }
-            b[order[i]] = Round(Wide{b[order[i]]} + f * Wide{b[order[k]]});
+            b[order[i]] = Round(Wide{b[order[i]]} + Rounded<Wide>(f * Wide{b[order[k]]}));
         }
     }
 };

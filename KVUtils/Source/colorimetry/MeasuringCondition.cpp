@@ -9,7 +9,7 @@ sv::String PhysicalText(PhysicalConditions const& conditions) {
     return sv::String(conditions.GetActualFilter()) + ',' + sv::String(conditions.GetWBase());
 }
 
-/// Observers that have a text are told apart by it; all others have the same one, the empty text.
+/// Observers with a text compare by it; all others share the empty text.
 ObserverType ByText(ObserverClass const& observer) noexcept {
     ObserverType const type = observer;
     bool const hasText = type == ObserverType::TwoDegrees || type == ObserverType::TenDegrees;

@@ -1,4 +1,4 @@
-// What a measurement and a colour value were made under. `PhysicalConditions` belong to the measurement
+// The conditions of a measurement and of a colour value. `PhysicalConditions` describe the measurement
 // itself; `MeasuringCondition` adds what was chosen for the computation.
 #pragma once
 
@@ -48,12 +48,12 @@ class MeasuringCondition : public PhysicalConditions {
     [[nodiscard]] constexpr ObserverClass const& GetObserver() const noexcept { return observer_; }
     [[nodiscard]] constexpr DStdClass const& GetDStd() const noexcept { return standard_; }
 
-    /// "[illuminant,observer,density standard,filter,white base]", without those of the first three that are
-    /// not set.
+    /// "[illuminant,observer,density standard,filter,white base]"; omits the first three where they are not
+    /// set.
     operator sv::String() const;
 
-    /// Filter and white base by text, illuminant by its own rule, observer by text. The density standard
-    /// takes no part: densities and colours of one measurement are meant to go together.
+    /// Compares filter, white base and observer by text, the illuminant by its own rule. Ignores the density
+    /// standard, so that densities and colours of one measurement have equal conditions.
     friend bool operator==(MeasuringCondition const& a, MeasuringCondition const& b) noexcept;
 
   private:

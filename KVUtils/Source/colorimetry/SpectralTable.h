@@ -41,7 +41,7 @@ template <std::size_t Columns>
     return values;
 }
 
-/// Whether the rows stand in the order of the grid.
+/// Whether the rows are in grid order.
 template <std::size_t Columns>
 [[nodiscard]] constexpr bool FollowsGrid(SpectralTable<Columns> const& table) noexcept {
     for (int k = 0; k < SpectralPoints; ++k) {

@@ -12,7 +12,8 @@ namespace kv {
 class Spectrum18;
 
 /// 36 samples at 380 to 730 nm by 10. Reflectance is a fraction, 1.0 being the perfect white; samples above 1
-/// can occur and are kept. An index outside [0, 35] is the caller's fault and is not checked.
+/// can occur and are kept. Divide percentages by 100 first: 85 counts as 8500 %, without a warning. The index
+/// is not checked.
 class Spectrum : public PhysicalConditions {
   public:
     /// Default conditions, samples 0.
@@ -30,11 +31,11 @@ class Spectrum : public PhysicalConditions {
         : PhysicalConditions(conditions) {
         LinAlg::CopyVector(samples_.data(), samples, SpectralPoints);
     }
-    /// Spreads each of the 18 samples over two, with a slope from its neighbours; the mean of each pair
-    /// stays. An end without a neighbour gets half the slope.
+    /// Spreads each of the 18 samples over two, with a slope from its neighbours; keeps the mean of each
+    /// pair. An end has half the slope.
     explicit Spectrum(Spectrum18 pairs) noexcept;
 
-    /// Sets all samples and leaves the conditions.
+    /// Sets all samples; keeps the conditions.
     constexpr void Init(float value) noexcept { samples_.fill(value); }
 
     [[nodiscard]] constexpr float operator[](int point) const noexcept { return samples_[point]; }
@@ -50,14 +51,13 @@ class Spectrum : public PhysicalConditions {
     }
     /// The largest sample, or 0 when none is above 0.
     [[nodiscard]] float Maximum() const noexcept;
-    /// The same, and the wavelength in nm where it stands: of equal maxima the shortest, 380 when none is
-    /// above 0.
+    /// The same; sets `nm` to its wavelength: of equal maxima the shortest, 380 when none is above 0.
     [[nodiscard]] float Maximum(int& nm) const noexcept;
 
-    /// Adds into this spectrum. Spelled as a binary plus, though it changes its left side: callers rely on
+    /// Adds to this spectrum. Changes its left side although it is spelled as a binary plus; callers rely on
     /// it.
     void operator+(Spectrum const& other) noexcept { LinAlg::VAddV(*this, other, SpectralPoints); }
-    /// Divides this spectrum in place, with the same caution. A zero divisor is not caught.
+    /// Divides this spectrum in place, likewise. A zero divisor gives infinity or NaN.
     void operator/(float divisor) noexcept;
 
   private:

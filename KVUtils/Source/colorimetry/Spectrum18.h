@@ -1,4 +1,4 @@
-// Spectrum18: a spectrum at half the resolution, for callers that store or send many of them.
+// Spectrum18: a spectrum at half the resolution, for storing or sending many spectra.
 #pragma once
 
 #include "KVUtils/Source/colorimetry/MeasuringCondition.h"
@@ -34,12 +34,12 @@ class Spectrum18 : public PhysicalConditions {
     std::array<float, Points> samples_{};
 };
 
-/// Packs a sample of the range [0, 4) into 16 bits. The low bits of the word tell its range, and the
-/// precision falls in steps towards small values.
+/// Packs a sample of the range [0, 4) into 16 bits. The low bits of the word encode its range; precision
+/// decreases in steps toward small values.
 class SpezFloatWord {
   public:
-    /// The word stands in the low 16 bits. A negative sample (and not-a-number) counts as 0, one of 4 or more
-    /// as the largest word.
+    /// The word is in the low 16 bits. A negative sample or NaN counts as 0; a sample of 4 or more gives the
+    /// largest word.
     [[nodiscard]] static unsigned int floatToFloatWord(float value) noexcept;
 };
 

@@ -3,6 +3,7 @@
 #include "KVUtils/Source/colorimetry/CMetry.h"
 #include "KVUtils/Source/colorimetry/LABVector.h"
 #include "KVUtils/Source/colorimetry/detail/CieLab.h"
+#include "KVUtils/Source/colorimetry/detail/Rounded.h"
 
 namespace kv {
 
@@ -11,7 +12,7 @@ XYZVector::XYZVector(Spectrum const& spectrum) noexcept : XYZVector(CMetry::LXYZ
 XYZVector::XYZVector(CMetryFilter& weights, Spectrum const& spectrum) noexcept
     : ColorVector(weights, spectrum) {
     double const sumOfY = weights[1].FilterSumme();
-    for (int i = 0; i < 3; ++i) (*this)[i] = static_cast<float>((*this)[i] / sumOfY * 100);
+    for (int i = 0; i < 3; ++i) (*this)[i] = detail::Rounded<float>((*this)[i] / sumOfY * 100);
 }
 
 XYZVector::XYZVector(LABVector const& lab) noexcept : ColorVector(lab) {

@@ -7,8 +7,7 @@ namespace kv {
 
 class LABVector;
 
-/// X, Y, Z; Y is 100 for the perfect white. A set of weights that sum to 0 gives the infinities and
-/// not-a-numbers of the division.
+/// X, Y, Z; Y is 100 for the perfect white. Weights that sum to 0 give infinity or NaN.
 class XYZVector : public ColorVector {
   public:
     constexpr XYZVector() noexcept = default;
@@ -16,7 +15,7 @@ class XYZVector : public ColorVector {
         : ColorVector(x, y, z, condition) {}
     /// 100 times the weighted sum of the samples over the sum of the Y weights, with the weights in force.
     explicit XYZVector(Spectrum const& spectrum) noexcept;
-    /// The same with these weights, whose sums are brought up to date in passing.
+    /// The same with these weights; updates their cached sums.
     XYZVector(CMetryFilter& weights, Spectrum const& spectrum) noexcept;
     /// The inverse of CIELAB against the white of the weights in force, whatever the vector's own conditions
     /// say.
@@ -29,8 +28,8 @@ class xyYVector : public ColorVector {
     constexpr xyYVector() noexcept = default;
     constexpr xyYVector(float x, float y, float Y, MeasuringCondition const& condition) noexcept
         : ColorVector(x, y, Y, condition) {}
-    /// With the weights in force. The conditions stay the default ones: unlike the other vectors of a
-    /// spectrum, a chromaticity is shown for itself. A black spectrum gives not-a-number.
+    /// With the weights in force. Unlike the other vectors computed from a spectrum, it keeps the default
+    /// conditions. A black spectrum gives NaN.
     explicit xyYVector(Spectrum const& spectrum) noexcept;
 };
 

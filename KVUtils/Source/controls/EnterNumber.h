@@ -7,14 +7,14 @@
 
 namespace kv {
 
-/// However the dialog is closed, the number in its field is the answer: there is no way to cancel it.
+/// The number in the field is the result however the dialog is closed; it can't be cancelled.
 class EnterNumber : public sv::ModalDialog, public RegisterTopWindow {
   public:
-    /// With a field of so many digits.
+    /// With a field of this many digits.
     EnterNumber(sv::Window* parent, sv::String const& title, int digits);
 
-    /// Shows the dialog with `value`, waits until it is closed, and puts the number into `value`. Without a
-    /// display the number stays, even outside the range.
+    /// Shows the dialog with `value`, waits until it is closed, and sets `value` to the number. Without a
+    /// display `value` is unchanged, even outside the range.
     void Edit(double& value, double minimum, double maximum);
 
   private:

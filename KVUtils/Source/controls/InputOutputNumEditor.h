@@ -1,4 +1,4 @@
-// InputOutputNumEditor: a number field that can turn into a plain text, number and unit, for reading alone.
+// InputOutputNumEditor: a number field that can show its number and unit as read-only text.
 #pragma once
 
 #include "KVUtils/Source/controls/NumEditor.h"
@@ -10,7 +10,7 @@ class InputOutputNumEditor : public NumEditor {
     /// 0, in a range of a million to both sides; a field at first.
     InputOutputNumEditor(sv::Window* parent, sv::Point pos, int digits);
 
-    /// 1 shows the text in place of the field, 0 the field.
+    /// 1 shows the text instead of the field, 0 the field.
     void OutputOnly(unsigned char outputOnly);
 
     using NumEditor::Show;

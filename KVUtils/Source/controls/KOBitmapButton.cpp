@@ -64,7 +64,7 @@ sv::Bitmap KOBitmapButton::ChangeBitmap(sv::Bitmap const& bitmap) {
 
 void KOBitmapButton::SetBalloonText(sv::String const& text) {
     balloonText_ = sv::WithoutMnemonic(text);
-    // A screen reader says the help where there is nothing else to say.
+    // Without a text, screen readers read the help.
     if (GetText().IsEmpty()) SetAccessibleName(balloonText_);
 }
 
@@ -82,8 +82,8 @@ void KOBitmapButton::Paint(sv::Rectangle const& area) {
     DrawLabel({gap + face.Width() + gap + shift, (size.Height() - label.Height()) / 2 + shift});
 }
 
-// In pieces, so that the mnemonic can be underlined where it stands. The text is drawn anew at each painting
-// and not once into the picture: so it is as sharp as the screen is.
+// Draws in pieces to underline the mnemonic. The text is not part of the picture, so that it is as sharp as
+// the screen.
 void KOBitmapButton::DrawLabel(sv::Point corner) {
     sv::Font font = GetFont();
     sv::Font const before = font;
@@ -93,15 +93,15 @@ void KOBitmapButton::DrawLabel(sv::Point corner) {
     std::size_t const mark = sv::FindMnemonic(text);
     sv::String const head = text.Copy(0, mark);
     if (!head.IsEmpty()) DrawText(corner, head);
-    if (std::size_t const behind = head.Len() + 1; mark != sv::String::NotFound && behind < text.Len()) {
-        sv::String const letter = text.Copy(behind, 1);
+    if (std::size_t const after = head.Len() + 1; mark != sv::String::NotFound && after < text.Len()) {
+        sv::String const letter = text.Copy(after, 1);
         corner = corner + sv::Point(GetTextSize(head).Width(), 0);
         sv::Size const size = GetTextSize(letter);
         sv::Pen const pen = ChangePen(sv::Pen(font.GetColor()));
         sv::Rectangle const box = sv::Rectangle::Of(corner, size);
         DrawLine({corner.X(), box.BottomRight().Y()}, box.BottomRight());
         ChangePen(pen);
-        DrawText(corner, text.Copy(behind));
+        DrawText(corner, text.Copy(after));
     }
     ChangeFont(before);
 }
@@ -109,7 +109,7 @@ void KOBitmapButton::DrawLabel(sv::Point corner) {
 void KOBitmapButton::MouseMove(sv::MouseEvent const& event) {
     BitmapButton::MouseMove(event);
     bool const isInside = GetArea().IsInside(event.GetPosPixel());
-    // Before the wait: the pointer that leaves meanwhile takes the light away again.
+    // Before the wait, so that a pointer that leaves during the wait ends the highlight.
     LightUp(isInside);
     if (isInside && (GetParent() == nullptr || GetParent()->IsEnabled())) {
         CaptureMouse();
@@ -132,7 +132,7 @@ void KOBitmapButton::WaitForBalloon(sv::MouseEvent const& event) {
     }
     state->isWaiting = false;
     if (state->isGone || state->isWaitCancelled) return;
-    // The pointer may have left without an event, to a window of another program.
+    // The pointer may have left for a window of another program, without an event.
     sv::Point const now = sv::detail::CurrentBackend().PointerPosition();
     if (!GetArea().IsInside(event.GetPosPixel() + (now - before))) return;
     BalloonWindow* const balloon = BalloonWindow::CreateBalloonWindow(this, balloonText_);
@@ -169,7 +169,7 @@ void KOBitmapButton::LoseFocus() {
 void KOBitmapButton::Click() {
     EndBalloon();
     ReleaseMouse();
-    // With the mouse let go, nobody tells that the pointer leaves.
+    // With the mouse released, no event reports that the pointer leaves.
     LightUp(false);
     if (state_->isInClick) return;
     struct Guard {

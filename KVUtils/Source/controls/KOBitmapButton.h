@@ -1,5 +1,5 @@
-// KOBitmapButton: a button with a picture and, beside it, a text; it lights up under the pointer and, when
-// the pointer rests, shows a line of help.
+// KOBitmapButton: a button with a picture and a text beside it. Highlights under the pointer, and shows a
+// line of help when the pointer rests.
 #pragma once
 
 #include "SV/ui/Controls.h"
@@ -8,39 +8,39 @@
 
 namespace kv {
 
-/// Shown at once. While the pointer rests a nested loop runs in `MouseMove`, so a handler may run there that
-/// destroys the button; that is allowed, as it is in the button's own link.
+/// Visible from the start. `MouseMove` runs a nested loop while the pointer rests; handlers that run there
+/// may destroy the button, as its own link may.
 class KOBitmapButton : public sv::BitmapButton {
   public:
     KOBitmapButton(sv::Window* parent, sv::Bitmap const& bitmap, sv::Point position, sv::Size size, long id,
                    long flags, unsigned short style);
-    /// A "~" in the text stands before the letter that presses the button, which is underlined. The last
-    /// argument has no meaning.
+    /// A "~" in the text marks the letter that presses the button, which is underlined. The last argument is
+    /// ignored.
     KOBitmapButton(sv::Window* parent, sv::Bitmap const& bitmap, sv::String const& text, sv::Point position,
                    sv::Size size, long id, long flags, unsigned short style, unsigned char unused = 0);
     ~KOBitmapButton() override;
 
-    // The caller's own.
+    // For the caller's use.
     [[nodiscard]] long& GetId() noexcept { return id_; }
     [[nodiscard]] long& GetFlags() noexcept { return flags_; }
 
     using BitmapButton::Enable;
     void Enable(bool enable) override;
-    /// The picture of the enabled button; the greyed one is made from it. Returns the one before.
+    /// Sets the picture of the enabled button; the disabled one is derived from it. Returns the previous one.
     sv::Bitmap ChangeBitmap(sv::Bitmap const& bitmap);
-    /// An empty text is none. The mark of a mnemonic does not show, so a button's text may serve for its
-    /// help.
+    /// An empty text shows no balloon. Mnemonic marks are removed, so that a button's text can be its help
+    /// too.
     void SetBalloonText(sv::String const& text);
 
     void Paint(sv::Rectangle const& area) override;
     void MouseMove(sv::MouseEvent const& event) override;
     void MouseButtonDown(sv::MouseEvent const& event) override;
     void LoseFocus() override;
-    /// A handler that runs a loop of its own is not entered again by a second click.
+    /// A second click does not enter a handler that runs a nested loop.
     void Click() override;
 
   private:
-    /// What a nested loop looks at when it goes on, and outlives the button.
+    /// State that a nested loop checks when it continues; outlives the button.
     struct State {
         bool isInClick = false;
         bool isWaiting = false;

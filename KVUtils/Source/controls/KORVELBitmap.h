@@ -1,5 +1,5 @@
-// KORVELBitmap: a picture with what the faces of buttons need: a margin, a ground of another colour, and a
-// greyed form. A finer copy for screens of high density goes along.
+// KORVELBitmap: a picture for button faces, with a margin, another background colour and a greyed form. A
+// finer copy for screens of high density is changed with it.
 #pragma once
 
 #include "SV/ui/Drawing.h"
@@ -14,13 +14,13 @@ class KORVELBitmap : public sv::Bitmap {
     /// Loads the picture and gives it a margin.
     KORVELBitmap(sv::ResId const& id, sv::Brush const& brush, int left, int right, int top, int bottom);
 
-    /// Puts the picture on a ground in the brush's colour that is so many pixels larger on each side. The
-    /// colour of the picture's own top left pixel becomes that ground, too.
+    /// Enlarges the picture by a margin in the brush's colour. Pixels in the colour of the picture's own top
+    /// left pixel get the brush's colour too.
     void SetColorUndVergroesserung(sv::Brush const& brush, int left, int right, int top, int bottom);
-    /// Each pixel of the colour that the pixel at `place` has becomes the brush's colour.
+    /// Gives the brush's colour to every pixel that has the colour of the pixel at `place`.
     void SetBackground(sv::Brush const& brush, sv::Point const& place);
-    /// Greys the picture: every second pixel of every second row becomes the colour of the top left one,
-    /// which counts as the ground; of the others, those in another colour become grey.
+    /// Greys the picture: every second pixel of every second row gets the colour of the top left pixel, the
+    /// background; other pixels that differ from the background become grey.
     void Inaktiv();
 };
 

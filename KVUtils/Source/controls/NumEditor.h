@@ -1,62 +1,61 @@
-// NumEditor: a field for a number, with arrows that walk a ladder of preferred numbers and a unit behind
-// them.
+// NumEditor: a field for a number, with arrows that step along a ladder of preferred numbers, and a unit.
 #pragma once
 
 #include "SV/ui/Controls.h"
 
 namespace kv {
 
-/// A text that is no number is left to stand while it is typed, and repaired when the field is left: a number
-/// outside the range becomes the nearest of it, anything else the number that the program set last.
+/// Accepts any text while the user types, and corrects it when the field loses the focus: a number outside
+/// the range becomes the nearest one inside, and any other text the number that the program set last.
 ///
-/// Arrows and unit are windows beside the field, children of its parent.
+/// Arrows and unit are children of the field's parent.
 class NumEditor : public sv::Edit {
   public:
-    /// The field is as wide as `digits` zeros, at `pos` in its parent; shown.
+    /// A visible field at `pos` in its parent, as wide as `digits` zeros.
     NumEditor(sv::Window* parent, sv::Point pos, double value, double minimum, double maximum, int digits);
-    /// 0, in a range of a million to both sides.
+    /// Value 0, range -1,000,000 to 1,000,000.
     NumEditor(sv::Window* parent, sv::Point pos, int digits);
 
     [[nodiscard]] double getValue() const noexcept { return value_; }
     void getRange(double& min, double& max) const noexcept;
-    /// Outside the range, too. The link is not called.
+    /// Accepts values outside the range. Does not call the link.
     void setValue(double value);
-    /// The value stays until the next step or typed text, even outside the range.
+    /// Keeps the value, even outside the range, until the next step or typed text.
     void setRange(double minimum, double maximum) noexcept;
     void setUnit(sv::String const& unit);
 
     /// The distance from zero at which the arrows cross to the other sign, 0.0001 at first.
     void ChangeMinimalStep(double step) noexcept { minimalStep_ = step; }
-    /// The decimals of the next number that is shown, 3 at first. With 0 the zeros at the end of the number
-    /// itself go as well, see `detail::ShownNumber`.
+    /// The decimals of the next number that is shown, 3 at first. With 0, trailing zeros of the number itself
+    /// are removed as well: 100 shows as "1".
     void ChangeResolution(int decimals) noexcept { resolution_ = decimals; }
-    /// The arrows count by one from now on.
+    /// Makes the arrows count by one.
     void IntegerMode() noexcept { isInteger_ = true; }
-    /// 1 stops the arrows, 0 lets them go on.
+    /// 1 stops the arrows, 0 enables them again.
     void SetStopUpDown(unsigned char stop) noexcept { isStopped_ = stop != 0; }
-    /// Called with the editor at each step, at each key that leaves a number of the range, and when a changed
-    /// field is left. Returns the link before.
+    /// Called with the editor at each step, at each key after which the text is a number in the range, and
+    /// when a changed field loses the focus. Returns the previous link.
     sv::Link ChangeValueChangedHdl(sv::Link const& link) noexcept;
 
-    /// Moves all parts. The earlier position.
+    /// Moves all parts. Returns the previous position.
     sv::Point ChangePosPixel(sv::Point position) override;
     using Edit::Enable;
     using Edit::Show;
-    /// Field and arrows, and the unit unless it is empty; hides all.
+    /// Shows field, arrows and the unit unless it is empty; hides all.
     void Show(bool visible) override;
     /// Field and arrows.
     void Enable(bool enable) override;
     void ToTop();
 
-    /// The keys up and down, and the wheel, step as the arrows do.
+    /// The up and down keys and the wheel step as the arrows do.
     void WasSpun(bool up) override;
 
   protected:
-    /// The number as the field shows it, in the form of the locale.
+    /// The number as the field shows it, with the locale's separator.
     [[nodiscard]] sv::String myString(double value) const;
     virtual void showAktValue();
     [[nodiscard]] sv::String const& GetUnit() const noexcept { return unit_.GetText(); }
-    /// Of so many zeros.
+    /// The size of this many zeros.
     [[nodiscard]] sv::Size SizeOfDigits(int digits) const;
 
   private:

@@ -1,5 +1,5 @@
-// RegisterTopWindow: which window is in front, so that boxes know what to stand over. Dialogs derive from it;
-// it belongs to the main thread.
+// RegisterTopWindow: keeps track of the top window, the parent for boxes. Dialogs derive from it. Main thread
+// only.
 #pragma once
 
 #include "SV/core/Application.h"
@@ -8,14 +8,14 @@ namespace kv {
 
 class RegisterTopWindow {
   public:
-    /// Makes the window the one in front; the one before is remembered. Not owned.
+    /// Makes the window the top one and remembers the previous one. Neither is owned.
     explicit RegisterTopWindow(sv::Window* window) noexcept;
-    /// The one before is in front again. Objects are destroyed in the reverse order of their making.
+    /// Restores the previous window. Destroy objects in reverse order of construction.
     ~RegisterTopWindow();
     RegisterTopWindow(RegisterTopWindow const&) = delete;
     RegisterTopWindow& operator=(RegisterTopWindow const&) = delete;
 
-    /// The window in front, or the application's where none is registered; null without either.
+    /// The top window, or the application's window if none is registered; null without either.
     [[nodiscard]] static sv::Window* GetActiveTopWindow() noexcept;
 
   private:

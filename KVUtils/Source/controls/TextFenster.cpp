@@ -21,7 +21,7 @@ namespace {
 
 constexpr std::size_t LongestLine = 1000;
 
-// What programs know the buttons by.
+// Programs find the buttons by these flags.
 constexpr long CloseFlag = 1;
 constexpr long PrintFlag = 32;
 
@@ -34,7 +34,7 @@ constexpr int CoutWidth = 600;
 constexpr int CoutHeight = 440;
 
 std::unique_ptr<TextFenster>& StandardOutput() {
-    // Not destroyed at the end of the process, when its window system has gone.
+    // Not destroyed when the process exits, as the window system may be gone by then.
     static auto& window = *new std::unique_ptr<TextFenster>;
     return window;
 }
@@ -100,7 +100,7 @@ void TextFenster::AnzeigenUndWarten(unsigned char evenIfEmpty) {
     isClosed_ = 0;
     if (IsEmpty() != 0 && evenIfEmpty == 0) return;
     Show();
-    // A turn of the loop waits by itself where nothing happens.
+    // `Reschedule` waits while nothing happens.
     while (isClosed_ == 0 && sv::detail::CurrentBackend().HasDisplay()) sv::Application::Reschedule();
 }
 

@@ -1,4 +1,4 @@
-// TextFenster: a window that shows lines of text: messages, a file, or what a program would print.
+// TextFenster: a window that shows lines of text: messages, a file, or a program's output.
 #pragma once
 
 #include "KVUtils/Source/controls/KOBitmapButtonBar.h"
@@ -9,31 +9,31 @@
 
 namespace kv {
 
-/// Hidden until it is asked for. It stays when its close button is pressed: that only ends the waiting, and
-/// whoever waited decides what becomes of the window.
+/// Hidden at first. The close button does not hide it: it only ends the waiting, and the waiting caller
+/// decides what to do with the window.
 class TextFenster : public sv::ModelessDialog {
   public:
-    /// Of so many pixels; right of and below the parent, which may be null.
+    /// A window of this size in pixels, right of and below the parent, which may be null.
     TextFenster(sv::Window* parent, sv::String const& title, int width, int height);
 
-    /// Adds a button that prints the lines, with a head line and a foot note, on the printer that
-    /// `MyPrinter::CreateMyPrinter` has made; without one it does nothing.
+    /// Adds a button that prints the lines, with a head line and a foot note, on the printer made by
+    /// `MyPrinter::CreateMyPrinter`; without one it does nothing.
     void EnablePrinting();
 
     /// Adds a line at the end and scrolls it into view.
     void AddLine(sv::String const& line);
     [[nodiscard]] unsigned char IsEmpty() const;
     void Clear();
-    /// Adds the name to the title, and the lines of the file, those over 1000 characters in pieces. A file
-    /// that does not open is told in a box.
+    /// Appends the name to the title, and the lines of the file, splitting those over 1000 characters. Shows
+    /// a box if the file can't be opened.
     void DateiAnzeigen(sv::String const& fileName);
-    /// Shows the window and waits for the close button in a nested loop. Returns at once without a line, if
-    /// `evenIfEmpty` is 0, and without a display.
+    /// Shows the window and waits for the close button in a nested loop. Returns at once without a display,
+    /// and if the window is empty and `evenIfEmpty` is 0.
     void AnzeigenUndWarten(unsigned char evenIfEmpty);
-    /// Each line feed ends a line. What stands behind the last one waits for the next text, whichever window
-    /// that is for. Shows the window.
+    /// Adds the text; each line feed ends a line. The rest after the last line feed is kept for the next
+    /// text, which all windows share. Shows the window.
     TextFenster& operator<<(sv::String const& text);
-    /// Writes each line, with a line feed. Always 1.
+    /// Writes each line with a line feed. Always returns 1.
     unsigned char CopyToFile(std::FILE* file) const;
 
     /// The standard output window, made hidden; one at a time.

@@ -1,4 +1,4 @@
-// WINDOWPL: where windows stand, and the balloon help beside a button. All of it belongs to the main thread.
+// WINDOWPL: window placement, and balloon help beside a button. Main thread only.
 #pragma once
 
 #include "KVUtils/Source/frame/KVSingleton.h"
@@ -6,12 +6,12 @@
 
 namespace kv {
 
-/// Puts a window where it should stand; its work is done when it is made.
+/// Places a window; the constructor does all the work.
 class WindowPlacer {
   public:
-    /// The bits of `flags`, of which the last one that applies decides: 1 centres on the reference, or on the
-    /// screen when that is null; 2 centres on the screen; 4 goes 20 pixels right of and below the reference.
-    /// The window never hangs over the right or bottom edge of the screen. A null window is reported by
+    /// The last of the bits of `flags` that applies decides: 1 centres on the reference, or on the screen
+    /// when that is null; 2 centres on the screen; 4 places it 20 pixels right of and below the reference.
+    /// The window never extends past the right or bottom edge of the screen. A null window is reported by
     /// `Check::POINTER`, which throws.
     WindowPlacer(sv::Window* reference, sv::Window* window, long flags);
 };
@@ -19,10 +19,10 @@ class WindowPlacer {
 /// A line of help beside a button, at most one at a time. Hidden at first.
 class BalloonWindow : public sv::Window, public KVSingleton {
   public:
-    /// Takes the place of any older balloon. Not one of the services that end with the application: whoever
-    /// makes a balloon deletes it, the button by itself. The button needs a parent.
+    /// Replaces any earlier balloon. Unlike the services, it is not deleted with the application: its creator
+    /// deletes it, as `KOBitmapButton` does. The button must have a parent.
     static BalloonWindow* CreateBalloonWindow(sv::Window* button, sv::String const& text);
-    /// Null when none stands.
+    /// Null if there is none.
     [[nodiscard]] static BalloonWindow* Instance();
     /// Hides and deletes the balloon, if there is one.
     static void DeleteBalloonWindow();
@@ -31,7 +31,7 @@ class BalloonWindow : public sv::Window, public KVSingleton {
     /// Whether buttons show their help: 0 or 1, 1 at first.
     static void SetBalloonActive(unsigned char active) noexcept { isActive_ = active; }
     [[nodiscard]] static unsigned char IsBalloonActive() noexcept { return isActive_; }
-    /// Whether a balloon stands.
+    /// Whether there is a balloon.
     [[nodiscard]] static bool Exists() noexcept { return instance_ != nullptr; }
 
   protected:

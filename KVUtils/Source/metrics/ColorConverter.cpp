@@ -22,7 +22,8 @@ std::uint16_t Channel(double value) noexcept {
     return value < LargestChannel ? static_cast<std::uint16_t>(value) : LargestChannel;
 }
 
-/// The hue in whole degrees. 57 and not 180 / pi: meant, the limits between the names were set with it.
+/// The hue in whole degrees. Intentional: 57 and not 180 / pi, since the limits between the names were set
+/// with it.
 int HueOf(double a, double b) noexcept {
     constexpr double degreesPerRadian = 57.0;
     if (std::isnan(a) || std::isnan(b) || (a == 0 && b == 0)) return NoHue;
@@ -100,7 +101,7 @@ sv::Bitmap ColorConverter::BuildBitmap(sv::Brush const& brush, sv::Size const& s
     sv::VirtualDevice device(size);
     device.ChangeFillInBrush(brush);
     device.ChangePen(sv::Pen(sv::ColorOf(sv::ColorName::Black), 1));
-    // A far corner at 0 stands for an area without extent.
+    // A far corner at 0 is an area without extent.
     int const right = size.Width() - 2;
     int const bottom = size.Height() - 2;
     if (right > 0 && bottom > 0) device.DrawRect({{1, 1}, {right, bottom}});

@@ -10,18 +10,18 @@
 
 namespace kv {
 
-/// The number of a colour name, 0 to 15, in the text group "FarbTexte".
+/// The number of a colour name in the text group "FarbTexte", 0 to 15.
 enum FarbNummerType : int {};
 
 class ColorConverter {
   public:
     ColorConverter() = delete;
 
-    /// Channels from 0 to 65535; what lies outside is clipped, here and below.
+    /// Channels from 0 to 65535, clipped, here and below.
     [[nodiscard]] static sv::Color RGBToColor(RGBVector const& rgb) noexcept;
     /// From percentages of C, M, Y, K: each channel is the light less its ink and less black.
     [[nodiscard]] static sv::Color CMYKToColor(float const* cmyk) noexcept;
-    /// As `RGBVector` does it. One operation under two names.
+    /// By way of `RGBVector`. One operation under two names.
     [[nodiscard]] static sv::Color SpectrumToColor(Spectrum const& spectrum) noexcept;
     [[nodiscard]] static sv::Color ConvertSpectrumToColor(Spectrum const& spectrum) noexcept;
 
@@ -31,8 +31,8 @@ class ColorConverter {
 
     /// The size of a swatch where none is given, in pixels.
     static constexpr sv::Size SwatchSize{20, 20};
-    // A swatch of the colour: within a frame of white and one of black, a pixel each. White alone where there
-    // is room for the frames only.
+    // A swatch of the colour within a white and a black frame of one pixel each; all white where only the
+    // frames would fit.
     [[nodiscard]] static sv::Bitmap SpectrumToBitmap(Spectrum const& spectrum,
                                                      sv::Size const& size = SwatchSize);
     [[nodiscard]] static sv::Bitmap LabToBitmap(LABVector const& lab, sv::Size const& size = SwatchSize);
@@ -42,7 +42,7 @@ class ColorConverter {
     [[nodiscard]] static sv::String Farbzuordnung(Spectrum const& spectrum);
     [[nodiscard]] static sv::String Farbzuordnung(LABVector const& lab);
     /// The number of the colour's name: 13 to 15 for the neutrals from light to dark, 1 to 12 by hue, and 0
-    /// for the hues near red and for what is not a number.
+    /// for the hues near red and for NaN.
     [[nodiscard]] static FarbNummerType FarbNummer(LABVector const& lab) noexcept;
 
   private:

@@ -52,7 +52,6 @@ float DeltaE::CMC(XYZVector const& sample, XYZVector const& standard, float l, f
 }
 
 float DeltaE::FMCII(XYZVector const& sample, XYZVector const& standard) noexcept {
-    constexpr float undefined = 99999.99F;
     double const X = standard[0], Y = standard[1], Z = standard[2];
     double const X1 = sample[0], Y1 = sample[1], Z1 = sample[2];
 
@@ -68,8 +67,8 @@ float DeltaE::FMCII(XYZVector const& sample, XYZVector const& standard) noexcept
     double const dS = 0.686 * Z1 - S;
 
     double const P2 = P * P, Q2 = Q * Q, R2 = P2 + Q2;
-    if (!(R2 > 0)) return undefined;
-    if (!(Y > 0) && !(Z > 0)) return undefined;
+    if (!(R2 > 0)) return Undefined;
+    if (!(Y > 0) && !(Z > 0)) return Undefined;
     double const A2 = 1.73e-05 * R2 / (1 + 2.73 * P2 * Q2 / (P2 * P2 + Q2 * Q2));
     double const B2 = 0.0003098 * (S * S + 0.2015 * Y * Y);
     double const V = P * dP + Q * dQ;

@@ -20,7 +20,7 @@ DensityVector::DensityVector(Spectrum const& spectrum, bool relative) noexcept
             if (sums[i] != 0) (*this)[i] = static_cast<float>((*this)[i] + std::log10(white[i]));
         }
     } else {
-        // The visual weights sum to 100; relative to a white that factor cancels by itself.
+        // The visual weights sum to 100; relative to a white that factor cancels.
         (*this)[0] = static_cast<float>((*this)[0] + 2.0);
     }
 }

@@ -19,17 +19,17 @@ class DensityVector : public MeasuringCondition {
     constexpr explicit DensityVector(MeasuringCondition const& condition) noexcept
         : MeasuringCondition(condition) {}
     /// D = -log10 of the filtered reflectance (ISO 5-3), with the filters in force. With `relative` and a
-    /// paper white in force, the white's density is subtracted. A filtered sum of exactly 0 gives density 0
-    /// and a negative one not-a-number; a white that is 0 in a whole channel gives minus infinity.
+    /// paper white in force, the white's density is subtracted. A filtered sum of exactly 0 gives density 0,
+    /// the visual one without a white 2, where infinity might be expected; a negative sum gives NaN, and a
+    /// white that is 0 in a whole channel minus infinity.
     DensityVector(Spectrum const& spectrum, bool relative) noexcept;
 
-    /// An index outside [0, 3] is not checked.
+    /// The index is not checked.
     [[nodiscard]] constexpr float operator[](int channel) const noexcept { return density_[channel]; }
     [[nodiscard]] constexpr float& operator[](int channel) noexcept { return density_[channel]; }
 
-    /// The channel that this colour is judged by: that of the largest of densities 1 to 3, or 0 (visual) when
-    /// that is below 0.01, or so close to the smallest (above 70 percent of it) that the colour counts as
-    /// neutral.
+    /// The channel to judge this colour by: that of the largest of densities 1 to 3, or 0 (visual) if the
+    /// largest is below 0.01 or the smallest above 70 percent of it, which makes the colour a neutral one.
     [[nodiscard]] int AutoFilter() const noexcept;
 
   private:

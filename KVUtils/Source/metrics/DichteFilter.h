@@ -9,11 +9,11 @@
 namespace kv {
 
 /// 0 visual, 1 red (for cyan), 2 green (for magenta), 3 blue (for yellow). The visual weights sum to 100 and
-/// the others to 1: the density of a spectrum makes up for it.
+/// the others to 1; `DensityVector` allows for it.
 class DichteFilter {
   public:
-    /// The filters of a standard (ISO 5-3 status densities, DIN, SPI). ANSI M, DS1 and unknown values have
-    /// the visual filter only, the others staying 0: that is the table as it is meant.
+    /// The filters of a standard (ISO 5-3 status densities, DIN, SPI). Intentional: ANSI M, DS1 and unknown
+    /// values have the visual filter only; the others are 0.
     explicit DichteFilter(DStdType standard) noexcept;
 
     [[nodiscard]] DStdClass GetDStd() const noexcept { return standard_; }

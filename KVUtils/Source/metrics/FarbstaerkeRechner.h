@@ -12,7 +12,7 @@ class FarbstaerkeRechner {
     FarbstaerkeRechner(KSSpectrum const& reference, KSMethodeType method) noexcept;
 
     /// The strength of a sample (reflectances) on the reference's paper as a ratio: 1.0 is equal strength. At
-    /// most 9.999. By the maximum method it is read at the reference's wavelength, not at the sample's own
+    /// most 9.999. The maximum method reads the sample at the reference's wavelength, not at the sample's own
     /// maximum.
     [[nodiscard]] float DS(Spectrum const& sample) const noexcept;
 

@@ -9,7 +9,7 @@ namespace kv {
 /// Every other value counts as plain.
 enum class KSFarbartType : int { Power = 0, CorrectedKubelkaMunk = 1, KubelkaMunk = 2 };
 
-/// What a K/S spectrum is rated by: its value at the wavelength of the maximum, or its weighted mean. Every
+/// How a K/S spectrum is rated: by its value at the wavelength of the maximum, or by its weighted mean. Every
 /// value but 1 counts as maximum.
 enum class KSMethodeType : int { Maximum = 0, WeightedMean = 1 };
 

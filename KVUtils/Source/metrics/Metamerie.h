@@ -1,4 +1,4 @@
-// Metamerism: how far two colours that match under one light are apart under another.
+// Metamerism: how far two colours that match under one illuminant differ under another.
 #pragma once
 
 #include "KVUtils/Source/colorimetry/CMetryFilter.h"
@@ -8,13 +8,13 @@
 
 namespace kv {
 
-/// A metamerism index with the two lights that it belongs to.
+/// A metamerism index with its two illuminants.
 class Metamerie {
   public:
     Metamerie(float index, IllumClass const& reference, IllumClass const& test) noexcept
         : index_(index), reference_(reference), test_(test) {}
 
-    /// A CIELAB difference under the test light; 0 for a sample whose match holds.
+    /// A CIELAB difference under the test illuminant; 0 for a sample that still matches.
     [[nodiscard]] float GetIndex() const noexcept { return index_; }
     [[nodiscard]] IllumClass const& GetReference() const noexcept { return reference_; }
     [[nodiscard]] IllumClass const& GetTest() const noexcept { return test_; }
@@ -28,8 +28,8 @@ class Metamerie {
     IllumClass test_;
 };
 
-/// Judges samples against one standard under two lights, with a multiplicative correction of the mismatch
-/// that remains under the reference light (CIE 15, special metamerism index).
+/// Compares samples with one standard under two illuminants, with a multiplicative correction of the
+/// difference that remains under the reference illuminant (CIE 15, special metamerism index).
 class MetamerieRechner {
   public:
     MetamerieRechner(Spectrum const& standard, CMetryFilter const& reference,
@@ -37,10 +37,10 @@ class MetamerieRechner {
     MetamerieRechner(Spectrum const& standard, IllumClass const& reference, IllumClass const& test,
                      ObserverClass const& observer);
 
-    /// A sample with a tristimulus value of exactly 0 under the reference light is judged without correction.
+    /// A sample with a tristimulus value of exactly 0 under the reference illuminant is not corrected.
     [[nodiscard]] Metamerie RechneMetamerie(Spectrum const& sample) noexcept;
 
-    /// The weights of the test light, owned by this object.
+    /// The weights of the test illuminant, owned by this object.
     [[nodiscard]] CMetryFilter* FilterTestlicht() noexcept { return &test_; }
 
   private:

@@ -9,9 +9,9 @@ namespace kv {
 /// standard in force. A fraction, 0 for the paper and 1 for the solid; not a percentage, and not clamped.
 class Phi {
   public:
-    /// `filterIndex` is 0 visual, 1 red, 2 green or 3 blue and is not checked. The white is the response that
-    /// `CMetry::EnterWhite` stored last, also after the white has been withdrawn: strips that are being
-    /// measured rely on it. 0 when the solid is not darker than the white.
+    /// `filterIndex` is 0 visual, 1 red, 2 green or 3 blue and is not checked. Intentional: the white is the
+    /// response that `CMetry::EnterWhite` stored last, also after the white was withdrawn; strips being
+    /// measured rely on it. 0 if the solid is not darker than the white, and so before any white is entered.
     Phi(int filterIndex, Spectrum const& tone, Spectrum const& solid) noexcept;
 
     [[nodiscard]] operator float() const noexcept { return result_; }

@@ -1,4 +1,4 @@
-// What a plot is told of its axes, its cursor and its scaling.
+// The axes, the cursor and the scaling of a plot.
 #pragma once
 
 #include "SV/core/String.h"
@@ -7,7 +7,7 @@
 
 namespace kv {
 
-/// What stands at the cursor's position.
+/// What the cursor shows at its position.
 enum CursorType : int {
     CURSOR_NONE = 0,
     CURSOR_LINE = 1,    // a vertical line
@@ -35,7 +35,7 @@ class AxisData {
     [[nodiscard]] constexpr float GetMaximum() const noexcept { return maximum_; }
     /// The distance between two major ticks.
     [[nodiscard]] constexpr float GetStep() const noexcept { return step_; }
-    /// How many minor ticks stand between two major ones.
+    /// The number of minor ticks between two major ones.
     [[nodiscard]] constexpr int GetSubdivisions() const noexcept { return subdivisions_; }
     /// Pixels added to every coordinate of this axis, and the position of the other axis' line.
     [[nodiscard]] constexpr int GetPixelOffset() const noexcept { return pixelOffset_; }
@@ -57,7 +57,7 @@ class AxisData {
     int pixelOffset_ = 0;
 };
 
-/// What is written at an axis.
+/// The title and the labels of an axis.
 class AxisText {
   public:
     /// No title, and tick labels without decimals.
@@ -65,7 +65,7 @@ class AxisText {
     AxisText(sv::String title, int decimals) : title_(std::move(title)), decimals_(decimals) {}
 
     [[nodiscard]] sv::String const& GetTitle() const noexcept { return title_; }
-    /// How many digits the tick labels have behind the point.
+    /// The decimals of the tick labels.
     [[nodiscard]] int GetDecimals() const noexcept { return decimals_; }
 
     void SetTitle(sv::String title) noexcept { title_ = std::move(title); }

@@ -14,43 +14,43 @@ namespace kv {
 /// How a curve is drawn.
 enum DiagramType : int {
     DIAGRAM_CROSSES = 0,  // a cross at each point
-    DIAGRAM_WIDE = 1,     // nothing yet but a wide pen
+    DIAGRAM_WIDE = 1,     // a wide pen and nothing else yet
     DIAGRAM_LINE = 2,     // a line from point to point
 };
 
-/// The container's entries are `fPoint`s. Those that the curve made are freed by it, also when they were
-/// taken out of the container; a point that is put in by the container's own operations stays its caller's.
+/// The container's entries are `fPoint`s. The curve frees the points that it made, also after they were
+/// removed from the container; a point inserted by the container's own operations stays the caller's.
 class Curve : public sv::Container {
   public:
     /// `count` points with equidistant X from `xStart` on, in steps of (xEnd - xStart) / (count - 1) rounded
-    /// to `float`, so the last X may miss `xEnd` by a rounding; the X of a single point is not a number. A
-    /// count of 0 or less makes an empty curve, here and below.
+    /// to `float`, so the last X may miss `xEnd` by a rounding; the X of a single point is NaN. A count of 0
+    /// or less makes an empty curve, here and below.
     Curve(float xStart, float xEnd, float const* y, int count, sv::Color color, DiagramType type);
     Curve(float const* x, float const* y, int count, sv::Color color, DiagramType type);
 
-    /// Points of its own, equal to those of `other`.
+    /// Copies the points.
     Curve(Curve const& other);
-    /// From here on both curves refer to the same points, until points are put in or taken out: callers rely
-    /// on it, and who wants points of its own copies by construction. References to the points that this
-    /// curve had before stay valid as long as it lives.
+    /// Shares the points of `other` until points are inserted or removed: callers rely on it; use the copy
+    /// constructor for separate points. References to earlier points of this curve stay valid as long as it
+    /// exists.
     Curve& operator=(Curve const& other);
     ~Curve() = default;
 
-    /// Puts a copy of the point at a position, or at the end for `End` and any position past the last.
+    /// Inserts a copy of the point at a position, or at the end for `End` and any position past the last.
     void AddPoint(fPoint const* point, unsigned long position);
 
-    /// The point at this index, which must be in the curve.
+    /// The point at this index, which must exist.
     [[nodiscard]] fPoint& GetPoint(int index) { return *At(static_cast<unsigned long>(index)); }
     [[nodiscard]] fPoint const& GetPoint(int index) const { return *At(static_cast<unsigned long>(index)); }
     [[nodiscard]] DiagramType GetCurveType() const noexcept { return type_; }
     [[nodiscard]] sv::Color GetCurveColor() const noexcept { return color_; }
 
-    /// The Y of the first point whose X is exactly `x`; not-a-number when there is none. Never interpolates.
+    /// The Y of the first point whose X is exactly `x`; NaN when there is none. Never interpolates.
     [[nodiscard]] float GetFktVal(float x) const noexcept;
 
-    /// The whole point with the extreme coordinate, of equal ones the first. The maxima start from (0, 0),
-    /// which is the answer when no coordinate is above 0: meant, automatic scales build on it. The minima of
-    /// an empty curve are the largest finite `float` in both coordinates.
+    /// The whole point with the extreme coordinate, of equal ones the first. Intentional: the maxima start
+    /// from (0, 0), the result when no coordinate is above 0; automatic scales rely on it. The minima of an
+    /// empty curve are the largest finite `float` in both coordinates.
     [[nodiscard]] fPoint GetMinXPoint() const noexcept;
     [[nodiscard]] fPoint GetMaxXPoint() const noexcept;
     [[nodiscard]] fPoint GetMinYPoint() const noexcept;
@@ -66,7 +66,7 @@ class Curve : public sv::Container {
     [[nodiscard]] fPoint Best(fPoint best, IsBetter isBetter) const noexcept;
 
     std::shared_ptr<Pool> own_ = std::make_shared<Pool>();
-    std::set<std::shared_ptr<Pool>> taken_;  // by assignment
+    std::set<std::shared_ptr<Pool>> taken_;  // pools shared by assignment
     sv::Color color_;
     DiagramType type_;
 };

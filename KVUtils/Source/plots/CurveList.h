@@ -1,5 +1,5 @@
 // CurveList: the curves of a plot in the order of drawing. Like every container of the toolkit it does not
-// own what it holds: who puts a curve in deletes it.
+// own its entries: the caller that inserts a curve deletes it.
 #pragma once
 
 #include "KVUtils/Source/plots/Curve.h"
@@ -7,7 +7,7 @@
 
 namespace kv {
 
-/// The toolkit's container with the type of its entries put in; every operation answers as it does there.
+/// The toolkit's container with typed entries; operations return what they return there.
 class CurveList : public sv::Container {
   public:
     explicit CurveList(unsigned short initialSize = 16, unsigned short growth = 16)

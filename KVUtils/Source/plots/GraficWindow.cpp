@@ -14,7 +14,7 @@ namespace {
 constexpr int CrossArm = 3;
 constexpr std::uint16_t WideWidth = 3;
 
-/// Another pen for a while.
+/// Changes the pen for a scope.
 class PenChange {
   public:
     PenChange(sv::OutputDevice& device, sv::Pen const& pen)
@@ -112,7 +112,7 @@ void GraficWindow::DrawYAxis(sv::OutputDevice& device) const {
 }
 
 void GraficWindow::DrawCurve(sv::OutputDevice& device, Curve const& curve) const {
-    // Meant: a wide curve sets its pen and draws nothing.
+    // Intentional: a wide curve sets its pen and draws nothing.
     std::uint16_t const width = curve.GetCurveType() == DIAGRAM_WIDE ? WideWidth : 1;
     PenChange const pen(device, sv::Pen(curve.GetCurveColor(), width));
     sv::Point before;

@@ -1,7 +1,7 @@
 // GraficWindow: a plot without text: two axes with ticks, curves, and a cursor.
 //
-// It draws in pixels from the bottom left, y growing upward. Changing axes or curves asks for no painting:
-// the caller invalidates, or sets the cursor, which does.
+// Draws in pixels from the bottom left, y growing upward. Changing axes or curves does not repaint: call
+// `Invalidate` or `SetCursor`, which does.
 #pragma once
 
 #include "KVUtils/Source/plots/AxisData.h"
@@ -23,7 +23,7 @@ class GraficWindow : public sv::Window {
     void AddCurve(Curve const& curve);
     /// Null past the last.
     [[nodiscard]] Curve* GetCurve(int index) noexcept;
-    /// The window deletes the curves in it.
+    /// The window deletes the curves in the list.
     [[nodiscard]] CurveList* GetCurveList() noexcept { return &curves_; }
     void DeleteAllCurve() noexcept;
 
@@ -34,22 +34,22 @@ class GraficWindow : public sv::Window {
     [[nodiscard]] AxisData const* GetXAxisData() const noexcept { return &x_; }
     [[nodiscard]] AxisData const* GetYAxisData() const noexcept { return &y_; }
 
-    /// `curve` is the index of the curve that a marker or cross stands on; there `x` has to be one of its
-    /// own. Without such a curve or point no cursor shows.
+    /// `curve` is the index of the curve that a marker or cross is drawn on; `x` must then be the X of one of
+    /// its points. Without such a curve or point no cursor shows.
     void SetCursor(float x, CursorType type, int curve);
 
-    /// The pixel of a point, which may lie outside. An axis whose range is 0 or reversed has all values at
-    /// its pixel offset.
+    /// The pixel of a point, which may lie outside. With a range of 0 or a reversed one all values are at the
+    /// pixel offset.
     [[nodiscard]] sv::Point GetLogicToPixel(fPoint point) const noexcept;
 
-    /// Called with the window when the pointer moves over it. Returns the link before.
+    /// Called with the window when the pointer moves over it. Returns the previous link.
     sv::Link ChangePointerHdl(sv::Link const& link) noexcept;
-    /// Where the pointer was last, as a value on the X axis.
+    /// The last position of the pointer, as a value on the X axis.
     [[nodiscard]] float GetPointerX() const noexcept { return pointerX_; }
 
     void Resize() override;
     void MouseMove(sv::MouseEvent const& event) override;
-    /// Draws everything, whatever the area.
+    /// Draws the whole plot, whatever the area.
     void Paint(sv::Rectangle const& area) override;
 
   private:
@@ -64,14 +64,14 @@ class GraficWindow : public sv::Window {
     int cursorCurve_ = 0;
     float pointerX_ = 0;
     sv::Link pointer_;
-    CurveList curves_;  // owned, also those that a caller puts in
+    CurveList curves_;  // owned, also those that a caller inserts
     AxisData x_;
     AxisData y_;
 };
 
 namespace detail {
 
-/// Has a window count its pixels from the bottom left, y growing upward.
+/// Makes a window count its pixels from the bottom left, y growing upward.
 void CountUpward(sv::Window& window);
 
 }  // namespace detail

@@ -20,7 +20,7 @@ void PlotWindow::Resize() {
     diagram_.SetPosSizePixel(position, size);
 }
 
-// The diagram is a window of its own, and is painted after this one.
+// The toolkit paints the diagram, a child window, after this one.
 void PlotWindow::Paint(sv::Rectangle const& /*area*/) { CommonPaint(*this); }
 
 void PlotWindow::CommonPaint(sv::OutputDevice& device) const {
@@ -28,7 +28,7 @@ void PlotWindow::CommonPaint(sv::OutputDevice& device) const {
     auto const labels = [](AxisData const& axis, int extent, AxisText const& text) {
         return detail::TickLabels(axis, extent, text.GetDecimals());
     };
-    // Measured on the window, whatever the device.
+    // Text is measured on the window, whatever the device.
     for (auto const& label : labels(*diagram_.GetXAxisData(), diagram.Width(), xText_)) {
         device.DrawText(detail::XLabelPosition(label, GetTextSize(label.text).Width()), label.text);
     }

@@ -1,4 +1,4 @@
-// PlotWindow: a diagram with the numbers and titles of its axes round it, and axes that fit the data.
+// PlotWindow: a diagram with the labels and titles of its axes, and axes that fit the data.
 #pragma once
 
 #include "KVUtils/Source/plots/GraficWindow.h"
@@ -7,11 +7,11 @@ namespace kv {
 
 class PlotWindow : public sv::Window {
   public:
-    /// On the ground of `parent`. The texts are empty at first.
+    /// With the background of `parent`. The texts are empty at first.
     explicit PlotWindow(sv::Window* parent);
     PlotWindow(sv::Window* parent, AxisText x, AxisText y);
 
-    // No painting is asked for by these.
+    // These do not repaint.
     void ChangeXAxisText(AxisText const& text) { xText_ = text; }
     void ChangeYAxisText(AxisText const& text) { yText_ = text; }
     [[nodiscard]] AxisText const& GetXAxisText() const noexcept { return xText_; }
@@ -24,21 +24,21 @@ class PlotWindow : public sv::Window {
     [[nodiscard]] Curve* GetCurve(int index) noexcept { return diagram_.GetCurve(index); }
     void DeleteAllCurve() noexcept { diagram_.DeleteAllCurve(); }
 
-    /// As the diagram does it.
+    /// As for `GraficWindow`.
     void SetCursor(float x, CursorType type, int curve) { diagram_.SetCursor(x, type, curve); }
 
-    /// As the diagram does it, with the diagram as the sender.
+    /// As for `GraficWindow`; the sender is the diagram.
     sv::Link ChangePointerHdl(sv::Link const& link) noexcept { return diagram_.ChangePointerHdl(link); }
     [[nodiscard]] float GetPointerX() const noexcept { return diagram_.GetPointerX(); }
 
-    // Each takes an axis from the data, widened by 5 percent, in place of all that was set for it, and asks
-    // for a painting. With `setDecimals` other than 0 the labels get as many decimals as tell them apart. An
-    // index without a curve changes nothing.
+    // Each replaces an axis by one from the data, widened by 5 percent, and repaints. With `setDecimals`
+    // other than 0 the labels get as many decimals as distinguish them. An index without a curve changes
+    // nothing.
     void XAutoScale(int curve, AutoScaleType type, unsigned char setDecimals);
     void YAutoScale(int curve, AutoScaleType type, unsigned char setDecimals);
     /// From all curves.
     void YAutoScale(AutoScaleType type, unsigned char setDecimals);
-    /// From the curve that reaches highest alone: the others may end below the axis.
+    /// From the highest curve alone: the others may extend below the axis.
     void YAutoScale(unsigned char setDecimals);
     /// From the maximum of all curves and a given minimum.
     void YMaxAutoScale(float minimum, unsigned char setDecimals);
@@ -51,7 +51,7 @@ class PlotWindow : public sv::Window {
     void CommonPaint(sv::OutputDevice& device) const;
     void TakeX(AxisData const& axis, unsigned char setDecimals);
     void TakeY(AxisData const& axis, unsigned char setDecimals);
-    /// The windows: the ground and the diagram on it.
+    /// The two windows: this one and the diagram.
     void InvalidateAll();
 
     GraficWindow diagram_;

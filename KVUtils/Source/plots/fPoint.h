@@ -1,6 +1,7 @@
 // fPoint: a point of a plot in data units.
 #pragma once
 
+#include "KVUtils/Source/colorimetry/detail/Rounded.h"
 #include "SV/core/Geometry.h"
 
 #include <cmath>
@@ -12,7 +13,7 @@ class fPoint {
   public:
     constexpr fPoint() noexcept = default;
     constexpr fPoint(float x, float y) noexcept : x_(x), y_(y) {}
-    /// Whole coordinates stand for themselves, so this conversion is meant to be silent.
+    /// Implicit, since whole coordinates convert exactly.
     constexpr fPoint(sv::Point const& point) noexcept : x_(point.X()), y_(point.Y()) {}
 
     [[nodiscard]] constexpr float X() const noexcept { return x_; }
@@ -36,7 +37,7 @@ class fPoint {
     constexpr fPoint& operator*=(float factor) noexcept {
         return Set(double{x_} * double{factor}, double{y_} * double{factor});
     }
-    /// A zero divisor gives the infinities and not-a-numbers of the division, here and below.
+    /// A zero divisor gives infinity or NaN, here and below.
     constexpr fPoint& operator/=(float divisor) noexcept {
         return Set(double{x_} / double{divisor}, double{y_} / double{divisor});
     }
@@ -53,8 +54,8 @@ class fPoint {
 
   private:
     constexpr fPoint& Set(double x, double y) noexcept {
-        x_ = static_cast<float>(x);
-        y_ = static_cast<float>(y);
+        x_ = detail::Rounded<float>(x);
+        y_ = detail::Rounded<float>(y);
         return *this;
     }
 

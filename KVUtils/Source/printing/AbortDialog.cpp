@@ -51,7 +51,7 @@ AbortDialog::AbortDialog(sv::Window* parent, sv::String const& printerName)
 
 void AbortDialog::SetPrinterName(sv::String const& printerName) {
     aText2.SetText(printerName);
-    // Heard without the line above it, a name alone says little.
+    // A screen reader reads this text without the line above it.
     aText2.SetAccessibleName(texts_[1] + " " + printerName);
 }
 

@@ -1,4 +1,4 @@
-// AbortDialog: the small window that stands while a report is printed, with a button to give up.
+// AbortDialog: the window shown while a report is printed, with a button that aborts the job.
 #pragma once
 
 #include "KVUtils/Source/frame/TextSegment.h"
@@ -17,12 +17,11 @@ struct DialogResource {
 
 inline constexpr DialogResource ABORTPRINT{3301, 256};
 
-/// The dialog as its resource has it, without any text. Its controls, in their order: two texts, one below
-/// the other, and a button.
+/// The dialog as in its resource, without texts. Its controls in order: two texts, one below the other, and a
+/// button.
 class ModelessDialogABORTPRINT : public sv::ModelessDialog {
   public:
-    /// Stands where the desktop puts it, as a rule over `parent`. The only resource that it knows is
-    /// `ABORTPRINT`.
+    /// The desktop places it, usually over `parent`. The only known resource is `ABORTPRINT`.
     ModelessDialogABORTPRINT(sv::Window* parent, DialogResource const& resource);
 
     [[nodiscard]] DialogResource const& GetResource() const noexcept { return resource_; }

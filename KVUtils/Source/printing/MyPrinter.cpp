@@ -14,10 +14,10 @@ namespace kv {
 
 namespace {
 
-/// From the points in which fonts are chosen to tenths of a millimetre, with a little air.
+/// From points to tenths of a millimetre, with some leading.
 constexpr double UnitsPerPoint = 3.75;
 constexpr std::chrono::milliseconds WaitForJob{100};
-/// Turns of the loop until a window is really there, or gone.
+/// Loop iterations until a window is shown or hidden.
 constexpr int TurnsToShow = 10;
 
 sv::Font OnPaper(sv::Font font) {
@@ -57,7 +57,7 @@ MyPrinter* MyPrinter::CreateMyPrinter(sv::String const& printerName) {
     return Create(instance_, [&] { return new MyPrinter(printerName); });
 }
 
-// Meant: what is missing goes by the name of the service that an application creates before its printer.
+// Intentional: the missing service is named after the one that an application creates before its printer.
 MyPrinter* MyPrinter::Instance() { return InstanceOrNull(instance_, "Language"); }
 
 void MyPrinter::DruckEkpunkteNeuRechnen() {
@@ -131,7 +131,7 @@ void MyPrinter::WriteHeadLine() {
     if (headerType_ == KV_HF_NONE) return;
     Normal();
     auto const [rule, body] = detail::PlaceHead(cursor_.Y(), LineHeight());
-    // Meant: the footer's type decides what shows, so that a report turns both off by one setting.
+    // Intentional: the footer's type decides, so that a report turns both off by one setting.
     if (footerType_ == KV_HF_FULL) {
         WriteString(KVSetting::Instance()->GetBenutzername(), 0);
         WriteAtRight(Stamp());

@@ -1,13 +1,13 @@
-// MyPrinter: the printer of the suite's reports. It keeps a cursor on the page in tenths of a millimetre,
-// breaks pages by itself, and puts a head line and a foot note on each.
+// MyPrinter: the printer of the suite's reports. Keeps a cursor on the page in tenths of a millimetre, breaks
+// pages, and writes a head line and a foot note on each.
 //     MyPrinter* const printer = MyPrinter::CreateMyPrinter("report.pdf");
 //     if (printer->Start(0) == 0) return;
 //     printer->WriteString("a line", 0);
 //     printer->WriteLn(1);
 //     printer->End();
 //
-// The user's name in the head line is that of `KVSetting`, which needs `AppConfig`; the program's name in the
-// foot note that of `AppName`. After an abort the writer may go on: what it writes is lost.
+// The user's name in the head line comes from `KVSetting`, which needs `AppConfig`; the program's name in the
+// foot note from `AppName`. Writing may continue after an abort; the output is discarded.
 #pragma once
 
 #include "KVUtils/Source/frame/KVSingleton.h"
@@ -21,25 +21,24 @@ namespace kv {
 
 class AbortDialog;
 
-/// Of head lines and foot notes. A value without a name is as `KV_HF_SPACE`.
+/// The type of head lines and foot notes. Any other value counts as `KV_HF_SPACE`.
 enum KVHeaderFooterTYPE : int {
     KV_HF_NONE = 0,  // no space for it
     KV_HF_FULL = 1,
-    KV_HF_SPACE = 2  // its space, and nothing in it
+    KV_HF_SPACE = 2  // its space, left empty
 };
 
 class MyPrinter : public sv::Printer, public KVSingleton {
   public:
-    /// Replaces an older one. The texts of the group "MyPrinter" have to be loaded before.
+    /// Replaces an earlier one. Load the texts of the group "MyPrinter" first.
     static MyPrinter* CreateMyPrinter(sv::String const& printerName);
-    /// Null before the creation.
+    /// Null before `CreateMyPrinter`.
     [[nodiscard]] static MyPrinter* Instance();
     [[nodiscard]] static bool IsInstantiated() noexcept { return instance_ != nullptr; }
     ~MyPrinter() override;
 
-    /// Starts a job and its first page, once the one before has ended: waits for that without a limit.
-    /// `showAbort` other than 0 shows the window with the button for a moment. 0, after a box, when the
-    /// printer takes no job.
+    /// Starts a job and its first page; waits without a limit for the previous job to end. `showAbort` other
+    /// than 0 shows the abort dialog while printing. Returns 0, after a box, if the printer refuses the job.
     unsigned char Start(unsigned char showAbort);
     /// Ends the page with its foot note and begins the next with its head line, in the normal font.
     void NewPage();
@@ -49,7 +48,7 @@ class MyPrinter : public sv::Printer, public KVSingleton {
     /// The cursor.
     [[nodiscard]] sv::Point curPos() const noexcept { return cursor_; }
     void setPos(sv::Point position) noexcept { cursor_ = position; }
-    /// The right edge, and how far down lines may reach in the current font.
+    /// The right edge, and the bottom of the area for lines in the current font.
     [[nodiscard]] sv::Point maxCurPos() const;
 
     // Select a font.
@@ -57,26 +56,26 @@ class MyPrinter : public sv::Printer, public KVSingleton {
     void SubTitel() { ChangeFont(subtitleFont_); }
     void Normal() { ChangeFont(normalFont_); }
 
-    /// So many lines down, to the next page where the line does not fit there. 0 lines can break the page
+    /// Moves down by this many lines; begins a new page if the line does not fit. 0 lines can break the page
     /// too.
     void WriteLn(int lines);
-    /// Writes at the cursor, moved to the right by `xOffset`, and leaves the cursor there.
+    /// Writes at the cursor, shifted right by `xOffset`; does not move the cursor.
     void WriteString(sv::String const& text, int xOffset);
 
-    // 1 for a head line and a foot note, 0 at first for none.
+    // 1 turns the head line or foot note on; off at first.
     void DefHeadLine(unsigned char on) noexcept { hasHeadLine_ = on; }
     void DefFootNote(unsigned char on) noexcept { hasFootNote_ = on; }
     void SetHeaderType(KVHeaderFooterTYPE type) noexcept { headerType_ = type; }
     void SetFooterType(KVHeaderFooterTYPE type) noexcept { footerType_ = type; }
 
-    /// The user's name, date and time at the cursor, which goes down by four lines. Called by the page logic;
-    /// a header of type 0 does nothing.
+    /// Writes the user's name, date and time at the cursor, which moves down by four lines. Called by the
+    /// page logic; does nothing for header type 0.
     void WriteHeadLine();
-    /// The program's name and the page's number at the bottom. Called by the page logic; a footer of type 0
-    /// does nothing.
+    /// Writes the program's name and the page number at the bottom. Called by the page logic; does nothing
+    /// for footer type 0.
     void WriteFootNote();
 
-    /// Shows the window with the button, if there is one already.
+    /// Shows the abort dialog if it exists.
     void ShowDialog();
 
   protected:

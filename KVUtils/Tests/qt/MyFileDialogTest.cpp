@@ -99,15 +99,6 @@ TEST_F(MyFileDialogOnQt, ANameOutsideTheCodePageIsRefused) {
     EXPECT_EQ(dialog.GetPath(), Path("da.csv"));
 }
 
-TEST_F(MyFileDialogOnQt, ChoosesAFolder) {
-    ShowFrame();
-    ASSERT_TRUE(QDir(folder.path()).mkdir("unten"));
-    sv::String chosen = folder.path().toStdString();
-    Type("unten");
-    EXPECT_EQ(BrowseForFolder(&frame, "Folder").Execute(chosen), 1);
-    EXPECT_EQ(chosen, Path("unten"));
-}
-
 }  // namespace
 
 }  // namespace kv::test

@@ -4,7 +4,6 @@
 #include "KVUtils/Source/controls/TextFenster.h"
 #include "KVUtils/Source/controls/WINDOWPL.h"
 #include "KVUtils/Source/controls/detail/StandardButtons.h"
-#include "KVUtils/Source/dialogs/WaitVisualizer.h"
 #include "SV/Tests/qt/QtFixture.h"
 
 #include <QElapsedTimer>
@@ -54,15 +53,6 @@ TEST_F(WaitingOnQt, HelpComesAndGoes) {
     EXPECT_FALSE(BalloonWindow::Exists()) << "left before its time";
 }
 
-TEST_F(WaitingOnQt, AClickEndsTheWaitForHelp) {
-    button->ChangeClickHdl(notes.To<'s'>());
-    Soon([this] { MoveMouse({30, 20}); });
-    Soon([this] { QTest::mouseClick(WidgetOf(frame).windowHandle(), Qt::LeftButton, {}, {30, 20}); });
-    EXPECT_TRUE(RunUntil([this] { return notes.log == "s"; }));
-    EXPECT_TRUE(WaitFor(1000));
-    EXPECT_FALSE(BalloonWindow::Exists());
-}
-
 TEST_F(WaitingOnQt, AButtonMayGoInItsOwnWait) {
     QPointer<QWidget> const widget = &WidgetOf(*button);
     Soon([this] { MoveMouse({30, 20}); });
@@ -109,13 +99,6 @@ TEST_F(WaitingOnQt, TheTextWindowWaitsForItsButton) {
     Soon([&window] { QTest::keyClick(WidgetOf(window).windowHandle(), Qt::Key_Escape); });
     window.AnzeigenUndWarten(0);
     EXPECT_FALSE(window.IsVisible());
-}
-
-TEST_F(WaitingOnQt, WorkIsAbortedByEscape) {
-    AbbruchDialog dialog(&frame, "Export", "Please wait");
-    EXPECT_EQ(dialog.IsAborted(), 0);
-    Soon([&dialog] { QTest::keyClick(WidgetOf(dialog).windowHandle(), Qt::Key_Escape); });
-    EXPECT_TRUE(RunUntil([&dialog] { return dialog.IsAborted() != 0; }));
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// The constants of angle of the colour code. Its pi is 3.1415926 and every constant follows from it; more
-// exact ones would move results that files and reports already hold.
+// The constants of angle of the colour code. Pi is 3.1415926 and every constant follows from it; more exact
+// ones would change results that files and reports already hold.
 #pragma once
 
 #include <cmath>

@@ -1,6 +1,6 @@
 // The mg scale, coordinate by coordinate. Lightness and chroma are the antiderivatives of the reciprocal
-// CMC(l:c) weighting functions (BS 6923), so that equal steps in mg stand for equal CMC differences; hue is
-// moved by a fixed Fourier series that holds 0 and 360 fast.
+// CMC(l:c) weighting functions (BS 6923), so that equal steps in mg are equal CMC differences; hue is shifted
+// by a fixed Fourier series that keeps 0 and 360.
 #pragma once
 
 namespace kv::detail {

@@ -1,5 +1,5 @@
-// The filters that are in force before anything is set: computed by the compiler, so that they are right in
-// every static initialiser of every file. For the two files that need them, not for users.
+// The filters in force before anything is set, computed at compile time so that every static initialiser sees
+// them.
 #pragma once
 
 #include "KVUtils/Source/colorimetry/CMetryFilter.h"

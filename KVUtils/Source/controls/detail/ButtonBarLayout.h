@@ -1,5 +1,5 @@
-// ButtonBarLayout: where the buttons of a bar stand. A cursor goes from button to button, to the right on a
-// horizontal bar and down on a vertical one. All in pixels, wrapped to 16 bits.
+// ButtonBarLayout: the positions of the buttons of a bar. A cursor advances from button to button, to the
+// right on a horizontal bar and down on a vertical one. All in pixels, wrapped to 16 bits.
 #pragma once
 
 #include "SV/core/Geometry.h"
@@ -15,21 +15,21 @@ namespace detail {
 
 class ButtonBarLayout {
   public:
-    /// A bar that begins at `position`, of buttons of this size. `gaps` are those between two buttons, across
-    /// and down.
+    /// A bar that begins at `position`, of buttons of this size. `gaps` are the distances between two
+    /// buttons, across and down.
     ButtonBarLayout(sv::Point position, sv::Size button, bool isHorizontal, sv::Point gaps = {}) noexcept;
-    /// A vertical bar at the right of its parent, 30 pixels from the edge and 10 from the top, with gaps
-    /// of 3. A size without a width has that of size 0.
+    /// A vertical bar at the right of its parent, 30 pixels from the edge and 10 from the top, with gaps of
+    /// 3. An unknown size counts as size 0.
     ButtonBarLayout(int parentWidth, ButtonSize size) noexcept;
 
-    /// Where the next button goes: its top left corner.
+    /// The top left corner of the next button.
     [[nodiscard]] sv::Point GetCursor() const noexcept { return cursor_; }
     void SetCursor(sv::Point cursor) noexcept { cursor_ = cursor; }
     [[nodiscard]] sv::Size GetButtonSize() const noexcept { return button_; }
 
-    /// The corner of the next button; the cursor goes on by the button and the gap.
+    /// Returns the corner of the next button and advances the cursor by the button and the gap.
     sv::Point AddButton() noexcept;
-    /// Moves the cursor on by so many pixels more.
+    /// Advances the cursor by this many pixels.
     void AddGap(int pixels) noexcept;
     /// Puts bar and cursor at the right of the parent, `distance` pixels from the edge and 10 from the top.
     void PlaceRight(int parentWidth, int distance) noexcept;

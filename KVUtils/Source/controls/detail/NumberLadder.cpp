@@ -37,7 +37,7 @@ double RungBelow(double value) noexcept {
 double LadderValue(int index) noexcept {
     int const decade = FloorDivide(index, RungsPerDecade);
     int const rung = index - decade * RungsPerDecade;
-    // Only the reading of a decimal number rounds correctly at every power of ten.
+    // Only parsing a decimal number rounds correctly at every power of ten.
     std::array<char, 24> text{};
     constexpr std::size_t Digits = 8;  // more than a rung has
     char* end =

@@ -1,5 +1,5 @@
-// The steps of a number field: a ladder of preferred numbers, 14 a decade, so that a click moves a value by
-// about the same ratio wherever it stands.
+// The steps of a number field: a ladder of preferred numbers, 14 a decade, so that a click changes any value
+// by about the same ratio.
 #pragma once
 
 namespace kv::detail {
@@ -11,15 +11,14 @@ namespace kv::detail {
 
 enum class StepDirection : bool { Down, Up };
 
-/// The next rung beyond a value, toward plus or toward minus; between minus and plus `minimalStep`, both
-/// excluded, the walk begins at the one in its direction. A value that no rung is beyond stays: infinity,
-/// not-a-number, and 0 without a minimal step.
+/// The next rung beyond a value, up or down. A value between minus and plus `minimalStep`, both excluded,
+/// counts as the one in this direction. Returns infinity, NaN, and 0 without a minimal step unchanged.
 [[nodiscard]] double NextOnLadder(double value, StepDirection direction, double minimalStep) noexcept;
 
-/// One more or one less, without what is behind the point.
+/// The value plus or minus one, truncated.
 [[nodiscard]] double NextInteger(double value, StepDirection direction) noexcept;
 
-/// Brought down to the maximum, then up to the minimum, which so wins where the two are exchanged.
+/// Limited to the maximum, then to the minimum, which wins if the two are exchanged.
 [[nodiscard]] double ClampStep(double value, double minimum, double maximum) noexcept;
 
 }  // namespace kv::detail

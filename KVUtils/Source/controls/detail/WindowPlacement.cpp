@@ -8,7 +8,7 @@ namespace {
 
 constexpr int CascadeStep = 20;
 constexpr int Overlap = 6;         // of a balloon with its button
-constexpr int BottomReserve = 19;  // of the parent, for what stands at its lower edge
+constexpr int BottomReserve = 19;  // at the parent's lower edge
 
 }  // namespace
 

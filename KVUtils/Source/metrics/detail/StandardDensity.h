@@ -1,5 +1,4 @@
-// How the filters of a density standard are made: also by the compiler, for the standard in force at the
-// start. For the two files that need it, not for users.
+// Builds the filters of a density standard, at compile time for the standard in force at the start.
 #pragma once
 
 #include "KVUtils/Source/metrics/DichteFilter.h"

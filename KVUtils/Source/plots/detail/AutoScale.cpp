@@ -54,7 +54,7 @@ AxisData AutoScaleY(CurveList const& curves, AutoScaleType type) noexcept {
     float upper = std::numeric_limits<float>::min();
     for (unsigned long i = 0; i < curves.Count(); ++i) {
         Curve const& curve = *curves.GetObject(i);
-        // An end that the type does not take from the data stands as if every curve ran from 0 to 1.
+        // An end that the type does not take from the data is that of a curve from 0 to 1.
         float const minimum = type == AUTOSCALE_MIN || type == AUTOSCALE_BOTH ? WidenedMinimum(curve) : 0;
         float const maximum = type == AUTOSCALE_MAX || type == AUTOSCALE_BOTH ? WidenedMaximum(curve) : 1;
         lower = std::min(lower, minimum);

@@ -9,7 +9,7 @@ namespace kv::detail {
 
 namespace {
 
-constexpr double Tiny = 1e-9;  // steps and scales below are none
+constexpr double Tiny = 1e-9;  // smaller steps and scales count as none
 constexpr int MajorHalfLength = 10;
 constexpr int MinorHalfLength = 5;
 constexpr int LeftMargin = 40;
@@ -24,8 +24,8 @@ float ValuePerPixel(AxisData const& axis, int extent) noexcept {
     return static_cast<float>(range / extent);
 }
 
-/// Calls `visit` with every value from `first` to `last`, until the addition no longer moves it, or there are
-/// more than anybody sees.
+/// Calls `visit` with every value from `first` to `last`, until the addition no longer changes it, or 100,000
+/// times.
 template <class Visit>
 void Walk(float first, float last, float spacing, Visit visit) {
     constexpr int Most = 100'000;
@@ -44,7 +44,7 @@ std::int16_t LogicToPixel(AxisData const& axis, int extent, float value) noexcep
     float const scale = ValuePerPixel(axis, extent);
     double pixel = 0;
     if (scale > Tiny) {
-        // The remainder is exact, so the pixel wraps at any size.
+        // The remainder is exact, so a pixel of any size wraps.
         pixel = std::fmod(std::trunc((double{value} - double{axis.GetMinimum()}) / scale), 65536.0);
         if (std::isnan(pixel)) pixel = 0;
     }

@@ -1,4 +1,4 @@
-// Where the parts of a plot stand. Pixels count from the bottom left, Y upward, and wrap to 16 bits.
+// The positions of the parts of a plot. Pixels count from the bottom left, Y upward, and wrap to 16 bits.
 #pragma once
 
 #include "KVUtils/Source/plots/AxisData.h"
@@ -9,12 +9,11 @@
 
 namespace kv::detail {
 
-/// Where a value stands on an axis that is `extent` pixels long. A value outside the range stands outside the
-/// axis. The pixel offset alone answers for an axis whose range is 0 or reversed, a window without extent,
-/// and a value that is not a number.
+/// The pixel of a value on an axis that is `extent` pixels long. A value outside the range is outside the
+/// axis. The pixel offset alone for an axis whose range is 0 or reversed, a window without extent, and NaN.
 [[nodiscard]] std::int16_t LogicToPixel(AxisData const& axis, int extent, float value) noexcept;
 
-/// The value at a pixel; the axis' minimum where all values stand at one pixel.
+/// The value at a pixel; the axis' minimum where all values have one pixel.
 [[nodiscard]] float PixelToLogic(AxisData const& axis, int extent, int position) noexcept;
 
 /// A line across the axis, to both sides of it.
@@ -25,10 +24,9 @@ struct Tick {
     friend bool operator==(Tick const&, Tick const&) = default;
 };
 
-/// The ticks from the last major one at or below the minimum up to the maximum; none for a step that is below
-/// 1e-9 or not a number. Values grow by `float` addition, and the list ends where that no longer moves them,
-/// or after 100,000.
-/// A negative count of subdivisions counts as 0.
+/// The ticks from the last major one at or below the minimum up to the maximum; none for a step below 1e-9 or
+/// NaN. Values grow by `float` addition; the list ends where that no longer changes them, or after 100,000. A
+/// negative count of subdivisions counts as 0.
 [[nodiscard]] std::vector<Tick> Ticks(AxisData const& axis, int extent);
 
 /// The number at a major tick.
@@ -39,7 +37,8 @@ struct TickLabel {
 };
 
 /// The labels from the first multiple of the step at or above the minimum up to the maximum, with the
-/// locale's decimal separator; none for a step that is not above 1e-9. They end like the ticks.
+/// locale's decimal separator; none for a step that is not above 1e-9. The list ends as that of the ticks
+/// does.
 [[nodiscard]] std::vector<TickLabel> TickLabels(AxisData const& axis, int extent, int decimals);
 
 /// The diagram within the window that labels it, in pixels from the top left. The size is negative where the
@@ -50,8 +49,8 @@ struct DiagramArea {
 };
 [[nodiscard]] DiagramArea DiagramWithin(sv::Size window) noexcept;
 
-/// Where the texts are drawn in that window: labels below their tick, centred, and left of their tick; titles
-/// beyond the ends of the axes. `diagram` is the size of the diagram.
+/// The positions of the texts in that window: labels centred below their tick, or left of it; titles beyond
+/// the ends of the axes. `diagram` is the size of the diagram.
 [[nodiscard]] sv::Point XLabelPosition(TickLabel const& label, int textWidth) noexcept;
 [[nodiscard]] sv::Point YLabelPosition(TickLabel const& label, int textWidth) noexcept;
 [[nodiscard]] sv::Point XTitlePosition(sv::Size diagram) noexcept;

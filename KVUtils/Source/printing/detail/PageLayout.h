@@ -1,12 +1,12 @@
-// Where a report's lines stand on its pages. Tenths of a millimetre, from the corner of the area that the
-// printer prints on; y grows downward.
+// The layout of a report's page, in tenths of a millimetre from the corner of the printable area; y grows
+// downward.
 #pragma once
 
 #include "SV/core/Geometry.h"
 
 namespace kv::detail {
 
-/// The area of a page that a report takes up.
+/// The area of a page that a report uses.
 struct PageEdges {
     int top = 0;
     int bottom = 0;
@@ -16,14 +16,14 @@ struct PageEdges {
     friend constexpr bool operator==(PageEdges const&, PageEdges const&) noexcept = default;
 };
 
-/// 10 mm from the paper's edge above and below, 15 mm at the sides. `offset` is the border that cannot be
-/// printed on, at the left and top. The bottom edge ends with the printer's area, and the right edge does
-/// not: that is meant, columns count on the paper's width.
+/// 10 mm from the paper's edge above and below, 15 mm at the sides. `offset` is the unprintable border at the
+/// left and top. Intentional: the bottom edge is limited to the printable area and the right edge is not,
+/// since columns rely on the paper's width.
 [[nodiscard]] PageEdges EdgesOf(sv::Size paper, sv::Size offset, int outputHeight) noexcept;
 
-/// Down to where lines may stand: three lines are kept for the foot note.
+/// The bottom of the area for lines; three lines are reserved for a foot note.
 [[nodiscard]] int BodyBottom(PageEdges const& edges, int lineHeight, bool hasFootNote) noexcept;
-/// Whether the line at `y` does not fit any more.
+/// Whether a line at `y` does not fit.
 [[nodiscard]] bool IsPageFull(int y, int lineHeight, int bodyBottom) noexcept;
 
 /// The head line: text, two lines below it a rule, and two lines below that the body.

@@ -1,6 +1,8 @@
 #include "KVUtils/Source/controls/KOBitmapButton.h"
 #include "KVUtils/Source/controls/KOBitmapButtonBar.h"
+#include "KVUtils/Source/controls/KORVELBitmap.h"
 #include "KVUtils/Source/controls/WINDOWPL.h"
+#include "KVUtils/Source/controls/detail/ButtonBarLayout.h"
 #include "KVUtils/Source/controls/detail/StandardButtons.h"
 #include "KVUtils/Source/resources/Resources.h"
 #include "KVUtils/Tests/TestSupport.h"
@@ -218,6 +220,92 @@ TEST_F(BarTest, StandardButtons) {
         EXPECT_EQ(bar.SearchButton(2)->GetPosPixel(), sv::Point(180, 400));
     }
     EXPECT_TRUE(parent_.GetChildren().empty()) << "the bar owns its buttons";
+}
+
+using detail::ButtonBarLayout;
+
+TEST(ButtonBarLayout, VerticalAtTheRight) {
+    ButtonBarLayout bar(640, ButtonSize(0));
+    EXPECT_EQ(bar.GetBarPosSizePixel(), sv::Rectangle({490, 10}, {609, 39}));
+    EXPECT_EQ(bar.AddButton(), sv::Point(490, 10));
+    EXPECT_EQ(bar.GetCursor(), sv::Point(490, 43));
+    bar.AddGap(20);
+    EXPECT_EQ(bar.AddButton(), sv::Point(490, 63));
+    bar.PlaceRight(640, 15);
+    EXPECT_EQ(bar.GetPosPixel(), sv::Point(505, 10));
+    EXPECT_EQ(bar.GetCursor(), sv::Point(505, 10));
+    for (auto const& [size, width] : Rows<int, int>{{0, 120}, {1, 145}, {2, 195}, {3, 120}, {-1, 120}}) {
+        ButtonBarLayout const other(640, ButtonSize(size));
+        EXPECT_EQ(other.GetButtonSize(), sv::Size(static_cast<std::int16_t>(width), 30));
+        EXPECT_EQ(other.GetCursor().X(), 610 - width);
+    }
+}
+
+TEST(ButtonBarLayout, HorizontalAndMoved) {
+    ButtonBarLayout bar({5, 6}, {50, 20}, true, {4, 9});
+    bar.AddButton();
+    EXPECT_EQ(bar.AddButton(), sv::Point(59, 6));
+    EXPECT_EQ(bar.ChangePosPixel({105, 106}), sv::Point(5, 6));
+    EXPECT_EQ(bar.AddButton(), sv::Point(213, 106));
+    bar.SetCursor({0, 0});
+    bar.AddGap(-7);
+    EXPECT_EQ(bar.AddButton(), sv::Point(-7, 0));
+    EXPECT_EQ(bar.ChangeSizePixel({300, 40}), sv::Size(50, 20));
+    EXPECT_EQ(bar.GetBarPosSizePixel(), sv::Rectangle({105, 106}, {404, 145}));
+    EXPECT_EQ(bar.GetButtonSize(), sv::Size(50, 20));
+}
+
+using sv::BitmapPixel;
+
+constexpr BitmapPixel Ground(200, 0, 0);
+constexpr BitmapPixel Ink(10, 20, 31);
+constexpr sv::Brush Blue(sv::Color(0, 0, 0xFFFF));
+constexpr BitmapPixel BluePixel(0, 0, 255);
+
+/// 4 x 4 pixels of ground with a square of ink in the middle; the finer copy the same with twice the pixels.
+KORVELBitmap Sample() {
+    auto const draw = [](std::int16_t grain) {
+        sv::Bitmap picture(
+            sv::Size(static_cast<std::int16_t>(4 * grain), static_cast<std::int16_t>(4 * grain)), Ground);
+        picture.Paste(
+            grain, grain,
+            sv::Bitmap(sv::Size(static_cast<std::int16_t>(2 * grain), static_cast<std::int16_t>(2 * grain)),
+                       Ink));
+        return picture;
+    };
+    KORVELBitmap sample(draw(1));
+    sample.SetFine(draw(2));
+    return sample;
+}
+
+TEST(KORVELBitmap, GetsAMarginAndAGround) {
+    KORVELBitmap picture = Sample();
+    picture.SetColorUndVergroesserung(Blue, 1, 2, 3, 4);
+    EXPECT_EQ(picture.GetSizePixel(), sv::Size(7, 11));
+    EXPECT_EQ(picture.At(0, 0), BluePixel);
+    EXPECT_EQ(picture.At(1, 3), BluePixel) << "the picture's own ground";
+    EXPECT_EQ(picture.At(2, 4), Ink);
+    ASSERT_NE(picture.GetFine(), nullptr);
+    EXPECT_EQ(picture.GetFine()->GetSizePixel(), sv::Size(14, 22));
+    EXPECT_EQ(picture.GetFine()->At(3, 8), BluePixel);
+    EXPECT_EQ(picture.GetFine()->At(4, 8), Ink);
+
+    KORVELBitmap inked = Sample();
+    inked.SetBackground(Blue, {1, 1});
+    EXPECT_EQ(inked.At(2, 2), BluePixel) << "every pixel of that colour";
+    EXPECT_EQ(inked.At(0, 0), Ground);
+}
+
+TEST(KORVELBitmap, IsGreyed) {
+    KORVELBitmap picture = Sample();
+    picture.Inaktiv();
+    constexpr BitmapPixel grey(20, 20, 20);  // 61 / 3
+    EXPECT_EQ(picture.At(0, 0), Ground);
+    EXPECT_EQ(picture.At(1, 1), Ground) << "the stipple";
+    EXPECT_EQ(picture.At(2, 1), grey);
+    EXPECT_EQ(picture.At(2, 2), grey);
+    EXPECT_EQ(picture.GetFine()->At(3, 3), Ground) << "the same stipple, not a finer one";
+    EXPECT_EQ(picture.GetFine()->At(4, 3), grey);
 }
 
 }  // namespace

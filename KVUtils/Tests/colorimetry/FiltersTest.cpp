@@ -2,6 +2,86 @@
 
 namespace kv::test {
 
+TEST(Filter, DefinedByContentOrByItsOwner) {
+    Filter filter;
+    EXPECT_EQ(filter.FilterSumme(), 0.0F);
+    filter.Init(1);
+    EXPECT_EQ(filter.FilterSumme(), 36.0F);
+    EXPECT_EQ(filter.isDefined(), 0);
+    filter.Define(1);
+    EXPECT_EQ(Filter(filter).isDefined(), 1);
+    EXPECT_EQ(Filter(Flat(0)).isDefined(), 1);
+    Filter product = Filter().FilterXFilter(Filter(Flat(2)));
+    EXPECT_EQ(product.isDefined(), 1);
+    EXPECT_EQ(Filter(Flat(0.5F)).FilterXFilter(Filter(Flat(3))) * Flat(0.5F), 27.0F);
+}
+
+TEST(Filter, SumIsFormedAnewAfterAWriteThroughAFreshPointerOnly) {
+    Filter filter(Flat(1));
+    float* const kept = filter;
+    kept[0] = 2;
+    EXPECT_EQ(filter.FilterSumme(), 37.0F);
+    kept[0] = 3;  // not noticed: the sum was formed since the pointer was taken
+    EXPECT_EQ(filter.FilterSumme(), 37.0F);
+    Filter copy = filter;  // flags included
+    EXPECT_EQ(copy.FilterSumme(), 37.0F);
+    filter.CalculateSumme();
+    EXPECT_EQ(filter.FilterSumme(), 38.0F);
+    static_cast<void>(static_cast<float*>(copy));
+    EXPECT_EQ(copy.FilterSumme(), 38.0F);
+}
+
+TEST(Filter, SumIsRoundedToFloatAfterEachAddition) {
+    // Ones after 2^24 are lost one by one; 35 ones before it make it 2^24 + 35, a tie that goes to even.
+    Spectrum weights = Flat(1);
+    weights[0] = 0x1p24F;
+    EXPECT_EQ(Filter(weights).FilterSumme(), 0x1p24F);
+    std::swap(weights[0], weights[35]);
+    EXPECT_EQ(Filter(weights).FilterSumme(), 0x1p24F + 36);
+}
+
+TEST(CMetryFilter, IsIlluminantTimesObserverUnscaled) {
+    CMetryFilter const made = Weights(IllumClass(IllumType::D65), ObserverType::TwoDegrees);
+    for (unsigned short i = 0; i < 3; ++i) EXPECT_EQ(CMetryFilter()[i].Weights(), made[i].Weights());
+    CMetryFilter const a = Weights(IllumClass(IllumType::A), ObserverType::TwoDegrees);
+    EXPECT_EQ(a[1].Weights()[18], 99.5F);  // 560 nm: 100 times 0.995
+    EXPECT_EQ(Text(a.GetIllum()) + Text(a.GetObserver()), "A2\xB0");
+}
+
+TEST(CMetryFilter, CallersWeightsAreCustomAndKeepTheirFlags) {
+    Filter filters[3];
+    float* const late = filters[1];
+    EXPECT_EQ(filters[1].FilterSumme(), 0.0F);
+    late[7] = 5;  // its sum is stale
+    filters[2].Define(1);
+    CMetryFilter made(filters);
+    EXPECT_EQ(made[1].FilterSumme(), 5.0F);
+    EXPECT_EQ(made[1].isDefined(), 0);
+    EXPECT_EQ(made[2].isDefined(), 1);
+    EXPECT_EQ(IllumType(made.GetIllum()), IllumType::Custom);
+    EXPECT_EQ(short(made.GetIllum()), 65);
+    EXPECT_EQ(ObserverType(made.GetObserver()), ObserverType::ClientSpecific);
+}
+
+TEST(CMetryFilter, CopyTakesTheDefinedFlagsAndAssignmentDoesNot) {
+    CMetryFilter source = Weights(IllumClass(IllumType::A), ObserverType::TenDegrees);
+    source[0].Define(0);
+    float* const kept = source[0];
+    float const stale = source[0].FilterSumme();
+    kept[20] += 1000;  // not noticed
+
+    CMetryFilter copy(source);
+    EXPECT_EQ(copy[0].isDefined(), 0);
+    EXPECT_GT(copy[0].FilterSumme(), stale + 900);
+    EXPECT_EQ(source[0].FilterSumme(), stale) << "a copy does not touch its source";
+    CMetryFilter target;
+    target = source;
+    EXPECT_EQ(target[0].isDefined(), 1);
+    EXPECT_GT(target[0].FilterSumme(), stale + 900);
+    EXPECT_GT(source[0].FilterSumme(), stale + 900) << "an assignment makes its source form the sum anew";
+    EXPECT_EQ(Text(target.GetIllum()) + Text(target.GetObserver()), "A10\xB0");
+}
+
 static float PowerAt(IllumClass const& illuminant, int nm) {
     return Lichtart(illuminant).GetFilter().Weights().at(static_cast<std::size_t>((nm - 380) / 10));
 }
@@ -96,6 +176,35 @@ TEST_F(WhitePoint, AgreesWithThePublishedChromaticity) {
         EXPECT_NEAR(white[1], y, tolerance) << Text(illuminant);
         EXPECT_NEAR(white[2], 100, 5e-5) << "the sum of weights is gathered in float";
     }
+}
+
+class ObserverTest : public BoxTest {};
+
+TEST_F(ObserverTest, TablesOfTheTwoStandardObservers) {
+    // The values at 450 nm, and the sums of the printed columns.
+    for (auto const& [type, at450, sums] : Rows<ObserverType, std::array<float, 3>, Triple>{
+             {ObserverType::TwoDegrees, {0.33620F, 0.03800F, 1.77211F}, {10.68233, 10.68531, 10.67690}},
+             {ObserverType::TenDegrees, {0.37070F, 0.08946F, 1.99480F}, {11.66333, 11.66402, 11.66434}}}) {
+        Observer const observer{ObserverClass(type)};
+        for (int i = 0; i < 3; ++i) {
+            Filter function = observer[i];
+            EXPECT_EQ(function.Weights()[7], at450[i]);
+            EXPECT_NEAR(function.FilterSumme(), sums[i], 1e-5);  // float additions at 10
+            EXPECT_EQ(function.isDefined(), 1);
+        }
+    }
+}
+
+TEST_F(ObserverTest, OthersAreZeroAndUnknownOnesSaySo) {
+    for (auto const& [type, boxes] : Rows<int, std::size_t>{{2, 0}, {-1, 1}, {3, 2}}) {
+        Observer const observer{ObserverClass(static_cast<ObserverType>(type))};
+        EXPECT_EQ(seen_.size(), boxes) << type;
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_EQ(observer[i].Weights(), Filter().Weights());
+            EXPECT_EQ(observer[i].isDefined(), 0);
+        }
+    }
+    EXPECT_EQ(seen_.back(), "Client specific observer angle not supported!\nUse 2 or 10 degree observer!");
 }
 
 }  // namespace kv::test
