@@ -4,6 +4,7 @@
     Tools/plant.py list --seed 7 --count 100 > faults.tsv
     Tools/plant.py run faults.tsv --tree . --build build/dev --results caught.tsv
     Tools/plant.py report caught.tsv
+    Tools/plant.py compare before.tsv after.tsv
 
 `list` chooses faults over all rooms, by the size of each, and as many spare ones again.
 `run` needs a built tree with shared libraries. It compiles a changed copy of one source, links it into what holds it, runs
@@ -432,7 +433,7 @@ def run_one(fault, place, mutant, build, tests, scratch, files):
         for program in tests.NAMES:
             if not tests.of(program) or apps and program not in holders:
                 continue
-            # The programs that tests start are linked with the first that needs them.
+            # Programs that tests start are linked before the first test program.
             for name in holders:
                 if name not in done and (name == program or not name.endswith("Tests")):
                     build.link(name)
@@ -444,7 +445,7 @@ def run_one(fault, place, mutant, build, tests, scratch, files):
         return "does not compile", "", ""
     finally:
         build.restore()
-    # At last: does the optimiser see a difference at all?
+    # Nothing has failed. Does the optimiser see a difference at all?
     plain = scratch / "plain.o"
     if build.compile(path, text, output, ["-O2"]) and build.compile(path, original, plain, ["-O2"]):
         if output.read_bytes() == plain.read_bytes():
@@ -506,8 +507,8 @@ def run_faults(arguments):
 
 
 def run_lanes(arguments, faults, tests, scratch):
-    """Runs the faults in several processes. Each sees a copy of the build in the place of the build, since tests and
-    programs know one another by their paths."""
+    """Runs the faults in several processes. Each sees a copy of the build at the path of the build, since tests and
+    programs find one another by their paths."""
     timings = scratch / "timings.json"
     timings.write_text(json.dumps(list(tests.seconds.items())))
     faults.sort(key=lambda fault: (fault["id"][0], fault["room"]))
@@ -560,6 +561,24 @@ def report(arguments):
             print(f"survived: {row['file']}:{row['line_number']}: {row['line']}  ->  {row['mutant']}")
 
 
+def compare(arguments):
+    """The counts of two results over the faults that both could plant, and the faults whose outcome differs."""
+    tables = []
+    for path in (arguments.before, arguments.after):
+        with open(path, newline="") as file:
+            tables.append({row["id"]: row for row in csv.DictReader(file, delimiter="\t")
+                           if row["outcome"] not in NOT_COUNTED})
+    common = sorted(tables[0].keys() & tables[1].keys())
+    for path, rows in zip((arguments.before, arguments.after), tables):
+        print(f"{path}: {len(common)} planted, {sum(rows[key]['outcome'] != 'survived' for key in common)} caught")
+    for key in common:
+        was, is_now = (rows[key]["outcome"] != "survived" for rows in tables)
+        if was != is_now:
+            row = tables[1][key]
+            print(f"{'caught now' if is_now else 'slips through now'}: {key} {row['file']}:{row['line_number']}: "
+                  f"{row['line']}  ->  {row['mutant']}")
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     commands = parser.add_subparsers(required=True)
@@ -583,6 +602,10 @@ def main():
     counting = commands.add_parser("report", help="count what was caught")
     counting.add_argument("results", type=pathlib.Path)
     counting.set_defaults(run=report)
+    comparing = commands.add_parser("compare", help="compare the results of one list on two trees")
+    comparing.add_argument("before", type=pathlib.Path)
+    comparing.add_argument("after", type=pathlib.Path)
+    comparing.set_defaults(run=compare)
     arguments = parser.parse_args()
     arguments.run(arguments)
 
