@@ -28,12 +28,6 @@ constexpr std::array<DStdType, 7> Standards = {DStdType::AnsiA, DStdType::AnsiT,
                                                DStdType::Din,   DStdType::DinNb, DStdType::Spi,
                                                DStdType::Ds1};
 
-/// Returns whether measuring conditions can hold the illuminant although it has no spectrum.
-bool HasNoTable(std::string_view key) {
-    return key.starts_with("DXX") || key == "CUSTOM" || key == "IL1" || key == "IL2" || key == "IL3" ||
-           key == "IL4";
-}
-
 [[noreturn]] void FailUnknown(std::string_view what, std::string_view name, std::string const& choices) {
     throw InputError("unknown " + std::string(what) + ' ' + Quoted(name) + " (choose from " + choices + ')');
 }
@@ -68,23 +62,19 @@ std::string NameOf(kv::DStdClass const& standard) { return std::string(sv::Strin
 kv::IllumClass ParseIlluminant(std::string_view name) {
     if (auto const illuminant = files::ToIlluminant(name)) return *illuminant;
     std::string const choices = "A, C, D50, D65, F1 to F12, D40 to D250";
-    if (!HasNoTable(Key(name))) FailUnknown("illuminant", name, choices);
+    if (!kv::IllumClass::Parse(name)) FailUnknown("illuminant", name, choices);
     throw InputError("illuminant " + Quoted(name) + " has no spectral table (choose from " + choices + ')');
 }
 
 kv::ObserverClass ParseObserver(std::string_view name) {
-    if (name == "2") return kv::ObserverClass(kv::ObserverType::TwoDegrees);
-    if (name == "10") return kv::ObserverClass(kv::ObserverType::TenDegrees);
+    if (auto const observer = kv::ObserverClass::Parse(name)) return *observer;
     FailUnknown("observer", name, "2, 10");
 }
 
 kv::DStdClass ParseDensityStandard(std::string_view name) {
+    if (auto const standard = kv::DStdClass::Parse(name)) return *standard;
     std::vector<std::string> choices;
-    for (DStdType const type : Standards) {
-        kv::DStdClass const standard(type);
-        if (Key(NameOf(standard)) == Key(name)) return standard;
-        choices.push_back(NameOf(standard));
-    }
+    for (DStdType const type : Standards) choices.push_back(NameOf(kv::DStdClass(type)));
     FailUnknown("density standard", name, files::List(choices));
 }
 
@@ -100,9 +90,9 @@ std::string CanonicalFilter(std::string_view text) {
     if (key == "NO" || key == "NONE" || key == "NOFILTER" || key == "OFF") return "No";
     if (key.starts_with("POL")) return "Pol";
     if (key.starts_with("UV")) return "UV";
-    std::vector<std::string> const names = FilterNames();
-    auto const name = std::ranges::find(names, key, Key);
-    return name != names.end() ? *name : std::string(text);
+    auto const filter = kv::ActualFilterClass::Parse(text);
+    bool const isKnown = filter && *filter != ValueFilterType::Unknown;
+    return std::string(isKnown ? filter->Name() : text);
 }
 
 std::string ParseFilter(std::string_view text) {

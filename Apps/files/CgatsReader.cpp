@@ -14,29 +14,42 @@ namespace files {
 
 namespace {
 
-std::string Count(std::size_t count, char const* what) { return std::to_string(count) + " " + what; }
+/// Removes a comment, which begins at "#" outside quotes.
+std::string_view WithoutComment(std::string_view line) {
+    bool isQuoted = false;
+    for (std::size_t at = 0; at < line.size(); ++at) {
+        if (line[at] == '"') isQuoted = !isQuoted;
+        if (line[at] == '#' && !isQuoted) return line.substr(0, at);
+    }
+    return line;
+}
+
+bool Contains(std::string_view text, std::string_view part) {
+    return text.find(part) != std::string_view::npos;
+}
 
 class CgatsReader {
   public:
-    CgatsReader(std::string_view text, MeasurementFile& file) : lines_(text), file_(file) {}
+    CgatsReader(std::string_view text, ReadOptions const& options, MeasurementFile& file)
+        : lines_(text), options_(options), file_(file) {}
 
     void Read() {
         while (lines_.Next()) {
             std::string_view line = lines_.Text();
             if (!UnwrapLine(line, unwrapped_.emplace_back())) unwrapped_.pop_back();
-            TakeLine(line);
+            TakeLine(WithoutComment(line));
             if (section_ != Section::Data || row_.empty()) unwrapped_.clear();
         }
         CheckEnd();
         if (file_.dialect.empty()) file_.dialect = "CGATS";
-        NoteCounts();
-        table_->Finish(file_, stated_);
+        ReportTables();
+        table_->Finish(file_, stated_, options_.scale);
         file_.stated = conditions_.Stated();
-        for (std::string& note : conditions_.Notes()) file_.notes.push_back(std::move(note));
+        for (std::string& note : conditions_.Notes()) file_.warnings.push_back(std::move(note));
     }
 
   private:
-    enum class Section : int { Header, Format, Data, After };
+    enum class Section : int { Header, Format, Data, Skipped, After };
 
     [[nodiscard]] Location Here() const { return {file_.path, lines_.Number()}; }
 
@@ -45,63 +58,82 @@ class CgatsReader {
         if (isClosed && cells_.empty()) return;
         std::string_view const first = cells_.empty() ? std::string_view() : WithoutQuotes(cells_.front());
         if (isClosed && TakeSectionMark(first)) return;
-        bool const isComment = line.front() == '#';
-        if (section_ == Section::Header && !isComment) TakeKeyword(line, first);
-        if (section_ == Section::Format && !isComment) TakeFields(isClosed);
+        if (section_ == Section::Header) TakeKeyword(line, first);
+        if (section_ == Section::Format) TakeFields(isClosed);
         if (section_ == Section::Data) TakeData(line, isClosed);
     }
 
     /// Handles BEGIN_ and END_ lines; returns false for all others.
     bool TakeSectionMark(std::string_view word) {
-        if (word == "BEGIN_DATA_FORMAT") return Begin(word, section_ == Section::Header && names_.empty());
-        if (word == "BEGIN_DATA") return Begin(word, section_ == Section::Header && !names_.empty());
-        if (word == "END_DATA_FORMAT") return End(word, Section::Format, Section::Header);
-        if (word == "END_DATA") return End(word, Section::Data, Section::After);
+        if (section_ == Section::After) {
+            if (word == "BEGIN_DATA") ++tables_;
+            return true;
+        }
+        if (word == "BEGIN_DATA_FORMAT") return BeginFormat(word);
+        if (word == "BEGIN_DATA") return BeginData(word);
+        if (word == "END_DATA_FORMAT") return EndFormat(word);
+        if (word == "END_DATA") return EndData(word);
         return false;
     }
 
-    bool Begin(std::string_view word, bool isInOrder) {
-        bool const isFormat = word == "BEGIN_DATA_FORMAT";
-        if (section_ == Section::After) {
-            NoteFurtherTable();
-            return true;
-        }
-        if (!isInOrder) Fail(Here(), word, Expected());
-        RefuseRest(word);
-        section_ = isFormat ? Section::Format : Section::Data;
-        if (isFormat) formatLine_ = lines_.Number();
-        if (!isFormat) table_.emplace(std::move(names_), Dialect::Cgats, Location{file_.path, formatLine_});
+    bool BeginFormat(std::string_view word) {
+        Require(section_ == Section::Header && names_.empty(), word);
+        section_ = Section::Format;
+        formatLine_ = lines_.Number();
         return true;
     }
 
-    bool End(std::string_view word, Section from, Section to) {
-        if (section_ == Section::After) return true;
-        if (section_ != from) Fail(Here(), word, Expected());
-        RefuseRest(word);
-        if (from == Section::Format && names_.empty())
-            Fail(Here(), "no field names", "some before " + std::string(word));
-        if (from == Section::Data) RefuseOpenRow();
-        section_ = to;
+    bool EndFormat(std::string_view word) {
+        Require(section_ == Section::Format, word);
+        if (names_.empty()) Fail(Here(), "no field names", "some before " + std::string(word));
+        section_ = Section::Header;
         return true;
+    }
+
+    bool BeginData(std::string_view word) {
+        // A further table may leave out its format.
+        Require(section_ == Section::Header && (!names_.empty() || tables_ > 0), word);
+        ++tables_;
+        Location const format{file_.path, formatLine_};
+        if (options_.table == 0 ? !HasSpectralNames(names_) : options_.table != tables_) {
+            section_ = Section::Skipped;
+            if (tables_ == 1) skipped_ = {names_, formatLine_};
+            return true;
+        }
+        if (emission_) Fail({file_.path, emission_->line}, emission_->text, "a measurement of reflectance");
+        section_ = Section::Data;
+        takenTable_ = tables_;
+        table_.emplace(std::move(names_), Dialect::Cgats, format);
+        return true;
+    }
+
+    bool EndData(std::string_view word) {
+        Require(section_ == Section::Data || section_ == Section::Skipped, word);
+        if (section_ == Section::Data) {
+            RefuseOpenRow();
+            section_ = Section::After;
+            return true;
+        }
+        section_ = Section::Header;
+        names_.clear();
+        statedSets_.reset();
+        statedFields_.reset();
+        emission_.reset();
+        return true;
+    }
+
+    void Require(bool isInOrder, std::string_view word) const {
+        if (!isInOrder) Fail(Here(), word, Expected());
+        if (cells_.size() > 1) {
+            Fail(Here(), Excerpt(cells_[1]) + " after " + std::string(word), "the end of the line");
+        }
     }
 
     /// The line that ends this section, for error messages.
     [[nodiscard]] char const* Expected() const {
         if (section_ == Section::Format) return "END_DATA_FORMAT";
-        if (section_ == Section::Data) return "END_DATA";
+        if (section_ == Section::Data || section_ == Section::Skipped) return "END_DATA";
         return names_.empty() ? "BEGIN_DATA_FORMAT" : "BEGIN_DATA";
-    }
-
-    void RefuseRest(std::string_view word) const {
-        if (cells_.size() > 1)
-            Fail(Here(), Excerpt(cells_[1]) + " after " + std::string(word), "the end of the line");
-    }
-
-    void NoteFurtherTable() {
-        if (hasFurtherTable_) return;
-        hasFurtherTable_ = true;
-        file_.notes.push_back("a further table from line " + std::to_string(lines_.Number()) +
-                              " on is not read");
     }
 
     void TakeKeyword(std::string_view line, std::string_view keyword) {
@@ -110,6 +142,8 @@ class CgatsReader {
         std::string_view const rest = Trimmed(line.substr(line.find(cells_[0]) + cells_[0].size()));
         if (file_.dialect.empty()) {
             file_.dialect = rest.empty() ? ToUtf8(keyword) : "CGATS";
+            if (file_.dialect == "SPECT")
+                emission_ = {"the format SPECT, of lamps and displays", lines_.Number()};
         }
         if (rest.empty()) return;
         bool const isQuoted = cells_.size() > 1 && cells_[1].starts_with('"');
@@ -117,7 +151,24 @@ class CgatsReader {
         if (keyword == "NUMBER_OF_FIELDS") statedFields_ = value;
         if (keyword == "NUMBER_OF_SETS") statedSets_ = value;
         if (keyword == "SPECTRAL_NORM") TakeNorm(value);
+        if (keyword == "DEVICE_CLASS" || keyword == "MEAS_TYPE" || keyword == "MEASUREMENT_TYPE") {
+            TakeKind(keyword, value);
+        }
         conditions_.Take(keyword, value);
+    }
+
+    /// Finds out whether the values are reflectances.
+    void TakeKind(std::string_view keyword, std::string const& value) {
+        std::string const kind = Key(value);
+        std::string const text = std::string(keyword) + ' ' + Excerpt(value);
+        if (Contains(kind, "EMISS") || Contains(kind, "DISPLAY") || Contains(kind, "AMBIENT") ||
+            Contains(kind, "RADIANCE")) {
+            emission_ = {text, lines_.Number()};
+        } else if (Contains(kind, "REFLECT")) {
+            emission_.reset();
+        } else if (Contains(kind, "TRANSM")) {
+            file_.warnings.push_back(text + ": transmittance read as reflectance");
+        }
     }
 
     /// The value that stands for a perfect white.
@@ -131,7 +182,7 @@ class CgatsReader {
         RefuseOpenQuote(isClosed);
         for (std::string_view const cell : cells_) names_.push_back(ToUtf8(Unquoted(cell)));
         if (names_.size() > MaxColumns) {
-            Fail(Here(), "more than " + Count(MaxColumns, "fields"), "at most that");
+            Fail(Here(), "more than " + std::to_string(MaxColumns) + " fields", "at most that");
         }
     }
 
@@ -140,8 +191,6 @@ class CgatsReader {
         if (row_.empty() && TakeTabbedRow(line)) return;
         RefuseOpenQuote(isClosed);
         std::size_t const width = table_->Width();
-        bool const isComment = line.front() == '#' && cells_.size() != width;
-        if (isComment) return;
         if (row_.empty() && cells_.size() % width == 0) {
             for (std::size_t at = 0; at < cells_.size(); at += width) {
                 table_->AddRow(std::span(cells_).subspan(at, width), Here());
@@ -185,7 +234,7 @@ class CgatsReader {
     }
 
     [[noreturn]] void RefuseRow(std::size_t count) const {
-        Fail({file_.path, rowLine_}, "a row of " + Count(count, "values"),
+        Fail({file_.path, rowLine_}, "a row of " + std::to_string(count) + " values",
              std::to_string(table_->Width()) + ", one for each field");
     }
 
@@ -193,24 +242,51 @@ class CgatsReader {
         if (!isClosed) Fail(Here(), "a quote that is not closed", "its end in the same line");
     }
 
-    /// Refuses a file that stops early: its last number may be incomplete.
+    /// Refuses a file that stops early, since its last number may be incomplete, and one without the table.
     void CheckEnd() const {
-        if (section_ != Section::After) Fail(Here(), "the end of the file", Expected());
+        bool const isComplete =
+            section_ == Section::After || (section_ == Section::Header && tables_ > 0 && names_.empty());
+        if (!isComplete) Fail(Here(), "the end of the file", Expected());
+        if (!table_ && options_.table > 0) {
+            Fail({file_.path}, "there is no table " + std::to_string(options_.table) + " (there " +
+                                   (tables_ == 1 ? "is 1" : "are " + std::to_string(tables_)) + ')');
+        }
+        // Names what the first table lacks.
+        if (!table_)
+            static_cast<void>(FindColumns(skipped_.names, Dialect::Cgats, {file_.path, skipped_.line}));
         if (table_->Rows() == 0) Fail(Here(), "no rows of data", "one at least");
     }
 
-    void NoteCounts() {
-        auto const note = [this](char const* keyword, std::optional<std::string> const& stated,
-                                 std::size_t count, char const* what) {
-            if (!stated || ToNumber(*stated) == static_cast<double>(count)) return;
-            file_.notes.push_back(std::string(keyword) + " says " + Excerpt(*stated) + ", the file has " +
-                                  Count(count, what));
+    void ReportTables() {
+        if (tables_ > 1 && options_.table == 0) {
+            file_.warnings.push_back("table " + std::to_string(takenTable_) + " of " +
+                                     std::to_string(tables_) +
+                                     " read, the first with spectra (use --table to choose)");
+        }
+        auto const differs = [](std::optional<std::string> const& stated, std::size_t count) {
+            return stated && ToNumber(*stated) != static_cast<double>(count);
         };
-        note("NUMBER_OF_FIELDS", statedFields_, table_->Width(), "fields");
-        note("NUMBER_OF_SETS", statedSets_, table_->Rows(), "rows");
+        if (differs(statedSets_, table_->Rows())) {
+            file_.warnings.push_back("NUMBER_OF_SETS is " + Excerpt(*statedSets_) + ", but the table has " +
+                                     Counted(table_->Rows(), "row"));
+        }
+        if (differs(statedFields_, table_->Width())) {
+            file_.notes.push_back("NUMBER_OF_FIELDS is " + Excerpt(*statedFields_) + ", but the table has " +
+                                  Counted(table_->Width(), "field"));
+        }
     }
 
+    struct Statement {
+        std::string text;
+        std::size_t line;
+    };
+    struct Format {
+        std::vector<std::string> names;
+        std::size_t line = 0;
+    };
+
     LineReader lines_;
+    ReadOptions const& options_;
     MeasurementFile& file_;
     Section section_ = Section::Header;
     Cells cells_;
@@ -225,8 +301,11 @@ class CgatsReader {
     std::optional<StatedScale> stated_;
     std::optional<std::string> statedFields_;
     std::optional<std::string> statedSets_;
+    std::optional<Statement> emission_;  // why the values are not reflectances
+    std::size_t tables_ = 0;             // so far
+    std::size_t takenTable_ = 0;
+    Format skipped_;  // of the first table
     bool hasWrappedRows_ = false;
-    bool hasFurtherTable_ = false;
 };
 
 }  // namespace
@@ -240,6 +319,8 @@ bool IsCgats(std::string_view text) noexcept {
     return false;
 }
 
-void ReadCgats(std::string_view text, MeasurementFile& file) { CgatsReader(text, file).Read(); }
+void ReadCgats(std::string_view text, ReadOptions const& options, MeasurementFile& file) {
+    CgatsReader(text, options, file).Read();
+}
 
 }  // namespace files

@@ -129,6 +129,13 @@ std::optional<SpectralName> ToSpectralName(std::string_view name) {
     return spectral;
 }
 
+bool HasSpectralNames(std::vector<std::string> const& names) {
+    return std::ranges::any_of(names, [](std::string const& text) {
+        auto const name = ToSpectralName(text);
+        return name && (name->nm || Key(text) == "SPECTRALNM");
+    });
+}
+
 Columns FindColumns(std::vector<std::string> const& names, Dialect dialect, Location const& location) {
     Columns columns;
     for (std::size_t at = 0; at < names.size();) {

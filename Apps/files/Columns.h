@@ -46,6 +46,9 @@ struct SpectralName {
 /// "SPECTRAL_PCT" are spectral without a wavelength.
 [[nodiscard]] std::optional<SpectralName> ToSpectralName(std::string_view name);
 
+/// Returns whether any name is spectral.
+[[nodiscard]] bool HasSpectralNames(std::vector<std::string> const& names);
+
 /// Assigns the columns. A CSV header may use informal names for samples and Lab. Throws ReadError if there is
 /// no spectrum or it is given in two ways.
 [[nodiscard]] Columns FindColumns(std::vector<std::string> const& names, Dialect dialect,

@@ -79,18 +79,23 @@ char const* NameOf(char separator) {
     return separator == ';' ? "semicolons" : "commas";
 }
 
-void ReadRows(LineReader& lines, char separator, SampleTable& table, std::string_view file) {
+void ReadRows(LineReader& lines, char separator, SampleTable& table, MeasurementFile& file) {
     CellSplitter splitter(separator);
     Cells cells;
+    std::size_t skipped = 0;
+    std::size_t firstSkipped = 0;
     while (lines.Next()) {
-        Location const location{file, lines.Number()};
+        Location const location{file.path, lines.Number()};
+        if (Trimmed(lines.Text()).starts_with('#')) {
+            if (skipped++ == 0) firstSkipped = lines.Number();
+            continue;
+        }
         if (!splitter.Split(lines.Text(), cells)) {
             Fail(location, "a quote that is not closed", "its end in the same line");
         }
         bool const isBlank =
             std::ranges::all_of(cells, [](auto cell) { return WithoutQuotes(cell).empty(); });
-        bool const isComment = lines.Text().starts_with('#') && cells.size() != table.Width();
-        if (isBlank || isComment) continue;
+        if (isBlank) continue;
         DropEmptyEnd(cells, table.Width());
         if (cells.size() != table.Width()) {
             Fail(location, "a row of " + std::to_string(cells.size()) + " cells",
@@ -98,22 +103,27 @@ void ReadRows(LineReader& lines, char separator, SampleTable& table, std::string
         }
         table.AddRow(cells, location);
     }
-    if (table.Rows() == 0) Fail({file, lines.Number()}, "no rows after the header", "one at least");
+    if (table.Rows() == 0) Fail({file.path, lines.Number()}, "no rows after the header", "one at least");
+    if (skipped > 0) {
+        file.warnings.push_back(Counted(skipped, "row") + " skipped that begin" + (skipped == 1 ? "s" : "") +
+                                " with \"#\" (line " + std::to_string(firstSkipped) +
+                                (skipped == 1 ? "" : ", ...") + "); quote the name to read it");
+    }
 }
 
 }  // namespace
 
-void ReadCsv(std::string_view text, MeasurementFile& file) {
+void ReadCsv(std::string_view text, ReadOptions const& options, MeasurementFile& file) {
     LineReader lines(text);
     while (lines.Next() && IsComment(lines.Text())) {
     }
     Location const headLocation{file.path, lines.Number()};
     Head head = ReadHead(lines.Text(), headLocation);
     SampleTable table(std::move(head.names), Dialect::Csv, headLocation);
-    ReadRows(lines, head.separator, table, file.path);
+    ReadRows(lines, head.separator, table, file);
     file.dialect = "CSV";
     file.notes.push_back(std::string("cells separated by ") + NameOf(head.separator));
-    table.Finish(file, std::nullopt);
+    table.Finish(file, std::nullopt, options.scale);
 }
 
 }  // namespace files

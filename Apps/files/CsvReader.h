@@ -9,6 +9,6 @@ namespace files {
 
 /// Reads a text from CheckedText into `file`, whose path is set. Throws ReadError, also if the first line
 /// that is not a comment (#) has no wavelengths.
-void ReadCsv(std::string_view text, MeasurementFile& file);
+void ReadCsv(std::string_view text, ReadOptions const& options, MeasurementFile& file);
 
 }  // namespace files

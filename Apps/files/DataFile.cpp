@@ -11,6 +11,7 @@
 
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <filesystem>
 #include <optional>
 #include <sstream>
@@ -28,8 +29,6 @@ constexpr std::string_view FirstLine = "[File]";
 /// The format reads no more of a line.
 constexpr std::size_t LongestLine = 1023;
 constexpr short LabDecimals = 4;
-/// Enough to preserve every float above 2e-7; 16 would show the rounding of the conversion.
-constexpr short ReflectanceDecimals = 14;
 
 /// Returns the name of a file without its directories.
 std::string NameOf(std::string const& path) { return platform::Utf8Of(platform::PathOf(path).filename()); }
@@ -52,9 +51,15 @@ void PutSample(kv::ASCIIFile& out, Sample const& sample) {
     out.PutTitel("Sample");
     PutText(out, "Name", sample.name);
     if (sample.lab) out.PutRealArray("Lab", sample.lab->data(), 3, LabDecimals);
-    std::array<double, kv::SpectralPoints> values{};
-    for (int i = 0; i < kv::SpectralPoints; ++i) values.at(static_cast<std::size_t>(i)) = sample.spectrum[i];
-    out.PutRealArray("Spectrum", values.data(), kv::SpectralPoints, ReflectanceDecimals);
+    std::string values;
+    for (int i = 0; i < kv::SpectralPoints; ++i) {
+        // The fewest digits that read back as the same float; the format has no exponents.
+        std::array<char, 64> text{};
+        auto const end = std::to_chars(text.data(), text.data() + text.size(), float{sample.spectrum[i]},
+                                       std::chars_format::fixed);
+        values.append(i > 0 ? " " : "").append(text.data(), end.ptr);
+    }
+    out.PutString("Spectrum", values);
 }
 
 std::string TextOf(MeasurementFile const& file) {
@@ -93,6 +98,9 @@ class DataFileReader {
                      "at most " + std::to_string(LongestLine) + " in a data file");
             }
             stream_ << lines.Text() << '\n';
+        }
+        if (!text.ends_with('\n') && !text.ends_with('\r')) {
+            Fail({name}, "a last line without its end", "a complete file");
         }
         in_.emplace(&stream_, kv::uchar{1}, kv::uchar{0});
         hasLine_ = lines_.Next();
@@ -148,7 +156,7 @@ class DataFileReader {
         }
         file.stated = conditions.Stated();
         file.stated.whiteBase = TryText("WhiteBase").value_or("");
-        for (std::string& note : conditions.Notes()) file.notes.push_back(std::move(note));
+        for (std::string& note : conditions.Notes()) file.warnings.push_back(std::move(note));
     }
 
     int TakeCount() {
@@ -243,7 +251,10 @@ bool IsRepresentable(std::string_view text) {
 }
 
 void WriteDataFile(MeasurementFile const& file, std::string const& path) {
+    if (file.samples.size() > MaxSamples)
+        FailToWrite(path, "more than " + std::to_string(MaxSamples) + " samples");
     std::string const text = TextOf(file);
+    if (text.size() > MaxFileBytes) FailToWrite(path, "more than " + std::to_string(MaxFileBytes) + " bytes");
     CheckLineLengths(text, path);
     std::error_code error;
     fs::file_status const status = fs::status(platform::PathOf(path), error);

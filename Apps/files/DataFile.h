@@ -23,10 +23,11 @@ class WriteError : public std::runtime_error {
 /// which starts an escape in the format.
 [[nodiscard]] bool IsRepresentable(std::string_view text);
 
-/// Writes all samples; `path` is UTF-8. Reflectances above 2e-7 are preserved to the last bit, L*a*b* to 4
-/// decimals. A text that is not representable is written with "?" for characters outside the code page. An
-/// existing file (a symbolic link's target) is replaced atomically and keeps its permissions. Requires the
-/// service kv::AppName: the header names the application. Throws WriteError.
+/// Writes all samples; `path` is UTF-8. Reflectances are preserved to the last bit, L*a*b* to 4
+/// decimals. Whatever is written can be read: the limits are the same. A text that is not representable is
+/// written with "?" for characters outside the code page. An existing file (a symbolic link's target) is
+/// replaced atomically and keeps its permissions. Requires the service kv::AppName: the header names the
+/// application. Throws WriteError.
 void WriteDataFile(MeasurementFile const& file, std::string const& path);
 
 /// Parses the bytes of a file; messages call it `name`. Throws ReadError.

@@ -37,7 +37,7 @@ std::string ReadBytes(std::filesystem::path const& path, Location const& locatio
 
 }  // namespace
 
-MeasurementFile ReadMeasurementFile(std::string const& path) {
+MeasurementFile ReadMeasurementFile(std::string const& path, ReadOptions const& options) {
     namespace fs = std::filesystem;
     Location const location{path};
     fs::path const file = platform::PathOf(path);
@@ -49,20 +49,19 @@ MeasurementFile ReadMeasurementFile(std::string const& path) {
         auto const size = fs::file_size(file, error);
         if (!error) CheckSize(size, path);
     }
-    return ParseMeasurements(ReadBytes(file, location), path);
+    return ParseMeasurements(ReadBytes(file, location), path, options);
 }
 
-MeasurementFile ParseMeasurements(std::string_view bytes, std::string const& name) {
+MeasurementFile ParseMeasurements(std::string_view bytes, std::string const& name,
+                                  ReadOptions const& options) {
     MeasurementFile file;
     file.path = name;
     std::string_view const text = CheckedText(bytes, file.path);
+    bool const isCgats = !IsDataFile(text) && IsCgats(text);
+    if (!isCgats && options.table > 1) Fail({file.path}, "there is only one table (omit --table)");
     if (IsDataFile(text)) return ReadDataFile(bytes, name);
-    if (!sv::IsUtf8(text)) file.notes.emplace_back("text that is not UTF-8 read as Windows-1252");
-    if (IsCgats(text)) {
-        ReadCgats(text, file);
-    } else {
-        ReadCsv(text, file);
-    }
+    if (!sv::IsUtf8(text)) file.assumptions.emplace_back("text in Windows-1252");
+    isCgats ? ReadCgats(text, options, file) : ReadCsv(text, options, file);
     return file;
 }
 

@@ -1,6 +1,7 @@
 #include "Apps/files/Reflectance.h"
 
 #include "Apps/files/Numbers.h"
+#include "Apps/files/Text.h"
 
 #include <algorithm>
 #include <limits>
@@ -51,27 +52,29 @@ std::string At(Extreme const& extreme) {
 struct Choice {
     Scale scale;
     std::string reason;
+    std::string doubt = {};  // why it may be wrong
 };
 
 Choice Choose(Range const& range, std::optional<StatedScale> const& stated, std::string_view file) {
     std::string const largest = "the largest is " + ToText(range.largest.value);
     if (stated) {
         bool const isDoubtful = stated->scale == Scale::Percent && range.largest.value <= UnusualReflectance;
-        return {stated->scale, "as " + stated->word + " says; " + largest +
-                                   (isDoubtful ? ", which looks like a fraction" : "")};
+        return {stated->scale, "as " + stated->word + " says; " + largest,
+                isDoubtful ? largest + " (use --scale fraction if these are fractions)" : ""};
     }
     if (range.aboveHighest == 0) {
-        bool const isZero = range.smallest.value == 0 && range.largest.value == 0;
-        if (isZero) return {Scale::Fraction, "though all values are 0 and cannot tell"};
-        bool const isClear = range.largest.value <= UnusualReflectance;
-        return {Scale::Fraction,
-                "by the values: " + largest + (isClear ? "" : ", which percent could be too")};
+        if (range.smallest.value == 0 && range.largest.value == 0) {
+            return {Scale::Fraction, "all values are 0", "all values are 0"};
+        }
+        bool const isDoubtful = range.largest.value > UnusualReflectance;
+        return {Scale::Fraction, "by the values: " + largest,
+                isDoubtful ? largest + " (use --scale percent if these are percent)" : ""};
     }
     if (static_cast<double>(range.aboveHighest) < MinPercentShare * static_cast<double>(range.count)) {
         Fail({file, range.largest.line},
              At(range.largest) + ", and " + std::to_string(range.aboveHighest) + " of " +
                  std::to_string(range.count) + " values above 2",
-             "fractions or percent throughout");
+             "fractions or percent throughout (or --scale)");
     }
     return {Scale::Percent, "by the values: " + largest};
 }
@@ -79,26 +82,29 @@ Choice Choose(Range const& range, std::optional<StatedScale> const& stated, std:
 }  // namespace
 
 double FindDivisor(std::span<RawSpectrum const> spectra, WavelengthGrid const& grid,
-                   std::optional<StatedScale> const& stated, std::string_view file,
-                   std::vector<std::string>& notes) {
+                   std::optional<StatedScale> const& stated, std::optional<Scale> forced,
+                   MeasurementFile& file) {
     Range const range = FindRange(spectra, grid);
-    auto const [scale, reason] = Choose(range, stated, file);
+    auto const [scale, reason, doubt] =
+        forced ? Choice{*forced, "as requested"} : Choose(range, stated, file.path);
     bool const isPercent = scale == Scale::Percent;
     double const unit = isPercent ? 100 : 1;
     std::string const limits = std::string("reflectance from ") + (isPercent ? "-5 to 200 %" : "-0.05 to 2");
     for (Extreme const& extreme : {range.smallest, range.largest}) {
         if (extreme.value >= LowestReflectance * unit && extreme.value <= HighestReflectance * unit) continue;
-        Fail({file, extreme.line}, At(extreme),
+        Fail({file.path, extreme.line}, At(extreme),
              limits + " (read as " + (isPercent ? "percent" : "a fraction") + ", " + reason + ")");
     }
-    notes.push_back(std::string("reflectance as ") + (isPercent ? "percent, " : "fractions, ") + reason);
+    std::string const read = std::string("reflectance as ") + (isPercent ? "percent, " : "fractions, ");
+    file.notes.push_back(read + reason);
+    if (!doubt.empty()) file.warnings.push_back(read + "although " + doubt);
     if (range.negative > 0) {
-        notes.push_back(std::to_string(range.negative) + " values below 0 kept, the smallest " +
-                        At(range.smallest));
+        file.assumptions.push_back(Counted(range.negative, "value") + " below 0 valid (smallest " +
+                                   At(range.smallest) + ")");
     }
-    if (range.largest.value > UnusualReflectance * unit) {
-        notes.push_back("values above " + ToText(UnusualReflectance * unit) + " kept, the largest " +
-                        At(range.largest));
+    if (doubt.empty() && range.largest.value > UnusualReflectance * unit) {
+        file.assumptions.push_back("values above " + ToText(UnusualReflectance * unit) + " valid (largest " +
+                                   At(range.largest) + ")");
     }
     return unit;
 }

@@ -2,6 +2,8 @@
 
 #include "Apps/files/Quotes.h"
 #include "Apps/files/Text.h"
+#include "KVUtils/Source/colorimetry/CMetry.h"
+#include "KVUtils/Source/colorimetry/XYZVector.h"
 
 #include <algorithm>
 #include <utility>
@@ -14,6 +16,20 @@ bool AreDistinct(std::vector<std::string> const& names) {
     std::vector<std::string_view> sorted(names.begin(), names.end());
     std::ranges::sort(sorted);
     return !sorted.empty() && !sorted.front().empty() && std::ranges::adjacent_find(sorted) == sorted.end();
+}
+
+/// Refuses samples most of which are lighter than any surface: their scale is wrong.
+void CheckLightness(MeasurementFile const& file, double divisor) {
+    constexpr float HighestY = 110;
+    auto const tooLight =
+        static_cast<std::size_t>(std::ranges::count_if(file.samples, [](Sample const& sample) {
+            return kv::XYZVector(kv::CMetry::RGBFilter, sample.spectrum)[1] > HighestY;
+        }));
+    if (2 * tooLight <= file.samples.size()) return;
+    Fail({file.path},
+         "Y above 110 for " + std::to_string(tooLight) + " of " + Counted(file.samples.size(), "sample"),
+         divisor == 1 ? "reflectance as fractions (use --scale percent, or --scale fraction if this is meant)"
+                      : "reflectance as percent (use --scale percent if this is meant)");
 }
 
 }  // namespace
@@ -97,10 +113,11 @@ void SampleTable::NameSamples(MeasurementFile& file) {
     if (!column) {
         file.notes.emplace_back("samples numbered, as no column names them");
     } else {
-        std::vector<std::string> const& chosen = takesId ? sampleIds_ : sampleNames_;
+        std::vector<std::string>& chosen = takesId ? sampleIds_ : sampleNames_;
+        bool const isDistinct = AreDistinct(chosen);
         file.notes.push_back("sample names from " + ColumnName(*column) +
-                             (AreDistinct(chosen) ? "" : ", not all different"));
-        for (std::size_t k = 0; k < chosen.size(); ++k) file.samples[k].name = chosen[k];
+                             (isDistinct ? "" : ", not all different"));
+        for (std::size_t k = 0; k < chosen.size(); ++k) file.samples[k].name = std::move(chosen[k]);
     }
     std::size_t number = 0;
     for (Sample& sample : file.samples) {
@@ -109,10 +126,12 @@ void SampleTable::NameSamples(MeasurementFile& file) {
     }
 }
 
-void SampleTable::Finish(MeasurementFile& file, std::optional<StatedScale> const& stated) {
+void SampleTable::Finish(MeasurementFile& file, std::optional<StatedScale> const& stated,
+                         std::optional<Scale> forced) {
     file.notes.push_back(grid_->note);
+    if (!grid_->assumption.empty()) file.assumptions.push_back(grid_->assumption);
     double const divisor =
-        FindDivisor(spectra_, *grid_, columns_.scale ? columns_.scale : stated, file.path, file.notes);
+        FindDivisor(spectra_, *grid_, columns_.scale ? columns_.scale : stated, forced, file);
     if (numbers_.HasCommas()) file.notes.emplace_back("numbers with decimal commas");
     for (std::size_t k = 0; k < spectra_.size(); ++k) {
         Sample& sample = file.samples.emplace_back();
@@ -122,6 +141,7 @@ void SampleTable::Finish(MeasurementFile& file, std::optional<StatedScale> const
             sample.spectrum[point++] = static_cast<float>(value / divisor);
         }
     }
+    if (!forced) CheckLightness(file, divisor);
     NameSamples(file);
 }
 

@@ -33,8 +33,9 @@ class SampleTable {
     void AddRow(std::span<std::string_view const> cells, Location const& location);
 
     /// Moves the samples and notes into `file`. There must be a row. `stated` is a scale that the file states
-    /// outside the column names. Throws ReadError.
-    void Finish(MeasurementFile& file, std::optional<StatedScale> const& stated);
+    /// outside the column names; `forced` overrides it. Throws ReadError, also if most samples are lighter
+    /// than any surface.
+    void Finish(MeasurementFile& file, std::optional<StatedScale> const& stated, std::optional<Scale> forced);
 
   private:
     [[nodiscard]] double Number(std::span<std::string_view const> cells, std::size_t column,

@@ -30,31 +30,25 @@ std::optional<unsigned long> ToMode(std::string_view word) {
 
 }  // namespace
 
+bool HasSpectrum(kv::IllumClass const& illuminant) noexcept {
+    kv::IllumType const type = illuminant;
+    // A slot read by its own name has no number yet; as a number, 65 is the tabulated D65.
+    if (kv::IsNumberedDaylight(type)) return short{illuminant} != kv::IllumClass::UnusedDayNumber;
+    return type != kv::IllumType::NotSet && type != kv::IllumType::Custom &&
+           (type < kv::IllumType::Il1 || type > kv::IllumType::Il4);
+}
+
 std::optional<kv::IllumClass> ToIlluminant(std::string_view word) {
-    using kv::IllumClass;
-    using kv::IllumType;
-    std::string const key = Key(word);
-    if (key == "A") return IllumClass(IllumType::A);
-    if (key == "C") return IllumClass(IllumType::C);
-    if (key == "D50") return IllumClass(IllumType::D50);
-    if (key == "D65") return IllumClass(IllumType::D65);
-    auto const number = key.size() < 2 ? std::nullopt : ToWhole(std::string_view(key).substr(1));
-    if (!number) return std::nullopt;
-    if (key.front() == 'D' && *number >= FirstDayNumber && *number <= LastDayNumber) {
-        return IllumClass(IllumType::Dxx1, static_cast<short>(*number));
-    }
-    if (key.front() == 'F' && *number >= 1 && *number <= 12) {
-        return IllumClass(static_cast<IllumType>(static_cast<int>(IllumType::F1) + *number - 1));
-    }
-    return std::nullopt;
+    auto const illuminant = kv::IllumClass::Parse(word);
+    return illuminant && HasSpectrum(*illuminant) ? illuminant : std::nullopt;
 }
 
 std::optional<kv::ObserverClass> ToObserver(std::string_view text) {
     for (std::string_view word = NextWord(text); !word.empty(); word = NextWord(text)) {
         // "2deg" is one word.
-        std::string_view const digits = word.substr(0, word.find_first_not_of(Digits));
-        if (digits == "2" || digits == "1931") return kv::ObserverClass(kv::ObserverType::TwoDegrees);
-        if (digits == "10" || digits == "1964") return kv::ObserverClass(kv::ObserverType::TenDegrees);
+        if (auto const observer = kv::ObserverClass::Parse(word.substr(0, word.find_first_not_of(Digits)))) {
+            return observer;
+        }
     }
     return std::nullopt;
 }

@@ -19,11 +19,10 @@ struct StatedConditions {
     std::string whiteBase;        // as written ("Absolute", "Paper")
 };
 
-/// The daylights that can be computed, by day number: 4000 K to 25000 K.
-inline constexpr short FirstDayNumber = 40;
-inline constexpr short LastDayNumber = 250;
-
-/// Parses "A", "C", "D50", "D65", "F1" to "F12" or a daylight "D40" to "D250", in any case.
+/// Returns whether the library has a spectrum for the illuminant.
+[[nodiscard]] bool HasSpectrum(kv::IllumClass const& illuminant) noexcept;
+/// Parses an illuminant that has a spectrum: "A", "C", "D50", "D65", "F1" to "F12", "D40" to "D250", in any
+/// case.
 [[nodiscard]] std::optional<kv::IllumClass> ToIlluminant(std::string_view word);
 /// Finds the field of 2 or 10 degrees in texts such as "2 degree", "10" or "CIE 1964".
 [[nodiscard]] std::optional<kv::ObserverClass> ToObserver(std::string_view text);

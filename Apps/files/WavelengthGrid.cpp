@@ -101,6 +101,12 @@ WavelengthGrid MakeGrid(std::vector<SpectralColumn> columns, Location const& loc
                             EndNote("below", first, kv::FirstWavelength, firstTen) +
                             EndNote("above", last, kv::LastWavelength, lastTen);
     grid.note = "wavelengths " + range + (how.empty() ? ", taken as they are" : how);
+    std::string const held[] = {"below " + std::to_string(firstTen), "above " + std::to_string(lastTen)};
+    bool const isHeld[] = {firstTen > kv::FirstWavelength, lastTen < kv::LastWavelength};
+    for (int end = 0; end < 2; ++end) {
+        if (isHeld[end]) grid.assumption += (grid.assumption.empty() ? "" : " and ") + held[end];
+    }
+    if (!grid.assumption.empty()) grid.assumption = "reflectance " + grid.assumption + " nm constant";
     return grid;
 }
 

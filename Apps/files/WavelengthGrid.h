@@ -26,6 +26,7 @@ struct WavelengthGrid {
     std::array<std::size_t, kv::SpectralPoints> columns{};
     std::array<int, kv::SpectralPoints> wavelengths{};  // of those columns, in nm; held ends repeat theirs
     std::string note;
+    std::string assumption;  // how missing wavelengths are filled in; empty if there are none
 };
 
 /// Maps columns in any order. Their wavelengths must have a step of 10, 5 or 1 nm without a gap, include

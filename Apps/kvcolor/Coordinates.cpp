@@ -27,6 +27,9 @@ Row ColourRow(files::Sample const& sample) {
     append(xyY);
     append(lab);
     append(lch);
+    // The hue of a neutral is noise.
+    constexpr float smallestChroma = 0.005F;
+    if (lch[1] < smallestChroma) row.cells.back() = Cell();
     return row;
 }
 

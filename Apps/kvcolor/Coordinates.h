@@ -10,7 +10,7 @@ namespace kvcolor {
 
 /// Name, XYZ, xyY, Lab and LCh.
 [[nodiscard]] std::vector<Column> ColourColumns();
-/// Returns the cells of these columns under the illuminant and observer in force.
+/// Returns the cells of these columns, with no hue if C* is 0.00, under the illuminant and observer in force.
 [[nodiscard]] Row ColourRow(files::Sample const& sample);
 
 }  // namespace kvcolor

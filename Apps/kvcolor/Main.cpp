@@ -46,6 +46,8 @@ int main(int argc, char** argv) {
     int const status = kvcolor::Run(platform::Arguments(argc, argv), environment);
     if (std::cout.flush()) return status;
     int const reason = errno;
+    // The reader of the output has enough.
+    if (reason == EPIPE) return kvcolor::OutputFailed;
     kvcolor::Messages(std::cerr).Error("cannot write the output" +
                                        (reason == 0 ? "" : ": " + std::generic_category().message(reason)));
     return kvcolor::OutputFailed;

@@ -6,6 +6,8 @@
 #include "Apps/kvcolor/commands/Commands.h"
 #include "KVUtils/Version.h"
 
+#include <new>
+
 namespace kvcolor {
 
 int Run(std::vector<std::string> arguments, Environment const& environment) {
@@ -29,6 +31,9 @@ int Run(std::vector<std::string> arguments, Environment const& environment) {
     } catch (files::WriteError const& error) {
         messages.Error(error.what());
         return OutputFailed;
+    } catch (std::bad_alloc const&) {
+        messages.Error("out of memory");
+        return UnusableInput;
     } catch (std::exception const& error) {
         messages.Error(error.what());
         return UnusableInput;

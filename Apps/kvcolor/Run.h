@@ -8,7 +8,7 @@
 
 namespace kvcolor {
 
-/// Exit statuses.
+/// Exit statuses. A closed pipe is a failed output too, but without a message.
 inline constexpr int Success = 0;
 inline constexpr int UnusableInput = 2;
 inline constexpr int OutputFailed = 3;

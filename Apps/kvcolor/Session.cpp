@@ -2,6 +2,7 @@
 
 #include "Apps/evaluation/Conditions.h"
 #include "Apps/evaluation/InputError.h"
+#include "Apps/files/Text.h"
 #include "Apps/kvcolor/SampleNames.h"
 #include "Apps/kvcolor/output/Writers.h"
 #include "Platform/Utf8Path.h"
@@ -18,12 +19,14 @@ void Session::AddOutputOptions(Command& command) {
                  .value = "FORMAT",
                  .choices = {"table", "csv", "json"}},
                 format_);
-    AddQuiet(command);
+    AddVerbosity(command);
 }
 
-void Session::AddQuiet(Command& command) {
+void Session::AddVerbosity(Command& command) {
     command.Add({.name = "-q,--quiet", .help = "Suppress notes; warnings are still shown"},
                 messages_.IsQuiet());
+    command.Add({.name = "-v,--verbose", .help = "Show details on how the file was read"},
+                messages_.IsVerbose());
 }
 
 void Session::AddInputOptions(Command& command) {
@@ -34,6 +37,15 @@ void Session::AddInputOptions(Command& command) {
                  .help = "Only these samples: names, patterns (neutral*), numbers (#3)",
                  .value = "NAME"},
                 only_);
+    command.Add({.name = "--scale",
+                 .help = "Scale of the reflectances, if the guess is wrong: percent or fraction",
+                 .value = "SCALE",
+                 .choices = {"percent", "fraction"}},
+                scale_);
+    constexpr long maxTable = 1'000'000;
+    command.Add(
+        {.name = "--table", .help = "Read this table; the first with spectra by default", .value = "N"},
+        table_, 1, maxTable);
     AddMeasurementMode(command, "Expected measurement condition: M0 to M3");
     command.Add({.name = "--instrument-filter",
                  .help = "Expected instrument filter: No, Pol, UV, ...",
@@ -70,11 +82,25 @@ void Session::AddForce(Command& command, char const* help) {
     command.Add({.name = "--force", .help = help}, isForced_);
 }
 
-kv::IllumClass Session::Illuminant() const { return evaluation::ParseIlluminant(illuminant_); }
-kv::ObserverClass Session::Observer() const { return evaluation::ParseObserver(observer_); }
+kv::IllumClass Session::Illuminant() const {
+    return evaluation::ParseIlluminant(illuminant_.empty() ? "D50" : illuminant_);
+}
+kv::ObserverClass Session::Observer() const {
+    return evaluation::ParseObserver(observer_.empty() ? "2" : observer_);
+}
 evaluation::FormulaWeights Session::Weights() const { return evaluation::ParseWeights(cmc_, k94_); }
 std::string Session::MeasurementMode() const {
     return measurementMode_.empty() ? "" : evaluation::ParseMeasurementMode(measurementMode_);
+}
+
+evaluation::RequestedConditions Session::Defaults() const {
+    evaluation::RequestedConditions defaults;
+    if (illuminant_.empty()) defaults.illuminants = {Illuminant()};
+    if (observer_.empty()) defaults.observer = Observer();
+    // Names that the user gave are checked before the file is read.
+    static_cast<void>(Illuminant());
+    static_cast<void>(Observer());
+    return defaults;
 }
 
 files::MeasurementFile Session::Load(evaluation::RequestedConditions requested) {
@@ -84,8 +110,13 @@ files::MeasurementFile Session::Load(evaluation::RequestedConditions requested) 
 files::MeasurementFile Session::Load(std::string const& path, evaluation::RequestedConditions requested) {
     requested.measurementMode = MeasurementMode();
     if (!filter_.empty()) requested.filter = evaluation::ParseFilter(filter_);
-    files::MeasurementFile file = files::ReadMeasurementFile(path);
-    for (std::string const& note : file.notes) messages_.Note(file.path + ": " + note);
+    files::ReadOptions options;
+    if (!scale_.empty()) options.scale = scale_ == "percent" ? files::Scale::Percent : files::Scale::Fraction;
+    options.table = static_cast<std::size_t>(table_);
+    files::MeasurementFile file = files::ReadMeasurementFile(path, options);
+    for (std::string const& warning : file.warnings) messages_.Warn(file.path + ": " + warning);
+    if (!file.assumptions.empty()) messages_.Note(file.path + ": assumed " + files::List(file.assumptions));
+    for (std::string const& note : file.notes) messages_.Detail(file.path + ": " + note);
     messages_.Write(evaluation::CheckStated(file, requested));
     return file;
 }
@@ -119,12 +150,18 @@ void Session::ApplyConditions() const { evaluation::ApplyConditions(Illuminant()
 
 void Session::Deliver(Answer const& answer) const {
     if (format_ == "csv") {
-        environment_.out << WriteCsv(answer);
+        WriteCsv(environment_.out, answer);
     } else if (format_ == "json") {
-        environment_.out << WriteJson(answer);
+        WriteJson(environment_.out, answer);
     } else {
-        environment_.out << WriteTable(answer, DepthOf(environment_));
+        WriteTable(environment_.out, answer, DepthOf(environment_));
     }
+}
+
+void Session::Deliver(char const* command, std::vector<Condition> conditions, Table table) const {
+    Answer answer{command, std::move(conditions), {}};
+    answer.tables.push_back(std::move(table));
+    Deliver(answer);
 }
 
 }  // namespace kvcolor

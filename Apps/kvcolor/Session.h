@@ -10,6 +10,7 @@
 #include "Apps/kvcolor/output/Answer.h"
 #include "Apps/kvcolor/output/Messages.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,10 +21,11 @@ class Session {
     explicit Session(Environment const& environment)
         : environment_(environment), messages_(environment.err) {}
 
-    /// Adds --format and --quiet.
+    /// Adds --format, --quiet and --verbose.
     void AddOutputOptions(Command& command);
-    void AddQuiet(Command& command);
-    /// Adds FILE, the choice of samples and the expected conditions of measurement.
+    /// Adds --quiet and --verbose.
+    void AddVerbosity(Command& command);
+    /// Adds FILE, how to read it, the choice of samples and the expected conditions of measurement.
     void AddInputOptions(Command& command);
     /// Adds both.
     void AddFileOptions(Command& command);
@@ -45,12 +47,15 @@ class Session {
     [[nodiscard]] std::string const& WeightsOfCie94() const noexcept { return k94_; }
     /// "M0" to "M3", or empty.
     [[nodiscard]] std::string MeasurementMode() const;
-    [[nodiscard]] evaluation::RequestedConditions Requested() const {
-        return {{Illuminant()}, Observer(), "", ""};
-    }
+    /// Returns the illuminant and the observer that the user did not name: a file that states others gives a
+    /// warning.
+    [[nodiscard]] evaluation::RequestedConditions Defaults() const;
+    [[nodiscard]] bool NamesObserver() const noexcept { return !observer_.empty(); }
+    [[nodiscard]] std::string const& FileName() const noexcept { return file_; }
 
-    /// Reads FILE, or another file, writes its notes and compares what it states with the request, to which
-    /// the options add the conditions of measurement. Throws files::ReadError.
+    /// Reads FILE, or another file, writes its warnings and one note on what was assumed, and compares what
+    /// it states with the request, to which the options add the conditions of measurement. Throws
+    /// files::ReadError.
     [[nodiscard]] files::MeasurementFile Load(evaluation::RequestedConditions requested = {});
     [[nodiscard]] files::MeasurementFile Load(std::string const& path,
                                               evaluation::RequestedConditions requested);
@@ -74,6 +79,8 @@ class Session {
 
     /// Writes the answer in the format of --format.
     void Deliver(Answer const& answer) const;
+    /// Writes an answer of one table.
+    void Deliver(char const* command, std::vector<Condition> conditions, Table table) const;
 
     [[nodiscard]] Messages& GetMessages() noexcept { return messages_; }
     [[nodiscard]] Environment const& GetEnvironment() const noexcept { return environment_; }
@@ -84,8 +91,10 @@ class Session {
     std::string file_;
     std::string format_ = "table";
     std::vector<std::string> only_;
-    std::string illuminant_ = "D50";
-    std::string observer_ = "2";
+    std::string scale_;
+    long table_ = 0;
+    std::string illuminant_;
+    std::string observer_;
     std::string cmc_ = "2:1";
     std::string k94_ = "1:1:1";
     std::string measurementMode_;

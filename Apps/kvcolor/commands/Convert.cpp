@@ -8,7 +8,7 @@ namespace kvcolor {
 namespace {
 
 void RunConvert(Session& session) {
-    auto const file = session.Load(session.Requested());
+    auto const file = session.Load(session.Defaults());
     auto const chosen = session.Chosen(file);
     session.ApplyConditions();
 
@@ -20,7 +20,7 @@ void RunConvert(Session& session) {
     }
     auto conditions = Session::ConditionsOf(file);
     session.AppendConditions(conditions);
-    session.Deliver({"convert", conditions, {table}});
+    session.Deliver("convert", std::move(conditions), std::move(table));
 }
 
 }  // namespace

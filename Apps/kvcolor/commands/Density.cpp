@@ -84,7 +84,7 @@ Densitometer Prepare(Session& session, References const& references, kv::DStdCla
                      std::optional<int> filter) {
     Use(standard, references.paper);
     if (!HasColourFilters(standard)) {
-        session.GetMessages().Note(NameOf(standard) + " has only the visual filter");
+        session.GetMessages().Detail(NameOf(standard) + " has only the visual filter");
         if (filter && *filter > 0)
             throw InputError(NameOf(standard) + " has no filter " + std::to_string(*filter));
     }
@@ -144,6 +144,23 @@ std::vector<Condition> ConditionsOf(MeasurementFile const& file, References cons
     return conditions;
 }
 
+/// Warns of samples without any reflectance, whose densities have no meaning.
+void WarnOfBlack(Session& session, MeasurementFile const& file, std::vector<std::size_t> const& chosen) {
+    std::vector<std::string> names;
+    for (std::size_t const index : chosen) {
+        bool isBlack = true;
+        for (int i = 0; i < kv::SpectralPoints; ++i)
+            isBlack = isBlack && file.samples[index].spectrum[i] <= 0;
+        if (isBlack) names.push_back(Quoted(file.samples[index].name));
+    }
+    constexpr std::size_t maxNames = 5;
+    if (names.empty()) return;
+    session.GetMessages().Warn(files::Counted(names.size(), "sample") +
+                               " without any reflectance, whose densities "
+                               "are arbitrary: " +
+                               files::List(names, maxNames));
+}
+
 void RunDensity(Session& session, DensityOptions const& options) {
     std::vector<kv::DStdClass> const standards = StandardsOf(options);
     std::optional<int> const filter = ParseFilterIndex(options.filter);
@@ -160,6 +177,7 @@ void RunDensity(Session& session, DensityOptions const& options) {
         densitometers.push_back(Prepare(session, references, standard, filter));
     }
 
+    WarnOfBlack(session, file, chosen);
     Table table{"samples", Columns(references, namesStandard), {}};
     Progress progress(session.GetEnvironment(), "measuring densities", chosen.size());
     for (std::size_t const index : chosen) {
@@ -172,7 +190,7 @@ void RunDensity(Session& session, DensityOptions const& options) {
         }
         progress.Step();
     }
-    session.Deliver({"density", ConditionsOf(file, references, standards), {table}});
+    session.Deliver("density", ConditionsOf(file, references, standards), std::move(table));
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include <cmath>
 #include <filesystem>
 #include <memory>
+#include <optional>
 
 namespace kvcolor {
 
@@ -34,9 +35,17 @@ struct DifferenceOptions {
 /// The spectra to compare and the conditions of the answer.
 struct Comparison {
     MeasurementFile samples;
-    MeasurementFile standards;
+    std::optional<MeasurementFile> otherFile;  // of the standards; else they are samples too
     std::vector<IndexPair> pairs;
     std::vector<Condition> conditions;
+
+    [[nodiscard]] MeasurementFile const& Standards() const { return otherFile ? *otherFile : samples; }
+};
+
+/// The standard named by the user.
+struct Standard {
+    std::string name;
+    bool isFile;
 };
 
 bool IsFile(std::string const& path) {
@@ -45,31 +54,47 @@ bool IsFile(std::string const& path) {
     return std::filesystem::exists(name, error) && !std::filesystem::is_directory(name, error);
 }
 
-Comparison CompareFiles(Session& session, DifferenceOptions const& options) {
+/// Decides whether the text names a file or a sample; a prefix settles it.
+Standard ParseStandard(std::string const& text) {
+    constexpr std::string_view filePrefix = "file:";
+    constexpr std::string_view samplePrefix = "sample:";
+    if (text.starts_with(filePrefix)) return {text.substr(filePrefix.size()), true};
+    if (text.starts_with(samplePrefix)) return {text.substr(samplePrefix.size()), false};
+    return {text, IsFile(text)};
+}
+
+Comparison CompareFiles(Session& session, Standard const& standard, bool isPrefixed) {
     Comparison comparison{
-        session.Load(session.Requested()), session.Load(options.standard, session.Requested()), {}, {}};
-    evaluation::Remarks remarks = evaluation::CheckStatedAlike(comparison.samples, comparison.standards);
-    comparison.pairs = evaluation::PairByName(comparison.samples, session.Chosen(comparison.samples),
-                                              comparison.standards, remarks);
+        session.Load(session.Defaults()), session.Load(standard.name, session.Defaults()), {}, {}};
+    MeasurementFile const& samples = comparison.samples;
+    if (!isPrefixed && HasSample(samples, standard.name)) {
+        session.GetMessages().Warn("--standard " + standard.name + " is a file and a sample of " +
+                                   samples.path + "; using the file (use sample:" + standard.name +
+                                   " for the sample)");
+    }
+    evaluation::Remarks remarks = evaluation::CheckStatedAlike(samples, comparison.Standards());
+    comparison.pairs =
+        evaluation::PairByName(samples, session.Chosen(samples), comparison.Standards(), remarks);
     session.GetMessages().Write(remarks);
-    comparison.conditions = Session::ConditionsOf(comparison.samples);
-    comparison.conditions.push_back({"standard", options.standard});
+    comparison.conditions = Session::ConditionsOf(samples);
+    comparison.conditions.push_back({"standard file", standard.name});
     return comparison;
 }
 
-Comparison CompareWithOne(Session& session, DifferenceOptions const& options) {
-    MeasurementFile file = session.Load(session.Requested());
-    if (!HasSample(file, options.standard) && options.standard.find_first_of("./\\") != std::string::npos) {
-        throw InputError("--standard " + options.standard + ": neither a file nor a sample of " + file.path);
+Comparison CompareWithOne(Session& session, Standard const& named, bool isPrefixed) {
+    Comparison comparison{session.Load(session.Defaults()), std::nullopt, {}, {}};
+    MeasurementFile const& file = comparison.samples;
+    if (!isPrefixed && !HasSample(file, named.name) &&
+        named.name.find_first_of("./\\") != std::string::npos) {
+        throw InputError("--standard " + named.name + ": neither a file nor a sample of " + file.path);
     }
-    std::size_t const standard = FindSample(file, options.standard, session.GetMessages());
-    Comparison comparison{file, file, {}, Session::ConditionsOf(file)};
+    std::size_t const standard = FindSample(file, named.name, session.GetMessages());
     for (std::size_t const index : session.Chosen(file)) {
         if (index != standard) comparison.pairs.push_back({index, standard});
     }
-    if (comparison.pairs.empty())
-        throw InputError("no sample other than the standard " + Quoted(options.standard));
-    comparison.conditions.push_back({"standard", file.samples[standard].name});
+    if (comparison.pairs.empty()) throw InputError("no sample other than the standard " + Quoted(named.name));
+    comparison.conditions = Session::ConditionsOf(file);
+    comparison.conditions.push_back({"standard sample", file.samples[standard].name});
     return comparison;
 }
 
@@ -84,7 +109,8 @@ Table TableOfPairs(Session& session, Comparison const& comparison,
     Progress progress(session.GetEnvironment(), "comparing", comparison.pairs.size());
     for (IndexPair const& indices : comparison.pairs) {
         files::Sample const& sample = comparison.samples.samples[indices.sample];
-        evaluation::Pair const pair(sample.spectrum, comparison.standards.samples[indices.standard].spectrum);
+        evaluation::Pair const pair(sample.spectrum,
+                                    comparison.Standards().samples[indices.standard].spectrum);
         Row row = Session::RowOf(sample);
         for (DifferenceFormula const formula : formulas) row.cells.emplace_back(pair.Rate(formula, weights));
         table.rows.push_back(std::move(row));
@@ -124,20 +150,21 @@ void RunDifference(Session& session, DifferenceOptions const& options) {
     std::vector<DifferenceFormula> const formulas = evaluation::ParseFormulas(options.formulas);
     FormulaWeights const weights = session.Weights();
 
-    Comparison comparison =
-        IsFile(options.standard) ? CompareFiles(session, options) : CompareWithOne(session, options);
+    Standard const standard = ParseStandard(options.standard);
+    bool const isPrefixed = standard.name != options.standard;
+    Comparison comparison = standard.isFile ? CompareFiles(session, standard, isPrefixed)
+                                            : CompareWithOne(session, standard, isPrefixed);
     session.ApplyConditions();
     session.AppendConditions(comparison.conditions);
     comparison.conditions.push_back({"CMC", session.WeightsOfCmc()});
     comparison.conditions.push_back({"CIE94", session.WeightsOfCie94()});
 
-    Table const pairs = TableOfPairs(session, comparison, formulas, weights);
-    Table const summary = TableOfSummaries(pairs, formulas);
-    if (options.summaryOnly) {
-        session.Deliver({"difference", comparison.conditions, {summary}});
-    } else {
-        session.Deliver({"difference", comparison.conditions, {pairs, summary}});
-    }
+    Table pairs = TableOfPairs(session, comparison, formulas, weights);
+    Table summary = TableOfSummaries(pairs, formulas);
+    Answer answer{"difference", std::move(comparison.conditions), {}};
+    if (!options.summaryOnly) answer.tables.push_back(std::move(pairs));
+    answer.tables.push_back(std::move(summary));
+    session.Deliver(answer);
 }
 
 }  // namespace
@@ -147,11 +174,13 @@ void AddDifference(CommandLine& program, Session& session) {
     Command command = program.Add(
         "difference", "Compute colour differences to a sample or a second file, with their summary");
     session.AddFileOptions(command);
-    command.Add({.name = "--standard",
-                 .help = "A second file, matched by name, or else a sample of FILE",
-                 .value = "NAME|FILE2",
-                 .isRequired = true},
-                options->standard);
+    command.Add(
+        {.name = "--standard",
+         .help =
+             "A second file, matched by name, or else a sample of FILE; file:... or sample:... settles it",
+         .value = "NAME|FILE2",
+         .isRequired = true},
+        options->standard);
     session.AddConditions(command);
     command.Add({.name = "--formula",
                  .help = "Some of cielab,dL,dC,dH,cmc,cie94,fmc2,mg,korvel1,korvel2; all by default",

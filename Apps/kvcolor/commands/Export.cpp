@@ -1,8 +1,12 @@
+#include "Apps/evaluation/InputError.h"
 #include "Apps/kvcolor/ExportFile.h"
 #include "Apps/kvcolor/Session.h"
 #include "Apps/kvcolor/commands/Commands.h"
+#include "Platform/Utf8Path.h"
 
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace kvcolor {
@@ -11,6 +15,10 @@ namespace {
 
 void RunExport(Session& session, std::string const& out) {
     session.CheckOutput(out);
+    std::error_code ignored;
+    if (std::filesystem::equivalent(platform::PathOf(session.FileName()), platform::PathOf(out), ignored)) {
+        throw evaluation::InputError(out + " is FILE itself (choose another OUT)");
+    }
     auto file = session.Load();
     std::vector<files::Sample> samples;
     for (std::size_t const index : session.Chosen(file)) samples.push_back(std::move(file.samples[index]));
@@ -27,7 +35,7 @@ void AddExport(CommandLine& program, Session& session) {
     session.AddInputOptions(command);
     command.Add({.name = "OUT", .help = "The data file to write", .isRequired = true}, *out);
     session.AddForce(command, "Overwrite OUT if it exists");
-    session.AddQuiet(command);
+    session.AddVerbosity(command);
     command.Finish("Example:\n  kvcolor export ink.txt ink.dat --only 0,100",
                    [&session, out] { RunExport(session, *out); });
 }

@@ -1,5 +1,4 @@
 #include "Apps/evaluation/Conditions.h"
-#include "Apps/files/StatedConditions.h"
 #include "Apps/kvcolor/Session.h"
 #include "Apps/kvcolor/commands/Commands.h"
 #include "KVUtils/KVUtils.h"
@@ -50,7 +49,8 @@ std::vector<kv::IllumClass> SelectedIlluminants(std::vector<std::string> const& 
     if (!names.empty()) return selected;
     for (kv::IllumType const type : evaluation::TabledIlluminants()) selected.emplace_back(type);
     // The limits of the formula, and the two daylights of it that standards name.
-    for (short const number : {files::FirstDayNumber, short{55}, short{75}, files::LastDayNumber}) {
+    for (short const number :
+         {kv::IllumClass::FirstDayNumber, short{55}, short{75}, kv::IllumClass::LastDayNumber}) {
         selected.emplace_back(kv::IllumType::Dxx1, number);
     }
     return selected;
@@ -75,9 +75,9 @@ void RunIlluminants(Session& session, std::vector<std::string> const& names) {
         table.rows.push_back(WhitePoint(illuminant, observer));
     }
     if (names.empty()) {
-        session.GetMessages().Note("any daylight from D40 (4000 K) to D250 (25000 K) can be selected");
+        session.GetMessages().Detail("any daylight from D40 (4000 K) to D250 (25000 K) can be selected");
     }
-    session.Deliver({"illuminants", {{"observer", NameOf(observer)}}, {table}});
+    session.Deliver("illuminants", {{"observer", NameOf(observer)}}, std::move(table));
 }
 
 }  // namespace

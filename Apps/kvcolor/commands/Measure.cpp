@@ -47,7 +47,7 @@ void Deliver(Session& session, MeasureOptions const& options, files::Measurement
     auto conditions = Session::ConditionsOf(file);
     conditions.front().key = "instrument";
     session.AppendConditions(conditions);
-    session.Deliver({"measure", conditions, {table}});
+    session.Deliver("measure", std::move(conditions), std::move(table));
 }
 
 void RunMeasure(Session& session, MeasureOptions const& options) {

@@ -20,7 +20,7 @@ using evaluation::NameOf;
 struct MetamerismOptions {
     std::string standard;
     std::string sample;
-    std::string reference = "D65";
+    std::string reference;  // empty for D65
     std::vector<std::string> tests;
 };
 
@@ -31,7 +31,8 @@ struct Illuminants {
 };
 
 Illuminants IlluminantsOf(MetamerismOptions const& options) {
-    Illuminants illuminants{evaluation::ParseIlluminant(options.reference), {}};
+    Illuminants illuminants{
+        evaluation::ParseIlluminant(options.reference.empty() ? "D65" : options.reference), {}};
     for (std::string const& name : options.tests) {
         kv::IllumClass const test = evaluation::ParseIlluminant(name);
         if (test == illuminants.reference) {
@@ -71,9 +72,12 @@ std::vector<Column> Columns(Illuminants const& illuminants) {
 void RunMetamerism(Session& session, MetamerismOptions const& options) {
     Illuminants const illuminants = IlluminantsOf(options);
     kv::ObserverClass const observer = session.Observer();
-    std::vector<kv::IllumClass> all = illuminants.tests;
-    all.insert(all.begin(), illuminants.reference);
-    auto const file = session.Load({all, observer, "", ""});
+    evaluation::RequestedConditions defaults;
+    if (options.reference.empty() && options.tests.empty()) {
+        defaults.illuminants = {illuminants.reference, illuminants.tests.front()};
+    }
+    if (!session.NamesObserver()) defaults.observer = observer;
+    auto const file = session.Load(defaults);
     std::size_t const standardIndex = FindSample(file, options.standard, session.GetMessages());
     kv::Spectrum const& standard = file.samples[standardIndex].spectrum;
     auto const samples = OtherSamples(session, options, file, standardIndex);
@@ -100,7 +104,7 @@ void RunMetamerism(Session& session, MetamerismOptions const& options) {
     conditions.push_back({"standard", file.samples[standardIndex].name});
     conditions.push_back({"reference", NameOf(illuminants.reference)});
     conditions.push_back({"observer", NameOf(observer)});
-    session.Deliver({"metamerism", conditions, {table}});
+    session.Deliver("metamerism", std::move(conditions), std::move(table));
 }
 
 }  // namespace

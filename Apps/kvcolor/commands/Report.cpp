@@ -12,9 +12,16 @@
 #include "KVUtils/KVUtils.h"
 #include "KVUtils/Version.h"
 #include "Platform/CommandLine.h"
+#include "Platform/Utf8Path.h"
+#include "SV/core/Boxes.h"
 #include "SV/core/NativePath.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
 #include <memory>
+#include <system_error>
 
 namespace kvcolor {
 
@@ -112,18 +119,73 @@ kv::MyPrinter& PrinterFor(ReportOptions const& options) {
     return *printer;
 }
 
+/// Throws files::WriteError if the file cannot be written. Leaves an existing one unchanged and no new one.
+void TryOutput(std::string const& path) {
+    std::filesystem::path const file = platform::PathOf(path);
+    std::error_code error;
+    bool const exists = std::filesystem::exists(file, error);
+    std::string const problem = path + ": cannot be written: ";
+    if (std::filesystem::is_directory(file, error)) throw files::WriteError(problem + "is a directory");
+    std::filesystem::path const folder = file.parent_path();
+    if (!folder.empty() && !std::filesystem::is_directory(folder, error)) {
+        throw files::WriteError(problem + "no such directory");
+    }
+    errno = 0;
+    bool const isWritable = std::ofstream(file, std::ios::binary | std::ios::app).is_open();
+    int const reason = errno;
+    if (isWritable && !exists) std::filesystem::remove(file, error);
+    if (!isWritable) throw files::WriteError(problem + std::generic_category().message(reason));
+}
+
+/// Throws files::WriteError if the file is not a whole PDF file: a full device cuts it off silently.
+void CheckWritten(std::string const& path) {
+    constexpr std::streamoff tailBytes = 32;
+    std::ifstream file(platform::PathOf(path), std::ios::binary);
+    file.seekg(0, std::ios::end);
+    file.seekg(-std::min<std::streamoff>(file.tellg(), tailBytes), std::ios::cur);
+    std::string const tail{std::istreambuf_iterator<char>(file), {}};
+    if (tail.find("%%EOF") != std::string::npos) return;
+    throw files::WriteError(path + ": cannot be written completely (is the device full?)");
+}
+
+/// Writes the boxes of the library as warnings and answers them, since a display may not be seen.
+class BoxesAsWarnings {
+  public:
+    explicit BoxesAsWarnings(Messages& messages)
+        : before_(sv::SetBoxHandler([&messages](sv::MessBox const& box) {
+              std::string text = files::FromSuite(box.GetText().View());
+              std::ranges::replace(text, '\n', ' ');
+              messages.Warn(text);
+              return box.DefaultAnswer();
+          })) {}
+    BoxesAsWarnings(BoxesAsWarnings const&) = delete;
+    BoxesAsWarnings& operator=(BoxesAsWarnings const&) = delete;
+    ~BoxesAsWarnings() { sv::SetBoxHandler(before_); }
+
+  private:
+    sv::BoxHandler before_;
+};
+
 void RunReport(Session& session, ReportOptions const& options) {
     if (!options.out.ends_with(".pdf")) throw InputError("--out " + options.out + ": not a .pdf file");
     session.CheckOutput(options.out);
-    evaluation::ColourSheet sheet(session.Load(session.Requested()));
+    TryOutput(options.out);
+    evaluation::ColourSheet sheet(session.Load(session.Defaults()));
     sheet.Change(ConditionsOf(session, options, sheet.File()));
     report::ReportOptions const content = ContentOf(session, options, sheet.File());
 
     auto const printing = session.GetEnvironment().beginPrinting();
     if (printing == nullptr) throw InputError("this build of kvcolor cannot print");
+    BoxesAsWarnings const boxes(session.GetMessages());
     Services const services(options);
-    if (!report::PrintChartReport(PrinterFor(options), sheet, content))
+    constexpr unsigned none = -1;
+    if (kv::Text::GetGroupNr("ChartReport") == none) {
+        throw InputError("the texts of the report are missing (install kvcolor again)");
+    }
+    if (!report::PrintChartReport(PrinterFor(options), sheet, content)) {
         throw files::WriteError(options.out + ": cannot be written");
+    }
+    CheckWritten(options.out);
     session.GetMessages().Note(options.out + ": " + files::Counted(content.samples.size(), "sample"));
 }
 
@@ -165,7 +227,7 @@ void AddReport(CommandLine& program, Session& session) {
     command.Add({.name = "--user", .help = "User name printed on the report", .value = "NAME"},
                 options->user);
     command.Add({.name = "--landscape", .help = "Landscape pages"}, options->isLandscape);
-    session.AddQuiet(command);
+    session.AddVerbosity(command);
     command.Finish(
         "Example:\n  kvcolor report chart.csv --out chart.pdf --standard white --tolerance 2.5 --language de",
         [&session, options] { RunReport(session, *options); });

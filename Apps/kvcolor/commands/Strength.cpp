@@ -73,7 +73,7 @@ void RunStrength(Session& session, StrengthOptions const& options) {
     kv::ObserverClass const observer = session.Observer();
     bool const byMean = options.method == "mean";
     evaluation::RequestedConditions requested;
-    if (byMean) requested.observer = observer;
+    if (byMean && !session.NamesObserver()) requested.observer = observer;
     auto const file = session.Load(requested);
     auto const chosen = session.Chosen(file);
     auto const find = [&](std::string const& name) -> files::Sample const& {
@@ -102,7 +102,7 @@ void RunStrength(Session& session, StrengthOptions const& options) {
     conditions.push_back({"solid", solid.name});
     conditions.push_back({"method", options.method});
     if (byMean) conditions.push_back({"observer", evaluation::NameOf(observer)});
-    session.Deliver({"strength", conditions, {table}});
+    session.Deliver("strength", std::move(conditions), std::move(table));
 }
 
 }  // namespace

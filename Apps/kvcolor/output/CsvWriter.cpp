@@ -2,6 +2,7 @@
 #include "Apps/kvcolor/output/Writers.h"
 
 #include <cmath>
+#include <ostream>
 
 namespace kvcolor {
 
@@ -20,28 +21,30 @@ std::string CsvText(Cell const& cell) {
     return number != nullptr && std::isfinite(*number) ? files::ToText(*number) : std::string();
 }
 
-/// Replaces the last comma of a line by its end.
-void EndLine(std::string& text) { text.replace(text.size() - 1, 1, "\r\n"); }
+/// Writes a line, whose last comma becomes its end.
+void WriteLine(std::ostream& out, std::string line) {
+    line.back() = '\n';
+    out << line;
+}
 
 }  // namespace
 
-std::string WriteCsv(Answer const& answer) {
+void WriteCsv(std::ostream& out, Answer const& answer) {
     Table const& table = answer.tables.front();
-    std::string text;
-    for (Column const& column : table.columns) text.append(CsvQuoted(column.key)).append(",");
+    std::string head;
+    for (Column const& column : table.columns) head.append(CsvQuoted(column.key)).append(",");
     std::string conditions;
     for (Condition const& condition : answer.conditions) {
-        text.append(CsvQuoted(condition.key)).append(",");
+        head.append(CsvQuoted(condition.key)).append(",");
         conditions.append(CsvQuoted(condition.value)).append(",");
     }
-    EndLine(text);
+    WriteLine(out, std::move(head));
 
     for (Row const& row : table.rows) {
-        for (Cell const& cell : row.cells) text.append(CsvText(cell)).append(",");
-        text += conditions;
-        EndLine(text);
+        std::string line;
+        for (Cell const& cell : row.cells) line.append(CsvText(cell)).append(",");
+        WriteLine(out, line + conditions);
     }
-    return text;
 }
 
 }  // namespace kvcolor

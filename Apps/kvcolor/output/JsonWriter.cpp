@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include <cmath>
+#include <ostream>
 
 namespace kvcolor {
 
@@ -20,27 +21,41 @@ Json ToJson(Column const& column, Cell const& cell) {
     return files::ToNumber(files::ToText(*number)).value();
 }
 
-Json ToJson(Table const& table) {
-    Json rows = Json::array();
-    for (Row const& row : table.rows) {
-        Json object = Json::object();
-        for (std::size_t i = 0; i < row.cells.size(); ++i) {
-            object[table.columns[i].key] = ToJson(table.columns[i], row.cells[i]);
-        }
-        rows.push_back(std::move(object));
+Json ToJson(Table const& table, Row const& row) {
+    Json object = Json::object();
+    for (std::size_t i = 0; i < row.cells.size(); ++i) {
+        object[table.columns[i].key] = ToJson(table.columns[i], row.cells[i]);
     }
-    return rows;
+    return object;
+}
+
+/// Returns a value as text whose lines, but the first, are indented by so many more blanks.
+std::string Indented(Json const& value, std::size_t indent) {
+    std::string text;
+    for (char const c : value.dump(2, ' ', false, Json::error_handler_t::replace)) {
+        text += c;
+        if (c == '\n') text.append(indent, ' ');
+    }
+    return text;
 }
 
 }  // namespace
 
-std::string WriteJson(Answer const& answer) {
-    Json root;
-    root["command"] = answer.command;
-    root["conditions"] = Json::object();
-    for (Condition const& condition : answer.conditions) root["conditions"][condition.key] = condition.value;
-    for (Table const& table : answer.tables) root[table.key] = ToJson(table);
-    return root.dump(2, ' ', false, Json::error_handler_t::replace) + '\n';
+void WriteJson(std::ostream& out, Answer const& answer) {
+    Json conditions = Json::object();
+    for (Condition const& condition : answer.conditions) conditions[condition.key] = condition.value;
+    out << "{\n  \"command\": " << Indented(answer.command, 2)
+        << ",\n  \"conditions\": " << Indented(conditions, 2);
+    for (Table const& table : answer.tables) {
+        out << ",\n  " << Indented(table.key, 2) << ": [";
+        char const* separator = "\n    ";
+        for (Row const& row : table.rows) {
+            out << separator << Indented(ToJson(table, row), 4);
+            separator = ",\n    ";
+        }
+        out << (table.rows.empty() ? "]" : "\n  ]");
+    }
+    out << "\n}\n";
 }
 
 }  // namespace kvcolor

@@ -8,6 +8,10 @@ void Messages::Note(std::string_view text) {
     if (!isQuiet_) Write("note: ", text);
 }
 
+void Messages::Detail(std::string_view text) {
+    if (isVerbose_) Note(text);
+}
+
 void Messages::Warn(std::string_view text) { Write("warning: ", text); }
 
 void Messages::Error(std::string_view text) { Write("", text); }

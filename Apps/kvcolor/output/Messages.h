@@ -14,9 +14,13 @@ class Messages {
 
     /// Whether notes are suppressed; warnings and errors are not.
     [[nodiscard]] bool& IsQuiet() noexcept { return isQuiet_; }
+    /// Whether details are written.
+    [[nodiscard]] bool& IsVerbose() noexcept { return isVerbose_; }
 
-    /// "kvcolor: note: ...": how the result was obtained.
+    /// "kvcolor: note: ...": what was assumed or done.
     void Note(std::string_view text);
+    /// The same, only if details are requested.
+    void Detail(std::string_view text);
     /// "kvcolor: warning: ...": why the result may differ from what is expected.
     void Warn(std::string_view text);
     /// "kvcolor: ...": why there is no result.
@@ -28,6 +32,7 @@ class Messages {
 
     std::ostream& err_;
     bool isQuiet_ = false;
+    bool isVerbose_ = false;
 };
 
 }  // namespace kvcolor

@@ -4,6 +4,7 @@
 #include "KVUtils/Source/data/GString.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 namespace kvcolor {
@@ -74,8 +75,8 @@ std::string Fixed(float value, int decimals) {
 
 std::string CellText(Column const& column, Cell const& cell) {
     if (auto const* text = std::get_if<std::string>(&cell)) return Printable(*text);
-    if (auto const* number = std::get_if<float>(&cell)) return Fixed(*number, column.decimals);
-    return "-";
+    auto const* number = std::get_if<float>(&cell);
+    return number != nullptr && std::isfinite(*number) ? Fixed(*number, column.decimals) : "-";
 }
 
 std::vector<ColumnBlock> LayOut(Table const& table, std::size_t limit) {

@@ -22,7 +22,7 @@ struct ColumnBlock {
 [[nodiscard]] std::string HeadText(Column const& column);
 /// Formats a number with these decimals, rounded half away from zero; a rounded 0 has no sign.
 [[nodiscard]] std::string Fixed(float value, int decimals);
-/// Returns the text of a cell before it is cut: "-" for nothing.
+/// Returns the text of a cell before it is cut: "-" for nothing and for numbers that are not finite.
 [[nodiscard]] std::string CellText(Column const& column, Cell const& cell);
 
 /// Arranges the columns in blocks of at most `limit` in width, with two blanks between columns, or one if two

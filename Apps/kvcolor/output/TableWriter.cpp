@@ -2,6 +2,8 @@
 #include "Apps/kvcolor/output/Text.h"
 #include "Apps/kvcolor/output/Writers.h"
 
+#include <ostream>
+
 namespace kvcolor {
 
 namespace {
@@ -27,9 +29,9 @@ void Append(std::string& line, std::string const& text, std::size_t width, Colum
     line += kind == ColumnKind::Text ? shown + padding : padding + shown;
 }
 
-void FinishLine(std::string& text, std::string line) {
+void WriteLine(std::ostream& out, std::string line) {
     line.erase(line.find_last_not_of(' ') + 1);
-    text += line + '\n';
+    out << line << '\n';
 }
 
 /// Returns a line of a block; `textOf` returns the text of a column by its index.
@@ -48,32 +50,31 @@ bool HasSwatches(Table const& table) noexcept {
     return !table.rows.empty() && table.rows.front().swatch.has_value();
 }
 
-void AppendTable(std::string& text, Table const& table, ColourDepth depth) {
+void WriteTable(std::ostream& out, Table const& table, ColourDepth depth) {
     bool const isColoured = depth != ColourDepth::None && HasSwatches(table);
     std::size_t const limit = MaxLineWidth - (isColoured ? SwatchWidth : 0);
 
     for (ColumnBlock const& block : LayOut(table, limit)) {
         std::size_t const gap = GapOf(block, limit);
         std::string const margin(isColoured ? SwatchWidth : 0, ' ');
-        text += '\n';
-        FinishLine(text, margin + Line(table, block, gap,
-                                       [&](std::size_t i) { return HeadText(table.columns[i]); }));
+        out << '\n';
+        WriteLine(
+            out, margin + Line(table, block, gap, [&](std::size_t i) { return HeadText(table.columns[i]); }));
         for (Row const& row : table.rows) {
             std::string const swatch =
                 isColoured && row.swatch ? SwatchText(*row.swatch, depth) + ' ' : margin;
-            FinishLine(text, swatch + Line(table, block, gap, [&](std::size_t i) {
-                                 return CellText(table.columns[i], row.cells[i]);
-                             }));
+            WriteLine(out, swatch + Line(table, block, gap, [&](std::size_t i) {
+                               return CellText(table.columns[i], row.cells[i]);
+                           }));
         }
     }
 }
 
 }  // namespace
 
-std::string WriteTable(Answer const& answer, ColourDepth depth) {
-    std::string text = HeadLine(answer);
-    for (Table const& table : answer.tables) AppendTable(text, table, depth);
-    return text;
+void WriteTable(std::ostream& out, Answer const& answer, ColourDepth depth) {
+    out << HeadLine(answer);
+    for (Table const& table : answer.tables) WriteTable(out, table, depth);
 }
 
 }  // namespace kvcolor

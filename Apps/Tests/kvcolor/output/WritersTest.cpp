@@ -4,9 +4,13 @@
 #include "Apps/kvcolor/output/Text.h"
 #include "Apps/kvcolor/output/Writers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <functional>
 #include <limits>
+#include <ostream>
+#include <streambuf>
 
 namespace kvcolor::test {
 
@@ -17,8 +21,7 @@ Answer AnswerOf(std::vector<Column> columns, std::vector<Row> rows) {
 }
 
 /// Returns the cells of a CSV line without quotes.
-std::vector<std::string> CellsOf(std::string line) {
-    if (line.ends_with('\r')) line.pop_back();
+std::vector<std::string> CellsOf(std::string const& line) {
     std::vector<std::string> cells;
     for (std::string_view const cell : files::Split(line, ',')) cells.emplace_back(cell);
     return cells;
@@ -127,14 +130,44 @@ TEST(WritersTest, LayoutCutsTextsThenFolds) {
     EXPECT_EQ(blocks[1].columns, (std::vector<std::size_t>{0, 14, 15}));
 }
 
+/// Records the longest text written at once.
+class LongestWrite : public std::streambuf {
+  public:
+    std::streamsize longest = 0;
+
+  protected:
+    std::streamsize xsputn(char const*, std::streamsize count) override {
+        longest = std::max(longest, count);
+        return count;
+    }
+    int overflow(int c) override { return c; }
+};
+
+TEST(WritersTest, RowsAreWrittenOneByOne) {
+    std::vector<Row> const rows(1000, Row{{"name", 0.1F}, std::nullopt});
+    Answer const answer = AnswerOf({TextColumn("name", "n"), NumberColumn("v", "v")}, rows);
+    for (auto const& write : std::vector<std::function<void(std::ostream&)>>{
+             [&](std::ostream& out) { WriteCsv(out, answer); },
+             [&](std::ostream& out) { WriteJson(out, answer); },
+             [&](std::ostream& out) { WriteTable(out, answer, ColourDepth::None); }}) {
+        LongestWrite buffer;
+        std::ostream out(&buffer);
+        write(out);
+        EXPECT_GT(buffer.longest, 0);
+        EXPECT_LT(buffer.longest, 200);
+    }
+}
+
 TEST(WritersTest, CsvQuotesAndLeavesOutWhatIsNotFinite) {
     Answer const answer = AnswerOf(
         {TextColumn("name", "n"), NumberColumn("v", "v"), NumberColumn("w, x", "w")},
         {{{"a \"b\", c", 0.1F, std::nanf("")}, std::nullopt}, {{"d\ne", 1e-7F, Cell()}, std::nullopt}});
-    EXPECT_EQ(WriteCsv(answer),
-              "name,v,\"w, x\",file\r\n"
-              "\"a \"\"b\"\", c\",0.1,,f.txt\r\n"
-              "\"d\ne\",1e-07,,f.txt\r\n");
+    std::ostringstream out;
+    WriteCsv(out, answer);
+    EXPECT_EQ(out.str(),
+              "name,v,\"w, x\",file\n"
+              "\"a \"\"b\"\", c\",0.1,,f.txt\n"
+              "\"d\ne\",1e-07,,f.txt\n");
 }
 
 TEST(WritersTest, JsonHasShortNumbersNullsAndValidText) {
@@ -142,7 +175,9 @@ TEST(WritersTest, JsonHasShortNumbersNullsAndValidText) {
         AnswerOf({TextColumn("name", "n"), NumberColumn("v", "v"), NumberColumn("nm", "nm", 0)},
                  {{{"a\xFF", 0.1F, 620.0F}, std::nullopt},
                   {{"b", std::numeric_limits<float>::infinity(), Cell()}, std::nullopt}});
-    std::string const text = WriteJson(answer);
+    std::ostringstream out;
+    WriteJson(out, answer);
+    std::string const text = out.str();
     EXPECT_NE(text.find("\"v\": 0.1,"), std::string::npos);
     EXPECT_NE(text.find("\"nm\": 620\n"), std::string::npos);
     auto const json = nlohmann::json::parse(text);
@@ -151,10 +186,13 @@ TEST(WritersTest, JsonHasShortNumbersNullsAndValidText) {
     EXPECT_TRUE(json["samples"][1]["nm"].is_null());
 }
 
-TEST(WritersTest, TextsAreCutByCodePointAndMadeHarmless) {
+TEST(WritersTest, TextsAreCutByWidthAndMadeHarmless) {
     EXPECT_EQ(Cut("gr\u00FCngelb", 8), "gr\u00FCngelb");
     EXPECT_EQ(Cut("gr\u00FCngelb", 4), "gr\u00FC\u2026");
-    EXPECT_EQ(Cut("\u65E5\u672C\u8A9E", 2), "\u65E5\u2026");
+    EXPECT_EQ(Cut("\u65E5\u672C\u8A9E", 5), "\u65E5\u672C\u2026");
+    EXPECT_EQ(Cut("\u65E5\u672C\u8A9E", 4), "\u65E5\u2026");
+    EXPECT_EQ(Cut("e\u0301te\u0301", 3), "e\u0301te\u0301");
+    EXPECT_EQ(Width("\U0001F3A8 \u65E5e\u0301"), 6U);
     EXPECT_EQ(Printable("a\x1B[2J\tb\x7F"),
               "a\uFFFD[2J\uFFFD"
               "b\uFFFD");
