@@ -124,6 +124,11 @@ void RunReport(Session& session, ReportOptions const& options) {
     Services const services(options);
     if (!report::PrintChartReport(PrinterFor(options), sheet, content))
         throw files::WriteError(options.out + ": cannot be written");
+    if (std::size_t const unprintable = report::CountUnprintable(sheet, content.samples); unprintable > 0) {
+        session.GetMessages().Warn(
+            options.out + ": the names of " + files::Counted(unprintable, "sample") +
+            " contain characters outside Windows-1252, which the report shows as \"?\"");
+    }
     session.GetMessages().Note(options.out + ": " + files::Counted(content.samples.size(), "sample"));
 }
 
