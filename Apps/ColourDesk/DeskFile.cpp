@@ -70,9 +70,16 @@ bool DeskFile::AskAndSave() {
 
 bool DeskFile::MayDiscard() {
     if (!isUnsaved_) return true;
-    sv::MessBox const question(&window_, sv::WB_YES_NO | sv::WB_DEF_YES, window_.GetText(),
+    sv::MessBox const question(&window_, sv::WB_SAVE_DISCARD_CANCEL, window_.GetText(),
                                TextOf(Question::SaveFirst));
-    return question.Execute() != sv::BoxAnswer::Yes || AskAndSave();
+    switch (question.Execute()) {
+        case sv::BoxAnswer::Yes:
+            return AskAndSave();
+        case sv::BoxAnswer::No:
+            return true;
+        default:
+            return false;
+    }
 }
 
 }  // namespace colourdesk

@@ -119,6 +119,30 @@ TEST_F(DeskTest, ConditionsStayUnlessTheNextFileStatesOthers) {
     EXPECT_TRUE(desk.GetSheet()->Conditions().illuminant == kv::IllumType::D65);
 }
 
+TEST_F(DeskTest, TheBarNamesTheIlluminantInForce) {
+    for (char const* const illuminant : {"D60", "D70", "D65", "D70"}) {
+        std::string const path = File(std::string(illuminant) + ".txt");
+        std::ofstream(path) << files::test::CgatsWithHeader(std::string("WEIGHTING_FUNCTION \"ILLUMINANT, ") +
+                                                            illuminant + "\"\n");
+        ASSERT_TRUE(desk.Open(path));
+        auto const* const list =
+            dynamic_cast<sv::DropDownListBox*>(desk.GetChildren().front()->GetChildren()[1]);
+        ASSERT_NE(list, nullptr);
+        EXPECT_EQ(list->GetEntry(list->GetSelectEntryPos()), illuminant);
+        EXPECT_EQ(sv::String(desk.GetSheet()->Conditions().illuminant), illuminant);
+    }
+}
+
+TEST_F(DeskTest, WarnsOfNamesThatTheReportCannotShow) {
+    std::string const path = File("greek.csv");
+    std::ofstream(path) << "name," << files::test::Repeat("#", ",") << "\n\u03A9,"
+                        << files::test::Repeat("0.5", ",") << '\n';
+    ASSERT_TRUE(desk.Open(path));
+    EXPECT_TRUE(desk.PrintReport("Office"));
+    ASSERT_EQ(boxes.seen.size(), 1U);
+    EXPECT_NE(boxes.seen[0].text.find("names of 1 samples"), std::string::npos) << boxes.seen[0].text;
+}
+
 TEST_F(DeskTest, WhatItSavesItReads) {
     ASSERT_TRUE(desk.Open(Chart));
     auto const before = desk.GetSheet()->File().samples;
