@@ -125,10 +125,10 @@ endif()
 
 # Windows by real events, without a display unless the environment names a platform of Qt's.
 if(KVUTILS_BUILD_QT)
-  find_package(Qt6 REQUIRED COMPONENTS Widgets Test)
+  find_package(Qt6 REQUIRED COMPONENTS Widgets Svg Test)
   file(GLOB qt_tests CONFIGURE_DEPENDS SV/Tests/qt/*.cpp KVUtils/Tests/qt/*.cpp)
   add_executable(KVUtilsQtTests ${qt_tests} Platform/Tests/DdeEndpoint.cpp Platform/Tests/posix/TestSystem.cpp)
-  target_link_libraries(KVUtilsQtTests PRIVATE KVUtils::Qt Qt6::Widgets Qt6::Test GTest::gtest kvutils_options)
+  target_link_libraries(KVUtilsQtTests PRIVATE KVUtils::Qt Qt6::Widgets Qt6::Svg Qt6::Test GTest::gtest kvutils_options)
   target_compile_definitions(KVUtilsQtTests PRIVATE QT_NO_KEYWORDS
     KV_DDE_PEER="$<TARGET_FILE:DdePeer>"
     KV_TEXTS="${PROJECT_SOURCE_DIR}/Apps/LNG"

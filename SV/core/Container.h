@@ -1,6 +1,8 @@
 // sv::Container: an ordered list of pointers with a cursor. The objects are not owned.
 #pragma once
 
+#include "SV/core/ForeignMacros.h"
+
 #include <cstddef>
 #include <vector>
 

@@ -29,7 +29,7 @@ detail::PageGeometry HeadlessPrinter::Geometry(PageSetup const& setup) const {
 unsigned long HeadlessPrinter::ColorCount() const { return TrueColors; }
 
 bool HeadlessPrinter::StartJob(PrintJob const& job) {
-    if (!traits_.takesJobs) return false;
+    if (!traits_.takesJobs || (IsPrintFile(name_) && !traits_.recordsFiles)) return false;
     page_ = Geometry(job.setup).output;
     LastJob() = {name_, job, JobState::Running, {}};
     return true;

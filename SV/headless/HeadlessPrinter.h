@@ -1,7 +1,8 @@
-// HeadlessPrinter: a printer without paper. It records the drawing of the last job; a pixel is a tenth of a
-// millimetre.
+// HeadlessPrinter: a printer without paper. It writes no file, so a job for one fails. Otherwise it records
+// the drawing of the last job; a pixel is a tenth of a millimetre.
 #pragma once
 
+#include "SV/core/ForeignMacros.h"
 #include "SV/headless/RecordingCanvas.h"
 #include "SV/ui/Backend.h"
 
@@ -14,6 +15,7 @@ namespace sv::headless {
 struct PrinterTraits {
     Point offset;  // of the printable area, the same on all four sides
     bool takesJobs = true;
+    bool recordsFiles = false;  // also takes jobs for files, without writing them
 };
 
 /// The state of a job.

@@ -76,10 +76,7 @@ class QueueTarget final : public PrintTarget {
 }  // namespace
 
 std::unique_ptr<PrintTarget> MakePrintTarget(String const& name) {
-    constexpr std::string_view Ending = ".pdf";
-    bool const isFile =
-        name.Len() >= Ending.size() && name.Copy(name.Len() - Ending.size()).EqualsIgnoreCase(Ending);
-    if (isFile) return std::make_unique<FileTarget>(name);
+    if (IsPrintFile(name)) return std::make_unique<FileTarget>(name);
     return std::make_unique<QueueTarget>(name);
 }
 

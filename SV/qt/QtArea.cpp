@@ -3,12 +3,15 @@
 #include "SV/qt/QtWindow.h"
 #include "SV/ui/Controls.h"
 #include "SV/ui/Styles.h"
+#include "SV/ui/detail/ScaledCanvas.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QMoveEvent>
+#include <QPaintEngine>
+#include <optional>
 #include <utility>
 
 namespace sv::qt {
@@ -48,6 +51,7 @@ class QtArea : public QtWindow {
     QtArea(Window& window, std::unique_ptr<QWidget> widget) : QtWindow(window, std::move(widget)) {
         Widget().setMouseTracking(true);
     }
+    detail::Canvas& GetCanvas() override { return clipped_ ? *clipped_ : QtWindow::GetCanvas(); }
 
   protected:
     bool Handle(QEvent& event) override {
@@ -82,13 +86,22 @@ class QtArea : public QtWindow {
     }
 
   private:
+    /// Vector graphics do not clip the drawing of children themselves.
+    static bool IsVector(QPainter const& painter) {
+        auto const type = painter.paintEngine()->type();
+        return type == QPaintEngine::SVG || type == QPaintEngine::Pdf;
+    }
+
     void Paint() {
         QPainter painter(&Widget());
         QtCanvas::Scope const scope(GetQtCanvas(), painter, Widget().size());
+        if (IsVector(painter))
+            clipped_.emplace(GetQtCanvas(), GetWindow().GetArea(), GetWindow().GetSizePixel());
         Call([&] {
             GetWindow().Erase();
             GetWindow().Paint(GetWindow().GetArea());
         });
+        clipped_.reset();
     }
 
     void Report(void (Window::*handler)(MouseEvent const&), MouseEvent const& event) {
@@ -107,6 +120,8 @@ class QtArea : public QtWindow {
         Size const size(Widget().width(), Widget().height());
         Call([&] { GetWindow().WasPlaced(ToPoint(Widget().pos()), size); });
     }
+
+    std::optional<detail::ScaledCanvas> clipped_;
 };
 
 /// Escape closes it, Return activates its default button.

@@ -8,8 +8,10 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QLibraryInfo>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QTranslator>
 #include <utility>
 
 namespace sv::qt {
@@ -71,6 +73,8 @@ class QtBackend::Impl final : public detail::Backend {
   public:
     Impl(int& argc, char** argv, Screen screen) : application_(ForScreen(screen, argc), argv) {
         QApplication::setQuitOnLastWindowClosed(false);
+        // Windows are laid out from the left in every language.
+        QApplication::setLayoutDirection(Qt::LeftToRight);
         application_.installEventFilter(&filter_);
         QtLoop::Instance().Start();
         detail::InstallLoopDriver(&QtLoop::Instance());
@@ -98,6 +102,11 @@ class QtBackend::Impl final : public detail::Backend {
     std::unique_ptr<detail::Canvas> MakeSurface(Size size) override {
         return std::make_unique<QtSurface>(size);
     }
+    void SetLanguage(String const& code) override {
+        QApplication::removeTranslator(&translator_);
+        if (translator_.load("qtbase_" + ToQt(code), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+            QApplication::installTranslator(&translator_);
+    }
     [[nodiscard]] bool HasDisplay() const noexcept override { return true; }
     [[nodiscard]] Size ScreenSize() const override {
         QSize const size = QApplication::primaryScreen()->size();
@@ -115,6 +124,7 @@ class QtBackend::Impl final : public detail::Backend {
   private:
     QApplication application_;
     InputFilter filter_;
+    QTranslator translator_;
     BoxHandler boxesBefore_;
 };
 

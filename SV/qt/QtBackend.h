@@ -2,8 +2,13 @@
 // last:
 //     int main(int argc, char** argv) {
 //         sv::qt::QtBackend const windows(argc, argv);
+//         sv::Window window(nullptr);
+//         window.Show();
+//         sv::Application::Execute();  // until the user closes the window
+//     }
 #pragma once
 
+#include "SV/core/ForeignMacros.h"
 #include "SV/core/String.h"
 
 #include <memory>

@@ -64,14 +64,14 @@ class QtControl : public QtWindow {
     void UpdateColors() {
         QPalette palette;
         palette.setColor(QPalette::WindowText, ToQt(GetWindow().GetFont().GetColor()));
-        Brush const& ground = GetWindow().GetBackgroundBrush();
-        bool const hasGround = ground != Brush() && ground.GetStyle() != BrushStyle::None;
-        if (hasGround) palette.setColor(QPalette::Window, ToQt(ground.GetColor()));
+        Brush const& background = GetWindow().GetBackgroundBrush();
+        bool const hasBackground = background != Brush() && background.GetStyle() != BrushStyle::None;
+        if (hasBackground) palette.setColor(QPalette::Window, ToQt(background.GetColor()));
         QColor const quiet = palette.color(QPalette::Disabled, QPalette::Mid);
         palette.setColor(QPalette::Disabled, QPalette::WindowText, quiet);
         if (palette == taken_) return;
         taken_ = palette;
-        Control().setAutoFillBackground(hasGround);
+        Control().setAutoFillBackground(hasBackground);
         Control().setPalette(palette);
     }
 

@@ -2,6 +2,7 @@
 // in the `sv` objects; their peers mirror them.
 #pragma once
 
+#include "SV/core/ForeignMacros.h"
 #include "SV/core/Geometry.h"
 #include "SV/core/String.h"
 #include "SV/ui/Canvas.h"
@@ -121,6 +122,8 @@ class Backend {
     [[nodiscard]] virtual std::unique_ptr<Canvas> MakeSurface(Size size) = 0;
     /// `name` is as described at `sv::Printer`.
     [[nodiscard]] virtual std::unique_ptr<PrinterPeer> MakePrinter(String const& name) = 0;
+    /// Sets the language of the window system's own texts, see `sv::ChangeLanguage`.
+    virtual void SetLanguage(String const& /*code*/) {}
     /// Whether a user can see the windows. If not, nothing waits for input.
     [[nodiscard]] virtual bool HasDisplay() const noexcept = 0;
     [[nodiscard]] virtual Size ScreenSize() const = 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "SV/core/Color.h"
+#include "SV/core/ForeignMacros.h"
 #include "SV/core/Geometry.h"
 
 #include <cstdint>

@@ -1,6 +1,7 @@
 // sv::MenuBar: the menu bar at the top of a window.
 #pragma once
 
+#include "SV/core/ForeignMacros.h"
 #include "SV/core/Link.h"
 #include "SV/ui/Window.h"
 

@@ -2,6 +2,7 @@
 // brushes, font and map mode.
 #pragma once
 
+#include "SV/core/ForeignMacros.h"
 #include "SV/core/String.h"
 #include "SV/ui/Bitmap.h"
 #include "SV/ui/Drawing.h"

@@ -15,6 +15,12 @@ struct PageSetup {
     friend constexpr bool operator==(PageSetup const&, PageSetup const&) noexcept = default;
 };
 
+/// Whether a printer of this name is a file, see `sv::Printer`.
+[[nodiscard]] inline bool IsPrintFile(String const& name) {
+    String const ending(".pdf");
+    return name.Len() >= ending.Len() && name.Copy(name.Len() - ending.Len()).EqualsIgnoreCase(ending);
+}
+
 /// Returns the size of the paper as it is read, wider than high in landscape orientation.
 [[nodiscard]] constexpr Size PaperAsRead(PageSetup const& setup) noexcept {
     bool const lies = setup.orientation == Orientation::Landscape;

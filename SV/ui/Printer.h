@@ -1,8 +1,9 @@
 // sv::Printer: pages of paper or of a PDF file, which are drawn on like a window.
 //
 // A name that ends in ".pdf", in any case, is the path of a file, which a job replaces when it ends
-// successfully. Any other name is that of a queue of the system; an empty name is the default queue. Only for
-// the main thread.
+// successfully. Any other name is that of a queue of the system; an empty name is the default queue. Without
+// a backend that writes files, as without a display, a job for a file fails when it is started. Only for the
+// main thread.
 #pragma once
 
 #include "SV/core/Link.h"

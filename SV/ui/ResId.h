@@ -1,6 +1,7 @@
 // sv::ResId: a resource, identified by its number and library.
 #pragma once
 
+#include "SV/core/ForeignMacros.h"
 #include "SV/ui/Bitmap.h"
 
 namespace sv {

@@ -1,5 +1,6 @@
 #include "SV/ui/Window.h"
 
+#include "SV/core/Application.h"
 #include "SV/ui/Backend.h"
 #include "SV/ui/detail/ScaledCanvas.h"
 
@@ -38,7 +39,15 @@ void Window::WasClicked() {}
 void Window::WasSpun(bool /*up*/) {}
 void Window::EntryWasSelected(unsigned short /*position*/) {}
 void Window::RowsWereSelected(std::vector<int> /*rows*/) {}
-void Window::WasClosed() {}
+
+void Window::WasClosed() {
+    Window const* const main = Application::GetAppWindow();
+    if (main == this || (main == nullptr && parent_ == nullptr)) {
+        Application::Quit();
+    } else {
+        Hide();
+    }
+}
 
 void Window::SetPosSizePixel(Point position, Size size) {
     ChangePosPixel(position);

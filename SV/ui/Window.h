@@ -101,7 +101,9 @@ class Window : public OutputDevice {
     virtual void EntryWasSelected(unsigned short position);
     /// The user has selected these rows of a table, in ascending order.
     virtual void RowsWereSelected(std::vector<int> rows);
-    /// The user asks to close the window.
+    /// The user asks to close the window. The main window ends the program by `Application::Quit`; any other
+    /// is hidden. Override to object or to ask first. The main window is `Application::GetAppWindow`, or any
+    /// top-level window if there is none.
     virtual void WasClosed();
     /// The user or the window system has moved or resized the window.
     void WasPlaced(Point position, Size size);

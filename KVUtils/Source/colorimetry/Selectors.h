@@ -8,6 +8,7 @@
 // hyphens and underscores; the written forms as well as the stored ones.
 #pragma once
 
+#include "SV/core/ForeignMacros.h"
 #include "SV/core/String.h"
 
 #include <cstdint>

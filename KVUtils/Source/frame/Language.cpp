@@ -5,6 +5,7 @@
 #include "SV/core/DirEntry.h"
 #include "SV/core/International.h"
 #include "SV/core/detail/TextPage.h"
+#include "SV/ui/Language.h"
 
 #include <algorithm>
 #include <array>
@@ -25,6 +26,11 @@ static_assert(LanguageTable[English].name == "English");
 static_assert(LanguageTable[Chinese].name == "Chinese");
 static_assert(LanguageTable[Japanese].name == "Japanese");
 
+/// The languages of the table by their ISO codes, for the texts of the window system.
+constexpr std::array<char const*, LanguageTable.size()> IsoCodes = {
+    "en", "de", "es", "fr", "it", "nl", "sv", "fi", "nb", "da", "pt_BR", "cs", "hu",
+    "pl", "ar", "ru", "vi", "tr", "",   "",   "",   "",   "",   "zh_CN", "ja"};
+
 constinit std::array<bool, LanguageTable.size()> available{};
 constinit unsigned short current = English;  // absolute index
 constinit sv::Config* config = nullptr;      // null: the choice is kept in memory
@@ -32,6 +38,7 @@ constinit sv::Config* config = nullptr;      // null: the choice is kept in memo
 /// Makes a language current, and selects the code page of its texts.
 void Select(unsigned short absolute) noexcept {
     current = absolute;
+    sv::ChangeLanguage(absolute < IsoCodes.size() ? IsoCodes[absolute] : "");
     sv::ChangeTextPage(absolute == Japanese  ? sv::TextPage::Japanese
                        : absolute == Chinese ? sv::TextPage::Chinese
                                              : sv::TextPage::Western);

@@ -1,3 +1,4 @@
+#include "SV/Tests/qt/PdfFile.h"
 #include "SV/Tests/qt/QtFixture.h"
 #include "SV/headless/RecordingCanvas.h"
 #include "SV/qt/QtBackend.h"
@@ -6,9 +7,11 @@
 
 #include <QFile>
 #include <QImage>
+#include <QSvgRenderer>
 #include <QTemporaryDir>
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace sv::qt::tests {
 namespace {
@@ -119,14 +122,26 @@ TEST(QtCanvasTest, TextFillsTheBoxThatItMeasures) {
     EXPECT_EQ(device.GetTextSize("iiii"), device.GetTextSize("MMMM"));
 }
 
-// A window with a line, a text and another window.
+// Draws a line beyond both of its edges.
+class Overlong final : public Window {
+  public:
+    using Window::Window;
+    void Paint(Rectangle const& /*area*/) override {
+        ChangePen(Pen(Red));
+        DrawLine({-20, 5}, {200, 5});
+    }
+};
+
+// A window with a line, a text and children.
 class Drawn final : public Window {
   public:
     Drawn() : Window(nullptr) {
         SetPosSizePixel({}, {120, 80});
         inner.SetPosSizePixel({60, 40}, {50, 30});
         inner.SetText("Innen");
+        overlong.SetPosSizePixel({20, 60}, {30, 10});
         inner.Show();
+        overlong.Show();
     }
     void Paint(Rectangle const& /*area*/) override {
         ChangePen(Pen(Red));
@@ -135,7 +150,20 @@ class Drawn final : public Window {
     }
 
     FixedText inner{this};
+    Overlong overlong{this};
 };
+
+/// The first and the last red pixel of a row; the picture is scaled to one pixel per pixel of the window.
+std::pair<int, int> RedIn(QImage const& picture, int y) {
+    int first = -1, last = -1;
+    for (int x = 0; x < picture.width(); ++x) {
+        QColor const color = picture.pixelColor(x, y);
+        if (color.red() < 128 || color.green() > 128) continue;
+        if (first < 0) first = x;
+        last = x;
+    }
+    return {first, last};
+}
 
 QByteArray Saved(Window& window, QString const& path) {
     EXPECT_TRUE(SaveAs(window, path.toStdString()));
@@ -158,9 +186,17 @@ TEST(QtCanvasTest, WindowsAsFiles) {
     for (char const* const part : {"viewBox=\"0 0 120 80\"", "Weiß", "Innen", "#ff0000"})
         EXPECT_TRUE(svg.contains(part)) << part << '\n' << svg.toStdString();
     EXPECT_FALSE(svg.contains("<image")) << "drawn, and not a picture";
+    QImage drawing(120, 80, QImage::Format_RGB32);
+    QPainter painter(&drawing);
+    QSvgRenderer(svg).render(&painter);
+    EXPECT_EQ(RedIn(drawing, 65), std::pair(20, 49)) << "children are clipped";
 
     QByteArray const pdf = Saved(window, directory.filePath("window.PDF"));
     EXPECT_TRUE(pdf.startsWith("%PDF-"));
+    QImage const page = PdfFile(directory.filePath("window.PDF")).Picture();
+    auto const [first, last] = RedIn(page, 65 * 254 / 96 + 1);
+    EXPECT_NEAR(first, 20 * 254 / 96, 1);
+    EXPECT_NEAR(last, 50 * 254 / 96, 1);
     EXPECT_TRUE(pdf.contains("/MediaBox [0 0 90.0")) << "points, of which 72 make 96 pixels";
 
     EXPECT_FALSE(SaveAs(window, "window.bmp"));

@@ -1,6 +1,9 @@
+#include "KVUtils/Source/frame/Language.h"
 #include "SV/Tests/qt/QtFixture.h"
 #include "SV/core/Boxes.h"
 
+#include <QFile>
+#include <QLibraryInfo>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -80,6 +83,40 @@ TEST_F(QtWindowTest, TheUserResizesMovesAndCloses) {
     WidgetOf(window).close();
     EXPECT_EQ(window.log, "resize closed ");
     EXPECT_TRUE(WidgetOf(window).isVisible()) << "the program decides";
+}
+
+TEST_F(QtWindowTest, ClosingTheMainWindowEndsTheProgram) {
+    ShowFrame();
+    QTimer watchdog;
+    bool isLate = false;
+    watchdog.callOnTimeout([&] {
+        isLate = true;
+        Application::Quit();
+    });
+    watchdog.start(5'000);
+    QTimer::singleShot(0, [this] { WidgetOf(frame).close(); });
+    Application::Execute();
+    EXPECT_FALSE(isLate);
+}
+
+// The files with the translations are a package of their own.
+TEST_F(QtWindowTest, BoxesAreInTheLanguageOfTheProgram) {
+    auto const yes = [] {
+        QString text;
+        QTimer::singleShot(0, [&text] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            text = box->button(QMessageBox::Yes)->text();
+            box->reject();
+        });
+        MessBox(nullptr, WB_YES_NO, "", "?").Execute();
+        return text.remove('&');
+    };
+    EXPECT_EQ(yes(), "Yes");
+    if (!QFile::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + "/qtbase_de.qm")) GTEST_SKIP();
+    kv::Language::SetLanguageByCountryCode(49);
+    EXPECT_EQ(yes(), "Ja");
+    kv::Language::SetLanguageByCountryCode(1);
+    EXPECT_EQ(yes(), "Yes");
 }
 
 /// A window that is destroyed when its button is pressed.

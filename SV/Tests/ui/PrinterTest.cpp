@@ -116,6 +116,10 @@ TEST_F(PrinterTest, RunsOneJobAfterTheOther) {
     Printer gone("Gone");
     EXPECT_FALSE(gone.StartJob({}));
     EXPECT_TRUE(gone.HasFailed());
+    headless::HeadlessBackend::Instance().ChangePrinters({});
+    EXPECT_FALSE(Printer("report.PDF").StartJob({})) << "no file is written without a display";
+    headless::HeadlessBackend::Instance().ChangePrinters({.offset = {}, .recordsFiles = true});
+    EXPECT_TRUE(Printer("report.PDF").StartJob({}));
 }
 
 // A window with lines, a text and a child.

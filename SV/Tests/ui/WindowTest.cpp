@@ -1,3 +1,4 @@
+#include "SV/core/Application.h"
 #include "SV/headless/HeadlessBackend.h"
 #include "SV/ui/Window.h"
 
@@ -52,6 +53,35 @@ TEST(WindowTest, ReportsWhatHappens) {
     EXPECT_EQ(child.log, "focus blur ");
     EXPECT_EQ(parent.log, "focus ");
     EXPECT_TRUE(parent.HasFocus()) << "a disabled window gets no focus";
+}
+
+TEST(WindowTest, ClosingTheMainWindowEndsTheProgram) {
+    static bool runs;
+    Application::SetUserEventHdl([](unsigned long, void*) {
+        runs = true;
+        Application::Quit();
+    });
+    Window main(nullptr);
+    Window other(nullptr);
+    for (Window* const named : {static_cast<Window*>(nullptr), &main}) {
+        Application::SetAppWindow(named);
+        runs = false;
+        Application::PostUserEvent(1, nullptr);
+        main.WasClosed();
+        Application::Execute();
+        EXPECT_FALSE(runs);
+        Application::Reschedule();
+        Application::Execute();  // consumes the event's own `Quit`
+    }
+    other.Show();
+    runs = false;
+    Application::PostUserEvent(1, nullptr);
+    other.WasClosed();
+    Application::Execute();
+    EXPECT_TRUE(runs) << "another window";
+    EXPECT_FALSE(other.IsVisible());
+    Application::SetAppWindow(nullptr);
+    Application::SetUserEventHdl(nullptr);
 }
 
 TEST(WindowTest, ADestroyedWindowIsForgotten) {

@@ -76,6 +76,7 @@ Pen ScaledCanvas::ToTarget(Pen pen) const noexcept {
 }
 
 Font ScaledCanvas::ToTarget(Font font) const noexcept {
+    if (scaleX_ == 1 && scaleY_ == 1) return font;
     int const height = font.GetHeight() == 0 ? SystemLineHeight : font.GetHeight();
     font.ChangeSize({Scaled(font.GetWidth(), scaleX_), std::max(1, Scaled(height, scaleY_))});
     return font;
