@@ -32,9 +32,7 @@ ConditionsBar::ConditionsBar(sv::Window* parent) : Window(parent) {
         choice.caption.Show();
         choice.list.Show();
     }
-    for (kv::IllumType const type : evaluation::TabledIlluminants()) {
-        illuminant_.InsertEntry(evaluation::NameOf(kv::IllumClass(type)));
-    }
+    FillIlluminants();
     for (kv::DStdType const type : evaluation::DensityStandards()) {
         density_.InsertEntry(evaluation::NameOf(kv::DStdClass(type)));
     }
@@ -47,6 +45,14 @@ std::array<ConditionsBar::Choice, 4> ConditionsBar::Choices() {
              {observerCaption_, observer_, 9},
              {densityCaption_, density_, 7},
              {languageCaption_, language_, 10}}};
+}
+
+void ConditionsBar::FillIlluminants() {
+    illuminant_.Clear();
+    for (kv::IllumType const type : evaluation::TabledIlluminants()) {
+        illuminant_.InsertEntry(evaluation::NameOf(kv::IllumClass(type)));
+    }
+    if (untabled_) illuminant_.InsertEntry(evaluation::NameOf(*untabled_));
 }
 
 void ConditionsBar::UpdateTexts() {
@@ -84,8 +90,8 @@ void ConditionsBar::Show(evaluation::SheetConditions const& conditions) {
     unsigned short place = PlaceOf(illuminants, conditions.illuminant);
     if (place == sv::ListBox::End) {
         place = static_cast<unsigned short>(illuminants.size());
-        if (!untabled_) illuminant_.InsertEntry(evaluation::NameOf(conditions.illuminant));
         untabled_ = conditions.illuminant;
+        FillIlluminants();
     }
     illuminant_.SelectEntryPos(place);
     observer_.SelectEntryPos(conditions.observer == kv::ObserverType::TenDegrees ? 1 : 0);

@@ -35,6 +35,7 @@ class ConditionsBar : public sv::Window {
         int letters;  // of the longest entry
     };
     [[nodiscard]] std::array<Choice, 4> Choices();
+    void FillIlluminants();
 
     sv::FixedText illuminantCaption_{this};
     sv::DropDownListBox illuminant_{this};

@@ -1,6 +1,7 @@
 #include "Apps/ColourDesk/DeskFile.h"
 
 #include "Apps/ColourDesk/DeskTexts.h"
+#include "Apps/ColourDesk/FaultTexts.h"
 #include "Apps/files/DataFile.h"
 #include "Apps/files/SuiteText.h"
 #include "KVUtils/Source/dialogs/MyFileDialog.h"
@@ -26,10 +27,11 @@ sv::String DeskFile::SampleName(std::optional<std::size_t> sample) const {
 std::optional<files::MeasurementFile> DeskFile::Read(std::string const& path) {
     try {
         files::MeasurementFile file = files::ReadMeasurementFile(path);
-        for (std::string const& note : file.notes) messages_.Add(files::ToSuite(file.path + ": " + note));
+        for (std::string const& note : file.notes)
+            messages_.Add(FaultText(file.path, file.path + ": " + note));
         return file;
     } catch (files::ReadError const& error) {
-        ShowError(files::ToSuite(error.what()));
+        ShowError(FaultText(path, error.what()));
         return std::nullopt;
     }
 }
@@ -46,7 +48,7 @@ bool DeskFile::Save(std::string const& path) {
     try {
         files::WriteDataFile(sheet_->File(), path);
     } catch (files::WriteError const& error) {
-        ShowError(files::ToSuite(error.what()));
+        ShowError(FaultText(path, error.what()));
         return false;
     }
     if (changed > 0) messages_.Add(Format(TextOf(Question::ChangedNames), {std::to_string(changed)}));
@@ -70,9 +72,16 @@ bool DeskFile::AskAndSave() {
 
 bool DeskFile::MayDiscard() {
     if (!isUnsaved_) return true;
-    sv::MessBox const question(&window_, sv::WB_YES_NO | sv::WB_DEF_YES, window_.GetText(),
+    sv::MessBox const question(&window_, sv::WB_SAVE_DISCARD_CANCEL, window_.GetText(),
                                TextOf(Question::SaveFirst));
-    return question.Execute() != sv::BoxAnswer::Yes || AskAndSave();
+    switch (question.Execute()) {
+        case sv::BoxAnswer::Yes:
+            return AskAndSave();
+        case sv::BoxAnswer::No:
+            return true;
+        default:
+            return false;
+    }
 }
 
 }  // namespace colourdesk

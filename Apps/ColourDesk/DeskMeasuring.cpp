@@ -1,7 +1,7 @@
 #include "Apps/ColourDesk/DeskMeasuring.h"
 
 #include "Apps/ColourDesk/DeskTexts.h"
-#include "Apps/files/SuiteText.h"
+#include "Apps/ColourDesk/FaultTexts.h"
 #include "Apps/suite/ChartMeasurement.h"
 #include "KVUtils/Source/dialogs/WaitVisualizer.h"
 
@@ -18,7 +18,7 @@ DeskMeasurement MeasureChart(sv::Window& parent) {
             dialog.SetPercent(static_cast<int>(100 * done / patches));
         });
     } catch (suite::ServerError const& error) {
-        measurement.fault = files::ToSuite(error.what());
+        measurement.fault = FaultText(error.what());
     }
     return measurement;
 }

@@ -13,6 +13,7 @@
 #include "Platform/UserFolders.h"
 #include "Platform/Utf8Path.h"
 #include "SV/core/Application.h"
+#include "SV/core/Boxes.h"
 #include "SV/core/NativePath.h"
 
 #include <algorithm>
@@ -62,7 +63,13 @@ bool DeskReporting::Print(sv::String const& printer) const {
         options.curves.push_back(static_cast<std::size_t>(sample));
     }
     options.language = suite::LanguageOf(kv::Language::GetCountryCode());
-    return report::PrintChartReport(*kv::MyPrinter::CreateMyPrinter(printer), sheet, options);
+    if (!report::PrintChartReport(*kv::MyPrinter::CreateMyPrinter(printer), sheet, options)) return false;
+    std::size_t const unprintable = report::CountUnprintable(sheet, options.samples);
+    if (unprintable > 0) {
+        sv::InfoBox(&window_, Format(TextOf(Question::UnprintableNames), {std::to_string(unprintable)}))
+            .Execute();
+    }
+    return true;
 }
 
 bool DeskReporting::Send(sv::String const& recipients) const {

@@ -78,7 +78,8 @@ enum class Question : unsigned long {
     MailText,     // %1 the chart
     Sending,
     NotSent,
-    Sent  // %1 the recipients
+    Sent,             // %1 the recipients
+    UnprintableNames  // %1 samples
 };
 
 [[nodiscard]] sv::String TextOf(Label label);

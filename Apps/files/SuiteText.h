@@ -9,11 +9,13 @@
 
 namespace files {
 
-/// Converts UTF-8 to Windows-1252; a character outside the code page becomes "?".
-[[nodiscard]] inline std::string ToSuite(std::string_view utf8) {
-    return std::string(sv::String::FromUtf8(utf8).View());
-}
+/// Replaces a letter with a combining mark by the single character, if Windows-1252 has it. UTF-8.
+[[nodiscard]] std::string Composed(std::string_view utf8);
+/// Converts UTF-8 to Windows-1252, with letters composed; a character outside the code page becomes "?".
+[[nodiscard]] std::string ToSuite(std::string_view utf8);
 /// Converts Windows-1252 to UTF-8.
 [[nodiscard]] inline std::string FromSuite(std::string_view bytes) { return sv::String(bytes).ToUtf8(); }
+/// Whether `ToSuite` keeps every character.
+[[nodiscard]] bool FitsSuite(std::string_view utf8);
 
 }  // namespace files

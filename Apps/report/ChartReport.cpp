@@ -9,6 +9,7 @@
 #include "KVUtils/Source/frame/TextSegment.h"
 #include "Platform/Utf8Path.h"
 #include "SV/core/Application.h"
+#include "SV/core/International.h"
 
 #include <algorithm>
 #include <array>
@@ -269,8 +270,11 @@ void ChartReport::WriteTable() {
 }
 
 void ChartReport::BeginNextPage() {
-    // Lets the user press the button that aborts.
-    sv::Application::Reschedule();
+    // Lets the user press the button that aborts. Other windows keep their own forms of numbers.
+    {
+        sv::InternationalForms const ofSystem("");
+        sv::Application::Reschedule();
+    }
     WriteTableHead();
 }
 
@@ -325,7 +329,15 @@ void ChartReport::WriteVerdict(std::size_t sample) {
 
 }  // namespace
 
+std::size_t CountUnprintable(ColourSheet const& sheet, std::vector<std::size_t> const& samples) {
+    auto const& all = sheet.File().samples;
+    return static_cast<std::size_t>(std::ranges::count_if(samples, [&](std::size_t sample) {
+        return sample < all.size() && !files::FitsSuite(all[sample].name);
+    }));
+}
+
 bool PrintChartReport(kv::MyPrinter& printer, ColourSheet const& sheet, ReportOptions const& options) {
+    sv::InternationalForms const forms(options.language);
     printer.SetDocument({kv::TextSegment("ChartReport")[Title] + ": " + FileNameOf(NameOf(sheet.File())),
                          kv::KVSetting::Instance()->GetBenutzername(), options.language});
     printer.DefHeadLine(1);

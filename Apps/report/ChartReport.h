@@ -15,8 +15,13 @@ namespace report {
 struct ReportOptions {
     std::vector<std::size_t> samples;  // rows of the table, in this order
     std::vector<std::size_t> curves;   // spectra to draw; empty for no plot
-    std::string language;              // of the texts: "en" or "de"
+    std::string language;              // of the texts, numbers and dates: "en" or "de"
 };
+
+/// The number of these samples whose names have characters outside Windows-1252; the report shows them as
+/// "?".
+[[nodiscard]] std::size_t CountUnprintable(evaluation::ColourSheet const& sheet,
+                                           std::vector<std::size_t> const& samples);
 
 /// Prints the report as one job. Texts are those of the group "ChartReport", and "FarbTexte" for names of
 /// colours. The printer writes the user's name and the program's name on each page. False when the printer

@@ -34,6 +34,7 @@ BoxAnswer MessBox::Execute() const {
 }
 
 BoxAnswer MessBox::DefaultAnswer() const noexcept {
+    if ((style_ & WB_SAVE_DISCARD_CANCEL) != 0) return BoxAnswer::Cancel;
     if ((style_ & WB_YES_NO) == 0) return BoxAnswer::Ok;
     return (style_ & WB_DEF_YES) != 0 ? BoxAnswer::Yes : BoxAnswer::No;
 }

@@ -18,6 +18,8 @@ using WinBits = unsigned long;
 inline constexpr WinBits WB_OK = 0x10;
 inline constexpr WinBits WB_OK_CANCEL = 0x20;
 inline constexpr WinBits WB_YES_NO = 0x40;
+/// Save (answers Yes), Discard (No) and Cancel, which is the default.
+inline constexpr WinBits WB_SAVE_DISCARD_CANCEL = 0x80;
 inline constexpr WinBits WB_DEF_YES = 0x1000;
 inline constexpr WinBits WB_DEF_NO = 0x2000;
 

@@ -2,6 +2,8 @@
 
 #include "Platform/Locale.h"
 
+#include <utility>
+
 namespace sv {
 
 namespace {
@@ -11,13 +13,47 @@ void AppendTwoDigits(String& text, unsigned short number) {
     text += static_cast<char>('0' + number % 10);
 }
 
+enum Forms : int { OfSystem, Iso, German };
+
+thread_local constinit int formsInForce = OfSystem;
+
+String IsoDate(Date const& date) {
+    String text;
+    AppendTwoDigits(text, static_cast<unsigned short>(date.GetYear() / 100));
+    AppendTwoDigits(text, date.GetYear());
+    text += '-';
+    AppendTwoDigits(text, date.GetMonth());
+    text += '-';
+    AppendTwoDigits(text, date.GetDay());
+    return text;
+}
+
+String GermanDate(Date const& date) {
+    String text;
+    AppendTwoDigits(text, date.GetDay());
+    text += '.';
+    AppendTwoDigits(text, date.GetMonth());
+    return text + "." + String(date.GetYear());
+}
+
 }  // namespace
 
-char International::GetNumDecimalSep() noexcept { return platform::DecimalSeparator(); }
+InternationalForms::InternationalForms(std::string_view language) noexcept
+    : before_(std::exchange(formsInForce, language.empty()   ? OfSystem
+                                          : language == "de" ? German
+                                                             : Iso)) {}
+
+InternationalForms::~InternationalForms() { formsInForce = before_; }
+
+char International::GetNumDecimalSep() noexcept {
+    if (formsInForce == OfSystem) return platform::DecimalSeparator();
+    return formsInForce == German ? ',' : '.';
+}
 
 unsigned short International::GetLanguage() noexcept { return platform::LanguageIdentifier(); }
 
 String International::GetDate(Date const& date) {
+    if (formsInForce != OfSystem) return formsInForce == German ? GermanDate(date) : IsoDate(date);
     return String::FromUtf8(platform::ShortDate(date.GetYear(), date.GetMonth(), date.GetDay()));
 }
 

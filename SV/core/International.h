@@ -5,7 +5,23 @@
 #include "SV/core/DateTime.h"
 #include "SV/core/String.h"
 
+#include <string_view>
+
 namespace sv {
+
+/// Makes `International` write numbers and dates in the forms of a language instead of the system's, while it
+/// lives and on this thread alone. Objects nest.
+class InternationalForms {
+  public:
+    /// "de": "2,5" and "24.12.2026". Empty: the system's. Any other: "2.5" and "2026-12-24".
+    explicit InternationalForms(std::string_view language) noexcept;
+    InternationalForms(InternationalForms const&) = delete;
+    InternationalForms& operator=(InternationalForms const&) = delete;
+    ~InternationalForms();
+
+  private:
+    int before_;
+};
 
 class International {
   public:

@@ -11,18 +11,21 @@ namespace sv::qt {
 
 namespace {
 
+bool AsksToSave(MessBox const& box) { return (box.GetStyle() & WB_SAVE_DISCARD_CANCEL) != 0; }
+
 QMessageBox::StandardButtons ButtonsOf(MessBox const& box) {
+    if (AsksToSave(box)) return QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel;
     if ((box.GetStyle() & WB_YES_NO) != 0) return QMessageBox::Yes | QMessageBox::No;
     if ((box.GetStyle() & WB_OK_CANCEL) != 0) return QMessageBox::Ok | QMessageBox::Cancel;
     return QMessageBox::Ok;
 }
 
-QMessageBox::StandardButton ButtonOf(BoxAnswer answer) {
+QMessageBox::StandardButton ButtonOf(MessBox const& box, BoxAnswer answer) {
     switch (answer) {
         case BoxAnswer::Yes:
-            return QMessageBox::Yes;
+            return AsksToSave(box) ? QMessageBox::Save : QMessageBox::Yes;
         case BoxAnswer::No:
-            return QMessageBox::No;
+            return AsksToSave(box) ? QMessageBox::Discard : QMessageBox::No;
         case BoxAnswer::Cancel:
             return QMessageBox::Cancel;
         case BoxAnswer::Ok:
@@ -33,7 +36,8 @@ QMessageBox::StandardButton ButtonOf(BoxAnswer answer) {
 
 QMessageBox::Icon IconOf(MessBox const& box) {
     if (box.GetKind() == BoxKind::Error) return QMessageBox::Warning;
-    return (box.GetStyle() & WB_YES_NO) != 0 ? QMessageBox::Question : QMessageBox::Information;
+    return (box.GetStyle() & (WB_YES_NO | WB_SAVE_DISCARD_CANCEL)) != 0 ? QMessageBox::Question
+                                                                        : QMessageBox::Information;
 }
 
 QWidget* Below(MessBox const& box) {
@@ -53,12 +57,12 @@ BoxAnswer ShowBox(MessBox const& box) {
     shown.setWindowTitle(box.GetTitle().IsEmpty() ? QApplication::applicationDisplayName()
                                                   : ToQt(box.GetTitle()));
     shown.setStandardButtons(ButtonsOf(box));
-    shown.setDefaultButton(ButtonOf(box.DefaultAnswer()));
+    shown.setDefaultButton(AsksToSave(box) ? QMessageBox::Save : ButtonOf(box, box.DefaultAnswer()));
     shown.setWindowModality(Qt::ApplicationModal);
     shown.show();
     while (shown.isVisible()) Application::Reschedule();
     for (BoxAnswer const answer : {BoxAnswer::Ok, BoxAnswer::Yes, BoxAnswer::No}) {
-        if (shown.standardButton(shown.clickedButton()) == ButtonOf(answer)) return answer;
+        if (shown.standardButton(shown.clickedButton()) == ButtonOf(box, answer)) return answer;
     }
     return (box.GetStyle() & WB_OK_CANCEL) != 0 ? BoxAnswer::Cancel : box.DefaultAnswer();
 }

@@ -65,11 +65,18 @@ class Model final : public QAbstractTableModel {
         return ToQt(columns_[static_cast<std::size_t>(section)].title);
     }
 
+    /// Other titles keep selection, current row and the widths that the user has chosen.
     void SetColumns(std::span<TableColumn const> columns) {
-        beginResetModel();
+        bool const hasOtherCount = columns.size() != columns_.size();
+        if (hasOtherCount) beginResetModel();
         columns_.assign(columns.begin(), columns.end());
-        endResetModel();
+        if (hasOtherCount) {
+            endResetModel();
+        } else if (!columns_.empty()) {
+            headerDataChanged(Qt::Horizontal, 0, static_cast<int>(columns_.size()) - 1);
+        }
     }
+    [[nodiscard]] std::vector<TableColumn> const& GetColumns() const noexcept { return columns_; }
     void SetRowCount(int rows) {
         beginResetModel();
         rows_ = rows;
@@ -133,9 +140,11 @@ class QtTable final : public QtWindow {
     ~QtTable() override { View().setModel(nullptr); }
 
     void SetColumns(std::span<TableColumn const> columns) override {
+        std::vector<TableColumn> const before = model_.GetColumns();
         WithoutReport([&] { model_.SetColumns(columns); });
         for (std::size_t i = 0; i < columns.size(); ++i) {
-            View().setColumnWidth(static_cast<int>(i), columns[i].width + CellPadding);
+            if (before.size() != columns.size() || before[i].width != columns[i].width)
+                View().setColumnWidth(static_cast<int>(i), columns[i].width + CellPadding);
         }
     }
     void SetRowCount(int count) override {

@@ -1,5 +1,6 @@
 #include "Apps/ColourDesk/DeskLayout.h"
 #include "Apps/ColourDesk/DeskTexts.h"
+#include "Apps/ColourDesk/FaultTexts.h"
 #include "Apps/Tests/ColourDesk/DeskFixture.h"
 #include "Apps/Tests/Golden.h"
 #include "Apps/Tests/files/TestFiles.h"
@@ -117,6 +118,30 @@ TEST_F(DeskTest, ConditionsStayUnlessTheNextFileStatesOthers) {
     std::ofstream(stated) << files::test::CgatsWithHeader("WEIGHTING_FUNCTION \"ILLUMINANT, D65\"\n");
     ASSERT_TRUE(desk.Open(stated));
     EXPECT_TRUE(desk.GetSheet()->Conditions().illuminant == kv::IllumType::D65);
+}
+
+TEST_F(DeskTest, TheBarNamesTheIlluminantInForce) {
+    for (char const* const illuminant : {"D60", "D70", "D65", "D70"}) {
+        std::string const path = File(std::string(illuminant) + ".txt");
+        std::ofstream(path) << files::test::CgatsWithHeader(std::string("WEIGHTING_FUNCTION \"ILLUMINANT, ") +
+                                                            illuminant + "\"\n");
+        ASSERT_TRUE(desk.Open(path));
+        auto const* const list =
+            dynamic_cast<sv::DropDownListBox*>(desk.GetChildren().front()->GetChildren()[1]);
+        ASSERT_NE(list, nullptr);
+        EXPECT_EQ(list->GetEntry(list->GetSelectEntryPos()), illuminant);
+        EXPECT_EQ(sv::String(desk.GetSheet()->Conditions().illuminant), illuminant);
+    }
+}
+
+TEST_F(DeskTest, WarnsOfNamesThatTheReportCannotShow) {
+    std::string const path = File("greek.csv");
+    std::ofstream(path) << "name," << files::test::Repeat("#", ",") << "\n\u03A9,"
+                        << files::test::Repeat("0.5", ",") << '\n';
+    ASSERT_TRUE(desk.Open(path));
+    EXPECT_TRUE(desk.PrintReport("Office"));
+    ASSERT_EQ(boxes.seen.size(), 1U);
+    EXPECT_NE(boxes.seen[0].text.find("names of 1 samples"), std::string::npos) << boxes.seen[0].text;
 }
 
 TEST_F(DeskTest, WhatItSavesItReads) {
@@ -242,6 +267,29 @@ TEST(DeskLayoutTest, PartsAreSeparateInsideTheWindow) {
         EXPECT_EQ(layout.panel.GetSize().Width(), Metrics.panel);
     }
     EXPECT_EQ(Arrange({100, 60}, Metrics).plot.GetSize(), sv::Size(0, 0));
+}
+
+TEST_F(DeskTest, FaultsAreShownInTheLanguageOfTheWindow) {
+    std::string const folder = KV_APPS_TESTS "/files/bad/";
+    EXPECT_EQ(FaultText("no such file"), "no such file") << "English stays";
+    desk.ChangeLanguage(1);
+    std::string shown;
+    std::ifstream rows(folder + "messages.tsv");
+    for (std::string name, message; std::getline(rows, name, '\t') && std::getline(rows, message);) {
+        EXPECT_FALSE(desk.Open(folder + name));
+        ASSERT_FALSE(boxes.seen.empty());
+        shown += files::FromSuite(boxes.seen.back().text).substr(folder.size()) + '\n';
+    }
+    for (
+        char const* const message :
+        {"a \"found x, expected y\" b",
+         "wavelengths 390 to 720 nm by 5, every tenth nanometre taken, below 390 held at the value there, above 720 held at the value there",
+         "reflectance as fractions, by the values: the largest is 0.9", "interrupted",
+         "sample names from column 1 (\"a number\")", "NUMBER_OF_SETS says \"7\", the file has 5 rows"})
+        shown += files::FromSuite(FaultText(message).View()) + '\n';
+    apps::test::ExpectGolden("ColourDesk/faults.txt", shown);
+    EXPECT_FALSE(desk.Open("nowhere.csv"));
+    EXPECT_EQ(boxes.seen.back().text, "nowhere.csv: Die Datei existiert nicht");
 }
 
 TEST(DeskTextsTest, FormatReplacesArguments) {

@@ -186,6 +186,11 @@ void RunReport(Session& session, ReportOptions const& options) {
         throw files::WriteError(options.out + ": cannot be written");
     }
     CheckWritten(options.out);
+    if (std::size_t const unprintable = report::CountUnprintable(sheet, content.samples); unprintable > 0) {
+        session.GetMessages().Warn(
+            options.out + ": the names of " + files::Counted(unprintable, "sample") +
+            " contain characters outside Windows-1252, which the report shows as \"?\"");
+    }
     session.GetMessages().Note(options.out + ": " + files::Counted(content.samples.size(), "sample"));
 }
 

@@ -153,7 +153,7 @@ struct Field {
     [[nodiscard]] sv::Window& Part(std::size_t index) const { return *parent.GetChildren()[index]; }
     void Spin(bool up) const { Part(1).WasSpun(up); }
     void Type(std::string const& text) {
-        editor.FocusHasCome();
+        editor.FocusGained();
         editor.TextHasChanged(Localised(text));
     }
 
@@ -222,12 +222,12 @@ TEST(NumEditor, TakesOverWhatIsTyped) {
         field.Type(text);
         EXPECT_EQ(field.editor.getValue(), typed) << text;
         EXPECT_EQ(field.editor.GetText(), sv::String(Localised(text)));
-        field.editor.FocusHasGone();
+        field.editor.FocusLost();
         EXPECT_EQ(field.editor.getValue(), left) << text;
         EXPECT_EQ(field.editor.GetText(), sv::String(Localised(shown)));
         EXPECT_EQ(field.listener.calls, calls) << text;
-        field.editor.FocusHasCome();
-        field.editor.FocusHasGone();
+        field.editor.FocusGained();
+        field.editor.FocusLost();
         EXPECT_EQ(field.listener.calls, calls) << "left without a change";
     }
 }

@@ -3,11 +3,13 @@
 #include "Apps/Tests/HQMSERV/Desktop.h"
 #include "Apps/suite/SuiteServices.h"
 #include "SV/Tests/qt/QtFixture.h"
+#include "SV/qt/QtBoxes.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QTableView>
 #include <QTimer>
 #include <set>
@@ -89,6 +91,24 @@ TEST_F(DeskEventsTest, ConditionsLimitsAndLanguageApplyAtOnce) {
     EXPECT_EQ(QApplication::focusWidget(), &language);
 }
 
+TEST_F(DeskEventsTest, FormulaAndLanguageKeepSelectionAndWidths) {
+    ASSERT_TRUE(desk.Open(Chart));
+    desk.SelectSamples({2, 14});
+    Table().selectionModel()->setCurrentIndex(Table().model()->index(14, 0), QItemSelectionModel::NoUpdate);
+    Table().setColumnWidth(0, 333);
+    Named<QComboBox>("Formula").setFocus();
+    Press(Qt::Key_Down);
+    Named<QComboBox>("Language").setFocus();
+    Press(Qt::Key_Down);
+    std::set<int> marked;
+    for (QModelIndex const& row : Table().selectionModel()->selectedRows()) marked.insert(row.row());
+    EXPECT_EQ(marked, (std::set{2, 14}));
+    EXPECT_EQ(Table().currentIndex().row(), 14);
+    EXPECT_EQ(Table().columnWidth(0), 333);
+    EXPECT_EQ(Table().model()->headerData(0, Qt::Horizontal).toString(), "Probe");
+    EXPECT_EQ(Table().model()->headerData(8, Qt::Horizontal).toString(), "dL*");
+}
+
 TEST_F(DeskEventsTest, ThePlotsCursorFollowsThePointer) {
     ASSERT_TRUE(desk.Open(InkSeries));
     QWidget& widget = WidgetOf(*desk.GetPlot().GetChildren().front());
@@ -107,7 +127,7 @@ class DeskMeasuringTest : public testing::Test {
 };
 
 TEST_F(DeskMeasuringTest, MeasuresAChartAndOffersToSaveIt) {
-    kv::test::BoxScript const boxes{sv::BoxAnswer::No};
+    kv::test::BoxScript const boxes;
     DeskWindow desk(Texts::Stem, nullptr);
     desk.Show();
     desk.Measure();
@@ -118,9 +138,27 @@ TEST_F(DeskMeasuringTest, MeasuresAChartAndOffersToSaveIt) {
     ASSERT_TRUE(desk.Save(desktop.File("measured.dat")));
     EXPECT_FALSE(desk.IsUnsaved());
     desk.Measure();
+
+    // With real boxes: Escape and the cross keep the measurement, Discard quits.
+    auto const before = sv::SetBoxHandler(&sv::qt::ShowBox);
+    auto const answer = [](auto const& act) {
+        QTimer::singleShot(300, [act] {
+            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            EXPECT_EQ(box->text(), "The measurements have not been saved. Save them?");
+            act(*box);
+        });
+    };
+    answer([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
     desk.WasClosed();
-    ASSERT_EQ(boxes.seen.size(), 1U);
-    EXPECT_EQ(boxes.seen[0].text, "The measurements have not been saved. Save them now?");
+    EXPECT_TRUE(desk.IsUnsaved());
+    answer([](QMessageBox& box) { box.close(); });
+    desk.Measure();
+    EXPECT_TRUE(desk.IsUnsaved());
+    EXPECT_TRUE(desk.IsEnabled());
+    answer([](QMessageBox& box) { box.button(QMessageBox::Discard)->click(); });
+    desk.WasClosed();
+    sv::SetBoxHandler(before);
     sv::Application::Execute();  // WasClosed has ended it
 }
 

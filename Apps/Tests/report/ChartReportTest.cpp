@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <map>
+#include <regex>
 
 namespace report::test {
 
@@ -22,14 +23,14 @@ using sv::headless::DrawKind;
 using sv::headless::HeadlessBackend;
 using sv::headless::LastPrintedJob;
 
-class ReportTest : public testing::Test {
+class ChartReportTest : public testing::Test {
   protected:
-    ReportTest() {
+    ChartReportTest() {
         kv::AppConfig::CreateAppConfig(testing::TempDir() + "no such.ini");
         kv::AppName::CreateAppName("Bench", "1.0");
         kv::KVSetting::Instance()->SetBenutzername("Ada");
     }
-    ~ReportTest() override {
+    ~ChartReportTest() override {
         kv::CMetry::EnterWhite({});
         kv::Text::FreeResources();
         HeadlessBackend::Instance().ChangePrinters({});
@@ -44,26 +45,28 @@ class ReportTest : public testing::Test {
         return PrintChartReport(*kv::MyPrinter::CreateMyPrinter("Office"), sheet, options);
     }
     /// The lines of a page, texts from left to right, without the line of user and date.
-    static std::string LinesOf(std::size_t page) {
+    static std::string LinesOf(std::size_t page, std::string const& date = R"(\d{4}-\d\d-\d\d)") {
         std::map<int, std::map<int, std::string>> lines;
         for (DrawCall const& call : LastPrintedJob().pages.at(page).calls) {
             if (call.kind == DrawKind::Text)
                 lines[call.from.Y()][call.from.X()] = files::FromSuite(call.text.View());
         }
         EXPECT_EQ(lines.begin()->second.begin()->second, "Ada");
+        std::string const stamp = lines.begin()->second.rbegin()->second;
+        EXPECT_TRUE(std::regex_match(stamp, std::regex(date + R"(   \d\d:\d\d:\d\d)"))) << stamp;
         lines.erase(lines.begin());
         std::string page_;
         for (auto const& [y, cells] : lines) {
             for (auto const& [x, text] : cells) page_ += (x == cells.begin()->first ? "" : "\t") + text;
             page_ += '\n';
         }
-        return apps::test::WithPoints(page_);
+        return page_;
     }
 
     kv::test::BoxScript boxes;
 };
 
-TEST_F(ReportTest, PagesShowEveryNumber) {
+TEST_F(ChartReportTest, PagesShowEveryNumber) {
     ColourSheet sheet(files::ReadMeasurementFile(KV_APPS_DATA "/chart24-lab-a.csv"));
     sheet.Change({});
     ReportOptions options{.samples = sheet.AllSamples(), .curves = {0, 2, 3, 4, 5, 77}, .language = "en"};
@@ -88,12 +91,12 @@ TEST_F(ReportTest, PagesShowEveryNumber) {
     conditions.tolerances.formula = evaluation::DifferenceFormula::Cmc;
     sheet.Change(conditions);
     ASSERT_TRUE(Print(sheet, {.samples = {23, 0, 14, 17}, .curves = {}, .language = "de"}, 49));
-    pages += "\n" + LinesOf(0);
+    pages += "\n" + LinesOf(0, R"(\d\d\.\d\d\.\d{4})");
     apps::test::ExpectGolden("report/pages.tsv", pages);
     EXPECT_EQ(LastPrintedJob().pages.size(), 1U);
 }
 
-TEST_F(ReportTest, FortyPagesHaveHeadsAndKeepTheirMargins) {
+TEST_F(ChartReportTest, FortyPagesHaveHeadsAndKeepTheirMargins) {
     files::MeasurementFile file;
     file.path = "greys.txt";
     file.stated.measurementMode = "M1";
@@ -122,7 +125,20 @@ TEST_F(ReportTest, FortyPagesHaveHeadsAndKeepTheirMargins) {
     EXPECT_EQ(next, 2701) << "each sample once, in order";
 }
 
-TEST_F(ReportTest, FailsWithoutAPrinter) {
+TEST_F(ChartReportTest, NamesOutsideTheCodePageAreCounted) {
+    files::MeasurementFile file;
+    for (char const* const name : {"Gru\u0308n", "\u03A9", "Z\u030Circe \u0301", "x\u0308"})
+        file.samples.push_back({name, kv::Spectrum(0.5F, {}), {}});
+    ColourSheet const sheet(std::move(file));
+    EXPECT_EQ(CountUnprintable(sheet, {0, 1, 77}), 1U);
+    EXPECT_EQ(CountUnprintable(sheet, sheet.AllSamples()), 3U);
+    ASSERT_TRUE(Print(sheet, {.samples = sheet.AllSamples(), .curves = {}, .language = "de"}));
+    std::string const page = LinesOf(0, ".*");
+    for (char const* const name : {"\nGr\u00FCn\t", "\n?\t", "\n\u017Dirce ?\t", "\nx?\t"})
+        EXPECT_NE(page.find(name), std::string::npos) << name << page;
+}
+
+TEST_F(ChartReportTest, FailsWithoutAPrinter) {
     HeadlessBackend::Instance().ChangePrinters({.offset = {}, .takesJobs = false});
     EXPECT_FALSE(Print(ColourSheet({}), {}));
     EXPECT_EQ(boxes.seen.size(), 1U);
