@@ -56,6 +56,7 @@ TEST_F(Files, AreReplacedAtomically) {
     EXPECT_FALSE(std::filesystem::exists(path_ + ".replacing"));
     EXPECT_FALSE(ReplaceAtomically(directory_ / "missing/file", "x"));
     EXPECT_FALSE(ReplaceAtomically(directory_.Path().string(), "x")) << "a directory";
+    EXPECT_FALSE(std::filesystem::exists(directory_.Path().string() + ".replacing"));
 
     std::vector<std::jthread> writers;
     for (char const letter : {'a', 'b', 'c'}) {

@@ -138,6 +138,14 @@ TEST_F(DdeGuardTest, MalformedBytesEndTheSendersConversationOnly) {
     }
 }
 
+TEST_F(DdeGuardTest, UnknownCommandsAreRefused) {
+    DdeEndpoint const endpoint("sink");
+    EXPECT_EQ(DdeNameService(endpoint.Instance(), nullptr, nullptr, DNS_REGISTER), nullptr);
+    EXPECT_EQ(DdeNameService(endpoint.Instance(), nullptr, nullptr, 99), nullptr);
+    EXPECT_EQ(DdeGetLastError(endpoint.Instance()), DMLERR_INVALIDPARAMETER);
+    EXPECT_EQ(DdeGetLastError(endpoint.Instance()), DMLERR_NO_ERROR) << "reading clears it";
+}
+
 TEST_F(DdeGuardTest, AnEndlessFrameTakesLittleMemory) {
     DdeEndpoint const receiver("sink");
     RawClient const client(SocketName());

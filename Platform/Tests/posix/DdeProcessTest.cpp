@@ -36,15 +36,20 @@ TEST_F(PosixDdeProcessTest, TheSocketOfAKilledProgramIsRemoved) {
 TEST_F(PosixDdeProcessTest, PokesToAStoppedProgramNeitherBlockNorGetLost) {
     constexpr unsigned long Messages = 20'000;
     DdeEndpoint client("client");
-    PeerProcess const receiver = StartDdePeer({"receive", "sleeper", std::to_string(Messages + 1)});
+    PeerProcess const receiver = StartDdePeer({"receive", "sleeper", std::to_string(2 * Messages + 1)});
     PeerProcess const echo = StartDdePeer({"echo", "echo"});
     HCONV const conversation = ConnectWhenReady(client, "sleeper");
+    HCONV const ended = ConnectWhenReady(client, "sleeper");
     HCONV const awake = ConnectWhenReady(client, "echo");
     int echoes = 0;
     client.onPoke = [&](HCONV, std::string_view, std::string_view) { ++echoes; };
     Signal(receiver, SIGSTOP);
-    for (unsigned long i = 0; i < Messages; ++i)
+    for (unsigned long i = 0; i < Messages; ++i) {
         ASSERT_TRUE(client.Poke(conversation, "M", NumberedMessage(i, 1024)));
+        ASSERT_TRUE(client.Poke(ended, "N", NumberedMessage(i, 1024)));
+    }
+    EXPECT_TRUE(DdeDisconnect(ended));
+    EXPECT_FALSE(client.Poke(ended, "N", "after the end"));
     EXPECT_TRUE(client.Poke(awake, "client", "ping"));
     EXPECT_TRUE(RunUntil([&] { return echoes == 1; })) << "the loop serves others while the socket is full";
     auto const turnsOfTheLoop = [] {  // each waits 10 ms unless it is busy

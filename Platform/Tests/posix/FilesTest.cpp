@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 using platform::ReplaceAtomically;
@@ -34,7 +36,7 @@ TEST(PosixFiles, ReplacesTheTargetOfALink) {
     EXPECT_EQ(Bytes(directory / "victim"), "untouched");
 }
 
-TEST(PosixFiles, KeepsPermissions) {
+TEST(PosixFiles, KeepsPermissionsAndOwner) {
     tests::TemporaryDirectory const directory;
     for (int const bits : {0600, 0644, 0660, 0755}) {
         PutBytes(directory / "file", "old");
@@ -42,6 +44,13 @@ TEST(PosixFiles, KeepsPermissions) {
         ASSERT_TRUE(ReplaceAtomically(directory / "file", "new"));
         EXPECT_EQ(static_cast<int>(fs::status(directory / "file").permissions()), bits);
     }
+    constexpr uid_t Stranger = 12345;
+    std::string const path = directory / "file";
+    if (::chown(path.c_str(), Stranger, Stranger) != 0) GTEST_SKIP() << "only root can give files away";
+    ASSERT_TRUE(ReplaceAtomically(path, "newer"));
+    struct stat status = {};
+    ASSERT_EQ(::stat(path.c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, Stranger);
 }
 
 TEST(PosixFiles, ReadsFilesOfUnknownSize) {

@@ -12,7 +12,7 @@
 
 namespace {
 
-TEST(Locale, IdentifiersOfNames) {
+TEST(LocaleNames, Identifiers) {
     struct Row {
         char const* locale;
         unsigned short identifier;
@@ -36,18 +36,31 @@ TEST(Locale, IdentifiersOfNames) {
         EXPECT_EQ(platform::detail::LanguageIdentifierOf(row.locale), row.identifier) << row.locale;
 }
 
-TEST(Locale, German) {
-    tests::TemporaryDirectory const directory;
-    std::string const before = std::setlocale(LC_ALL, nullptr);
-    char const* const path = std::getenv("LOCPATH");
-    std::string const pathBefore = path == nullptr ? "" : path;
-    if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr) {
-        auto const localedef =
-            platform::Process::Start("localedef", {"-i", "de_DE", "-f", "UTF-8", directory / "de_DE.UTF-8"});
-        ASSERT_TRUE(localedef && localedef->Wait() == 0) << "localedef cannot create de_DE.UTF-8";
-        ::setenv("LOCPATH", directory.Path().c_str(), 1);
-        EXPECT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr);
+class Locale : public testing::Test {
+  protected:
+    void TearDown() override {
+        path_.empty() ? ::unsetenv("LOCPATH") : ::setenv("LOCPATH", path_.c_str(), 1);
+        std::setlocale(LC_ALL, before_.c_str());
     }
+    /// Sets a locale, which is created if the system has none of this name.
+    void Set(std::string const& name, std::string const& characterSet) {
+        std::string const full = name + '.' + characterSet;
+        if (std::setlocale(LC_ALL, full.c_str()) != nullptr) return;
+        auto const localedef =
+            platform::Process::Start("localedef", {"-i", name, "-f", characterSet, directory_ / full});
+        ASSERT_TRUE(localedef && localedef->Wait() == 0) << "localedef cannot create " << full;
+        ::setenv("LOCPATH", directory_.Path().c_str(), 1);
+        ASSERT_NE(std::setlocale(LC_ALL, full.c_str()), nullptr) << full;
+    }
+
+  private:
+    tests::TemporaryDirectory directory_;
+    std::string before_ = std::setlocale(LC_ALL, nullptr);
+    std::string path_ = std::getenv("LOCPATH") == nullptr ? "" : std::getenv("LOCPATH");
+};
+
+TEST_F(Locale, German) {
+    Set("de_DE", "UTF-8");
     EXPECT_EQ(sv::International::GetLanguage(), 1031);
     EXPECT_EQ(sv::International::GetNumDecimalSep(), ',');
     EXPECT_EQ(sv::International::GetDate(sv::Date(9, 2, 2024)), "09.02.2024");
@@ -60,8 +73,11 @@ TEST(Locale, German) {
     EXPECT_EQ(sv::International::GetNumDecimalSep(), ',');
     std::setlocale(LC_NUMERIC, "C");
     EXPECT_EQ(sv::International::GetNumDecimalSep(), '.') << "the separator is that of the numbers";
-    pathBefore.empty() ? ::unsetenv("LOCPATH") : ::setenv("LOCPATH", pathBefore.c_str(), 1);
-    std::setlocale(LC_ALL, before.c_str());
+}
+
+TEST_F(Locale, JapaneseIsConvertedFromItsCharacterSet) {
+    Set("ja_JP", "EUC-JP");
+    EXPECT_EQ(platform::ShortDate(2024, 2, 9), "2024\u5E7402\u670809\u65E5");
 }
 
 }  // namespace

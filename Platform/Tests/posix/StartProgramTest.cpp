@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 namespace platform {
 namespace {
 
@@ -11,39 +13,41 @@ namespace fs = std::filesystem;
 
 class StartProgramTest : public testing::Test {
   protected:
+    // The tests ignore SIGPIPE, which a started program must not inherit.
+    StartProgramTest() : signal_(std::signal(SIGPIPE, SIG_IGN)) {}
+    ~StartProgramTest() override { std::signal(SIGPIPE, signal_); }
+
     /// Writes a script that writes where it runs, its name and its arguments, one per line.
     void WriteScript(std::string const& name, fs::perms permissions = fs::perms::owner_all) const {
         tests::PutBytes(here / name,
                         "#!/bin/sh\n"
-                        "{ pwd; basename \"$0\"; for a; do echo \"$a\"; done; } > w.new\nmv w.new written\n");
+                        "{ pwd; basename \"$0\"; for a; do echo \"$a\"; done; } > w.new\n"
+                        "sh -c 'kill -PIPE $$; echo inherits signals >> w.new'\nmv w.new written\n");
         fs::permissions(here / name, permissions);
     }
-    /// Waits for the text of the script, and removes it.
-    [[nodiscard]] std::string Written() const {
-        EXPECT_TRUE(tests::WaitUntil([&] { return fs::exists(here / "written"); }));
-        std::string const text = tests::Bytes(here / "written");
+    /// Starts a program and waits for the text of the script.
+    void ExpectRun(std::string const& line, std::optional<std::string> const& directory,
+                   std::string const& expected) const {
+        ASSERT_TRUE(StartProgram(line, directory)) << line << " in " << directory.value_or("none");
+        ASSERT_TRUE(tests::WaitUntil([&] { return fs::exists(here / "written"); })) << line;
+        EXPECT_EQ(tests::Bytes(here / "written"), here.string() + '\n' + expected) << line;
         fs::remove(here / "written");
-        return text.starts_with(here.string() + '\n') ? text.substr(here.string().size() + 1)
-                                                      : "from " + text;
     }
 
+    void (*signal_)(int);
     tests::TemporaryDirectory directory_;
     fs::path here = fs::canonical(directory_.Path());
 };
 
 TEST_F(StartProgramTest, SearchesTheDirectoryFirstAndRunsThere) {
     WriteScript("true");  // the system's path has one as well
-    EXPECT_TRUE(StartProgram("true -S  -LNG 49 \"two words\" \"\"", here.string()));
-    EXPECT_EQ(Written(), "true\n-S\n-LNG\n49\ntwo words\n\n");
-    EXPECT_TRUE(StartProgram("./true", here.string()));
-    EXPECT_EQ(Written(), "true\n");
+    ExpectRun("true -S  -LNG 49 \"two words\" \"\"", here.string(), "true\n-S\n-LNG\n49\ntwo words\n\n");
+    ExpectRun("./true", here.string(), "true\n");
     fs::path const before = fs::current_path();
     fs::current_path(here);
-    for (std::optional<std::string> const& directory :
-         {std::optional<std::string>(), {""}, {here / "gone"}}) {
-        EXPECT_TRUE(StartProgram("true", directory)) << directory.value_or("none");
-        EXPECT_EQ(Written(), "true\n") << "else the current directory is first";
-    }
+    // Else the current directory is first.
+    for (std::optional<std::string> const& directory : {std::optional<std::string>(), {""}, {here / "gone"}})
+        ExpectRun("true", directory, "true\n");
     fs::current_path(before);
 }
 
@@ -57,10 +61,8 @@ TEST_F(StartProgramTest, SearchesTheProgramsDirectoryAndThePath) {
 TEST_F(StartProgramTest, NamesMayContainBlanksAndAnyCharacter) {
     for (char const* const name : {"two", "two words", "Me\xC3\x9F Ger\xC3\xA4t", "\xE4 not UTF-8"}) {
         WriteScript(name);
-        EXPECT_TRUE(StartProgram(name + std::string(" -S"), here.string())) << name;
-        EXPECT_EQ(Written(), name + std::string("\n-S\n"));
-        EXPECT_TRUE(StartProgram('"' + std::string(name) + "\" -S", here.string())) << name;
-        EXPECT_EQ(Written(), name + std::string("\n-S\n"));
+        for (char const* const quote : {"", "\""})
+            ExpectRun(quote + std::string(name) + quote + " -S", here.string(), name + std::string("\n-S\n"));
     }
 }
 

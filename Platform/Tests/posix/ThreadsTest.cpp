@@ -32,6 +32,7 @@ TEST(PosixThreads, EndWhereTheyWaitAndUnwind) {
     busy->Kill();
     EXPECT_TRUE(waiting->WaitForEnd(10s));
     EXPECT_TRUE(isReleased);
+    EXPECT_FALSE(waiting->SetPriority(platform::Priority::Low)) << "the thread has ended";
     EXPECT_FALSE(busy->WaitForEnd(50ms)) << "a thread that never waits goes on";
     isOver = true;
     EXPECT_TRUE(busy->WaitForEnd(10s));
