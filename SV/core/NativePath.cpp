@@ -1,10 +1,13 @@
 #include "SV/core/NativePath.h"
 
+#include "Platform/CodePages.h"
 #include "Platform/Utf8Path.h"
 #include "SV/core/detail/Encoding.h"
+#include "SV/core/detail/TextPage.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 
 namespace sv {
 
@@ -19,16 +22,27 @@ constexpr detail::CodePage PathPage = [] {
     return page;
 }();
 
+/// A name that is not valid in the code page of the language is decoded as Western.
+std::string Decoded(std::string_view path) {
+    if (GetTextPage() != TextPage::Western) {
+        if (auto utf8 = platform::Utf8OfCodePage(path, static_cast<int>(GetTextPage()))) return *utf8;
+    }
+    return detail::ToUtf8(detail::FromSingleByte(path, PathPage));
+}
+
 }  // namespace
 
 std::string NativePath(String const& path) {
-    std::string name = detail::ToUtf8(detail::FromSingleByte(path.View(), PathPage));
+    std::string name = Decoded(path.View());
     std::ranges::replace_if(
         name, [](char character) { return character == '/' || character == '\\'; }, PathSeparator);
     return name;
 }
 
 String FromNativePath(std::string_view path) {
+    if (GetTextPage() != TextPage::Western) {
+        if (auto text = platform::CodePageOfUtf8(path, static_cast<int>(GetTextPage()))) return *text;
+    }
     return detail::ToSingleByte(detail::FromUtf8(path), PathPage);
 }
 

@@ -6,7 +6,6 @@
 #include "KVUtils/Source/data/detail/DataLine.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "KVUtils/Source/frame/Check.h"
-#include "KVUtils/Source/frame/Language.h"
 #include "SV/core/NativePath.h"
 
 #include <array>
@@ -28,12 +27,6 @@ constexpr int OldestVersion = 2;
 
 /// Bytes of a file that are searched for an LF.
 constexpr int ProbeLength = 1024;
-
-/// In the languages of the East a name is in another code page than the suite's and is left alone.
-std::filesystem::path PathOf(sv::String const& name) {
-    if (Language::IsJapanese() != 0 || Language::IsChinese() != 0) return name.View();
-    return sv::FilePath(name);
-}
 
 /// Returns 0 for a file that does not exist.
 unsigned long SizeOf(std::filesystem::path const& path) {
@@ -91,9 +84,9 @@ CurrentLine& CurrentLine::operator=(CurrentLine const& other) {
 
 ASCIIFile::ASCIIFile(sv::String const& name, uchar read, uchar tabs)
     : fileName_(name),
-      line_(DataLine(read != 0 ? LineEndOf(PathOf(name)) : LineEnd::LineFeed)),
+      line_(DataLine(read != 0 ? LineEndOf(sv::FilePath(name)) : LineEnd::LineFeed)),
       tabMode_(tabs != 0) {
-    std::filesystem::path const path = PathOf(name);
+    std::filesystem::path const path = sv::FilePath(name);
     if (read == 0) {
         out_ = std::make_shared<std::ofstream>(path);
         return;

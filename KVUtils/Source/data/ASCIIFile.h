@@ -36,8 +36,10 @@ class CurrentLine {
 
 }  // namespace detail
 
-/// Lines have up to 1023 characters. Numbers do not depend on the locale. Lines end in LF or CR LF; in a file
-/// without an LF in its first 1024 bytes they end in CR, and its texts are Mac Roman.
+/// Lines have up to 1023 characters, key and "=" included. Numbers do not depend on the locale. Keys and
+/// titles are written unescaped. The name of a file is in the code page of the language, as for every file of
+/// the toolkit. Lines end in LF or CR LF; in a file without an LF in its first 1024 bytes they end in CR, and
+/// its texts are Mac Roman.
 ///
 /// A copy shares the streams and the window with its original, and has its own current line. Reading from a
 /// writer and writing to a reader do nothing and fail.

@@ -37,7 +37,7 @@ struct ParsedNumber {
 
 class GString : public sv::String {
   public:
-    explicit GString(sv::String const& text) : String(text) {}
+    GString(sv::String const& text) : String(text) {}
 
     GString(double value, int decimals);
     /// Pads with leading blanks to `width`, here and below.
@@ -53,9 +53,13 @@ class GString : public sv::String {
     [[nodiscard]] uchar MatchPattern(sv::String const& pattern) const;
 
     /// Returns the number at the start of the text, 0 if there is none. The point is the locale's separator
-    /// or a comma: the first of each is replaced by ".", in the text itself. Explicit, so that a text is not
-    /// converted by accident.
-    explicit operator double();
+    /// or a comma: the first of each is replaced by ".", in the text itself. Sums and comparisons of two
+    /// texts remain those of texts.
+    operator double();
+
+    /// Without these the conversion to a number would make a sum with a literal ambiguous.
+    friend sv::String operator+(GString const& left, char const* right) { return sv::String(left) += right; }
+    friend sv::String operator+(char const* left, GString const& right) { return sv::String(left) += right; }
 
   protected:
     /// Appends the number.
@@ -64,7 +68,7 @@ class GString : public sv::String {
 
 class fString : public sv::String {
   public:
-    explicit fString(sv::String const& text) : String(text) {}
+    fString(sv::String const& text) : String(text) {}
 
     fString(double value, int decimals);
     /// Pads with leading blanks to `width`, here and below.
@@ -73,7 +77,11 @@ class fString : public sv::String {
     fString(double value, int width, int decimals, uchar stripZeros, uchar plusSign);
 
     /// Returns the number at the start of the text, 0 if there is none.
-    explicit operator double() const;
+    operator double() const;
+
+    /// Without these the conversion to a number would make a sum with a literal ambiguous.
+    friend sv::String operator+(fString const& left, char const* right) { return sv::String(left) += right; }
+    friend sv::String operator+(char const* left, fString const& right) { return sv::String(left) += right; }
 };
 
 }  // namespace kv

@@ -1,6 +1,11 @@
 // KVSingleton: base class of the services of which a program has one each. The application creates them in
 // the order that it needs and destroys them together before it exits. Create and destroy services in the main
 // thread only.
+//
+// A usual order is `AppDir` and `AppName`, `AppConfig`, `UserConfig` and `KORVELConfig`, `Language`, then
+// `PostOffice`. A missing service is reported where it is used, without its name: `AppConfig` by `KVSetting`
+// and the head lines of `MyPrinter`, `AppName` by `ASCIIFile::SetVersion`, `AppDir` and `KORVELConfig` by
+// `PostOffice`.
 #pragma once
 
 namespace kv {

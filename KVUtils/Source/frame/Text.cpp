@@ -37,17 +37,18 @@ struct FaultTexts {
     char const* general;
 };
 
-constexpr FaultTexts EnglishFaults = {"error in text file '",     "missing ",   " in text group ", "\n\ncontinue?",
-                                "unable to open text file", "more then ", " text groups",    "general error"};
+constexpr FaultTexts EnglishFaults = {
+    "error in text file '",     "missing ",   " in text group ", "\n\ncontinue?",
+    "unable to open text file", "more then ", " text groups",    "general error"};
 constexpr FaultTexts GermanFaults = {"Fehler in Textdatei '",
-                               "Fehlendes Zeichen ",
-                               " in Textgruppe ",
-                               "\n\nweiterfahren?",
-                               "Es ist nicht m\xF6glich die Textdatei zu \xF6"
-                               "ffnen",
-                               "Mehr als ",
-                               " Textgruppen",
-                               "Allgemeiner Fehler"};
+                                     "Fehlendes Zeichen ",
+                                     " in Textgruppe ",
+                                     "\n\nweiterfahren?",
+                                     "Es ist nicht m\xF6glich die Textdatei zu \xF6"
+                                     "ffnen",
+                                     "Mehr als ",
+                                     " Textgruppen",
+                                     "Allgemeiner Fehler"};
 
 /// Shows the error; returns whether to continue.
 bool ShowFault(sv::String const& file, detail::TextFault fault, char missing, sv::String const& group) {

@@ -3,8 +3,8 @@
 //
 // A file contains groups, "{name}", each followed by its entries, one per line, "[text]", numbered from 0.
 // The text extends from the first "[" to the last "]" of the line, so it may contain brackets. "//" and "/*
-// */" are comments, in an entry too. Everything else is ignored. The last line must end with a line end.
-// Several files form one table.
+// */" are comments, in an entry too; "//" includes the line end, so it continues an entry in the next line.
+// Everything else is ignored. The last line must end with a line end. Several files form one table.
 //
 // The bytes of a file are the application's texts as they are, in the suite's code page: Windows-1252, or
 // that of the language for Japanese and Chinese. They are not UTF-8.

@@ -1,4 +1,4 @@
-// TextAry: a list of texts by number. The caller owns the texts and frees them.
+// TextAry: a container of texts by number. The caller owns the texts and frees them.
 #pragma once
 
 #include "SV/core/Container.h"
@@ -6,11 +6,8 @@
 
 namespace kv {
 
-class TextAry : private sv::Container {
+class TextAry : public sv::Container {
   public:
-    using Container::Clear;
-    using Container::Count;
-
     explicit TextAry(unsigned short blockSize = 16) : Container(blockSize) {}
 
     /// Truncates the list, or extends it with entries that have no text (null).

@@ -24,9 +24,13 @@ constexpr std::chrono::milliseconds Grace{100};
 
 }  // namespace
 
-Thread::Thread(ThreadPriorityTYPE priority) noexcept : priority_(priority) {}
+namespace detail {
 
-Thread::~Thread() {
+ThreadBase::ThreadBase(ThreadPriorityTYPE priority) noexcept : priority_(priority) {}
+
+unsigned ThreadBase::Run() { return 0; }
+
+ThreadBase::~ThreadBase() {
     if (thread_ == nullptr) return;
     if (!thread_->WaitForEnd(Grace)) KillThread();
     // The routine uses this object, so wait for its end, however long it takes.
@@ -34,7 +38,7 @@ Thread::~Thread() {
     }
 }
 
-void Thread::StartThread() {
+void ThreadBase::StartThread() {
     auto hasReturned = std::make_shared<std::atomic<bool>>(false);
     thread_ = platform::NativeThread::Start([this, hasReturned] {
         unsigned const exitCode = Run();
@@ -45,16 +49,16 @@ void Thread::StartThread() {
     SetPriority(priority_);
 }
 
-void Thread::KillThread() noexcept {
+void ThreadBase::KillThread() noexcept {
     // Terminating a thread within the system's own clean-up may hang the whole process.
     if (thread_ != nullptr && !*hasReturned_) thread_->Kill();
 }
 
-void Thread::SetPriority(ThreadPriorityTYPE priority) noexcept {
+void ThreadBase::SetPriority(ThreadPriorityTYPE priority) noexcept {
     if (thread_ != nullptr) thread_->SetPriority(ToSystem(priority));
 }
 
-ThreadPriorityTYPE Thread::GetPriority() const noexcept {
+ThreadPriorityTYPE ThreadBase::GetPriority() const noexcept {
     if (thread_ == nullptr) return ThreadPriorityTYPE::Normal;
     switch (thread_->GetPriority()) {
         case platform::Priority::Low:
@@ -66,5 +70,10 @@ ThreadPriorityTYPE Thread::GetPriority() const noexcept {
     }
     return ThreadPriorityTYPE::Normal;
 }
+
+}  // namespace detail
+
+Thread::Thread(ThreadPriorityTYPE priority) noexcept : ThreadBase(priority) {}
+Thread::~Thread() = default;
 
 }  // namespace kv

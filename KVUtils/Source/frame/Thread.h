@@ -11,20 +11,23 @@ namespace kv {
 /// Normal, or one step lower or higher.
 enum class ThreadPriorityTYPE : int { Normal = 0, Low = 1, High = 2 };
 
-class Thread {
+namespace detail {
+
+/// Starts and ends the thread. A base, so that the routine of an object that is destroyed before its thread
+/// has called it is not a pure virtual function: by the time the thread is waited for, it is the empty one
+/// here.
+class ThreadBase {
   protected:
-    /// Runs in the thread; the result is its exit code.
-    virtual unsigned Run() = 0;
+    virtual unsigned Run();
 
   public:
-    /// Stores the priority; does not start the thread.
-    explicit Thread(ThreadPriorityTYPE priority) noexcept;
+    explicit ThreadBase(ThreadPriorityTYPE priority) noexcept;
     /// Gives the thread 100 ms to return, then ends it like `KillThread`, and waits until it has ended. The
     /// members of a derived class are destroyed before, so if the routine uses them, the derived destructor
     /// must make it stop and wait for it. Must not be called from the thread itself.
-    virtual ~Thread();
-    Thread(Thread const&) = delete;
-    Thread& operator=(Thread const&) = delete;
+    virtual ~ThreadBase();
+    ThreadBase(ThreadBase const&) = delete;
+    ThreadBase& operator=(ThreadBase const&) = delete;
 
     /// Starts the routine with the priority given at construction; does nothing if the system refuses. A
     /// thread started earlier keeps running, and must end before the object is destroyed.
@@ -45,6 +48,19 @@ class Thread {
     std::unique_ptr<platform::NativeThread> thread_;
     std::shared_ptr<std::atomic<bool>> hasReturned_;  // set by the routine, which shares it
     ThreadPriorityTYPE priority_;
+};
+
+}  // namespace detail
+
+class Thread : public detail::ThreadBase {
+  protected:
+    /// Runs in the thread; the result is its exit code. Not called if the object is destroyed first.
+    unsigned Run() override = 0;
+
+  public:
+    /// Stores the priority; does not start the thread.
+    explicit Thread(ThreadPriorityTYPE priority) noexcept;
+    ~Thread() override;
 };
 
 }  // namespace kv

@@ -1,10 +1,13 @@
 #include "KVUtils/Source/data/ASCIIFile.h"
+#include "KVUtils/Source/data/FileHelpers.h"
 #include "KVUtils/Source/data/detail/DataLine.h"
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "KVUtils/Source/frame/Language.h"
 #include "KVUtils/Tests/data/ASCIIFileReaders.h"
 #include "KVUtils/Tests/data/CaseTable.h"
 #include "KVUtils/Tests/data/TestFile.h"
+#include "SV/core/DirEntry.h"
+#include "SV/core/NativePath.h"
 
 #include <climits>
 
@@ -232,15 +235,22 @@ TEST_F(ASCIIFileTest, NamedFiles) {
     EXPECT_EQ(nowhere.GetError(), 1);
 }
 
-#ifndef _WIN32
-TEST_F(ASCIIFileTest, NamesInEasternLanguagesAreTakenUnchanged) {
-    for (unsigned short const country : {std::uint16_t{81}, std::uint16_t{86}}) {
-        Language::SetLanguageByCountryCode(country);
-        ASCIIFile(PathOf("\xE8\x89\xB2.dat"), 0, 0).PutInt("k", 5);
-        EXPECT_EQ(Read(PathOf("\xE8\x89\xB2.dat")), "k=5\n");
+TEST_F(ASCIIFileTest, NamesAreInTheCodePageOfTheLanguage) {
+    // "iro" in Japanese, "se" in Chinese: the same character.
+    for (auto const& [country, name] : {std::pair(81, "\x90\x46"), std::pair(86, "\xC9\xAB")}) {
+        Language::SetLanguageByCountryCode(static_cast<unsigned short>(country));
+        sv::String const path = PathOf("") + "\\" + name + ".dat";
+        ASCIIFile(path, 0, 0).PutInt("k", 5);
+        EXPECT_EQ(Read(directory_ / std::filesystem::path(u8"\u8272.dat")), "k=5\n");
+        EXPECT_TRUE(sv::DirEntry(path).Exists());
+        EXPECT_EQ(sv::FromNativePath(sv::NativePath(name)), name);
+        EXPECT_TRUE(KVDeleteFile(path)) << "the same file";
     }
+    Language::SetLanguageByCountryCode(81);
+    // Not in the code page: "?" one way, the Western letter the other.
+    EXPECT_EQ(sv::FromNativePath("a\xC3\xBC\xE8\x89\xB2"), "a?\x90\x46");
+    EXPECT_EQ(sv::NativePath("\xFC\xFC"), "\xC3\xBC\xC3\xBC");
 }
-#endif
 
 TEST_F(ASCIIFileTest, WhatIsPutIsGot) {
     int const ints[] = {INT_MIN, INT_MAX};

@@ -82,6 +82,25 @@ TEST(NumberText, ReadsBackUnderAnyLocale) {
     }
 }
 
+template <class Number>
+void ExpectConversions() {
+    Number const number = sv::String("1.5");
+    Number changed = number;
+    double const value = changed;
+    EXPECT_EQ(value, 1.5);
+    EXPECT_EQ(2 * changed, 3.0);
+    EXPECT_EQ(std::max<double>(changed, 1), 1.5);
+    // Two texts stay texts.
+    EXPECT_EQ(Text(number + " (" + sv::String("a") + number + ')'), "1.5 (a1.5)");
+    EXPECT_EQ(Text("[" + changed + changed), "[1.51.5");
+    EXPECT_TRUE(changed == "1.5" && changed == number && changed < sv::String("1.50"));
+}
+
+TEST(NumberText, ConvertsFromTextAndToANumber) {
+    ExpectConversions<GString>();
+    ExpectConversions<fString>();
+}
+
 TEST(GString, MatchPattern) {
     for (auto const& [text, patterns, isMatch] :
          Rows<char const*, std::vector<char const*>, int>{{"Cyan 20", {"", "*", "yan", "y*20"}, 1},

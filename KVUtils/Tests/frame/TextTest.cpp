@@ -244,6 +244,10 @@ TEST(TextAryTest, EntriesAndEquality) {
     EXPECT_TRUE(left != right);
     left.ChangeSize(2);
     EXPECT_EQ(left.Get(1), &a);
+    sv::Container& container = left;
+    container.Insert(&b, sv::Container::End);
+    EXPECT_EQ(container.Last(), &b) << "it is a container";
+    EXPECT_EQ(left.Get(2), &b);
     left.Clear();
     EXPECT_EQ(left.Count(), 0U);
 }

@@ -101,6 +101,24 @@ TEST(ThreadTest, KillAndDestructionEndIt) {
     EXPECT_FALSE(tally.hasStopped);
 }
 
+class Brief : public Thread {
+  public:
+    Brief() : Thread(ThreadPriorityTYPE::Normal) {}
+
+  private:
+    unsigned Run() override { return 0; }
+};
+
+TEST(ThreadTest, MayBeDestroyedBeforeItsRoutineIsCalled) {
+#ifdef __SANITIZE_THREAD__
+    GTEST_SKIP() << "destroying the object while the thread calls its routine is what is tested";
+#endif
+    for (int i = 0; i < 1000; ++i) {
+        Brief brief;
+        brief.StartThread();
+    }
+}
+
 TEST(CriticalSectionTest, ExcludesOtherThreadsFromItsName) {
     std::atomic<bool> isIn = false;
     std::thread other;
@@ -144,7 +162,7 @@ class Probe : public DLL {
     using DLL::GetFunctionPointer;
 };
 
-unsigned long Thrown(std::function<void()> const& call) {
+unsigned long ThrownNumber(std::function<void()> const& call) {
     try {
         call();
     } catch (unsigned long error) {
@@ -161,9 +179,10 @@ TEST(DLLTest, FunctionsStayCallableAndFailuresAreThrown) {
         function = reinterpret_cast<Function>(library.GetFunctionPointer("_Z17WhatStaticInitSawv"));
     }
     EXPECT_EQ(&function(), &WhatStaticInitSaw());
-    EXPECT_NE(Thrown([] { Probe const library("no such library"); }), 0UL);
+    EXPECT_NE(ThrownNumber([] { Probe const library("no such library"); }), 0UL);
     Probe const library("libStaticInitProbe");
-    EXPECT_NE(Thrown([&library] { static_cast<void>(library.GetFunctionPointer("NoSuchFunction")); }), 0UL);
+    EXPECT_NE(ThrownNumber([&library] { static_cast<void>(library.GetFunctionPointer("NoSuchFunction")); }),
+              0UL);
 }
 
 }  // namespace
