@@ -171,7 +171,7 @@ class CgatsReader {
         }
     }
 
-    /// The value that stands for a perfect white.
+    /// Reads the value of a perfect white.
     void TakeNorm(std::string const& value) {
         auto const norm = ToNumber(value);
         if (norm != 1 && norm != 100) Fail(Here(), "SPECTRAL_NORM " + Excerpt(value), "1 or 100");

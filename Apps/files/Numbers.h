@@ -28,7 +28,7 @@ struct ColumnTitle {
     [[nodiscard]] std::string Text() const;
 };
 
-/// Stands for a decimal mark that is not known yet.
+/// The decimal mark is not known yet.
 inline constexpr char NoMark = '\0';
 
 /// Reads the numbers of one file, all with the same decimal mark.

@@ -11,7 +11,7 @@ namespace files {
 /// The cells of one line.
 using Cells = std::vector<std::string_view>;
 
-/// The separator that stands for runs of blanks and tabs.
+/// As a separator: any run of blanks and tabs.
 inline constexpr char Blanks = ' ';
 
 /// Splits at every separator outside quotes; cells are trimmed and may be empty, unless Blanks separate them.

@@ -33,6 +33,9 @@ Range FindRange(std::span<RawSpectrum const> spectra, WavelengthGrid const& grid
     Range range;
     for (RawSpectrum const& spectrum : spectra) {
         for (std::size_t point = 0; point < spectrum.values.size(); ++point) {
+            // A held end repeats the value next to it.
+            bool const isHeld = point > 0 && grid.wavelengths[point] == grid.wavelengths[point - 1];
+            if (isHeld) continue;
             double const value = spectrum.values[point];
             Extreme const here{value, spectrum.line, grid.wavelengths[point]};
             if (value < range.smallest.value) range.smallest = here;

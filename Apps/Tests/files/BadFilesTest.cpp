@@ -16,12 +16,8 @@ using test::Refusal;
 
 TEST(BadFiles, AreRefusedWithTheirMessage) {
     std::filesystem::path const folder = KV_APPS_TESTS "/files/bad";
-    std::ifstream table(folder / "messages.tsv");
     std::map<std::string, std::string> messages;
-    for (std::string line; std::getline(table, line);) {
-        auto const tab = line.find('\t');
-        messages[line.substr(0, tab)] = line.substr(tab + 1);
-    }
+    for (auto const& row : test::Rows("bad/messages.tsv")) messages[row[0]] = row[1];
     std::size_t count = 0;
     for (auto const& entry : std::filesystem::directory_iterator(folder)) {
         std::string const name = entry.path().filename().string();

@@ -160,49 +160,11 @@ TEST_F(DataFileTest, IsOneLineForEachThing) {
 TEST_F(DataFileTest, BrokenFilesAreRefusedByLine) {
     WriteDataFile(OfNames({"a", "b"}), Path());
     std::string const good = Bytes();
-    std::string const half = "0.5 ";
-    ASSERT_NE(good.find("Spectrum=" + half), std::string::npos) << good;
-    struct Fault {
-        std::string from;
-        std::string to;
-        std::string refusal;
-    };
-    std::vector<Fault> const faults = {
-        {"Version=2\n", "", R"(3: found "[Measurement]", expected "Version=2")"},
-        {"Version=2", "Version=1", R"(3: found "Version=1", expected "Version=2")"},
-        {"Version=2", "Version=3", R"(3: found "Version=3", expected "Version=2")"},
-        {"Application=Desk 1.2\n", "", R"(2: found "Version=2", expected "Application=")"},
-        {"[Measurement]\n", "",
-         R"(4: found "Source=m)"
-         "\xC3\xBC"
-         R"(ster.txt", expected "[Measurement]")"},
-        {"Dialect=CGATS.17\n", "", R"(6: found "Samples=2", expected "Dialect=")"},
-        {"Samples=2", "Samples=0",
-         R"(7: found "Samples=0", expected "Samples=" with a number from 1 to 500000)"},
-        {"Samples=2", "Samples=3", "14: found the end of the file, expected \"[Sample]\" (sample 3 of 3)"},
-        {"Samples=2", "Samples=1", R"(11: found "[Sample]", expected the end of the file after 1 samples)"},
-        {"Name=b\n", "",
-         R"(12: found ")"
-         "Spectrum=0.5 0.5 0.5 0.5 0.5 0.5 0.5 0.5...\", expected \"Name=\""},
-        {"Name=a\nSpectrum", "Name=a\nColours",
-         "10: found \"Colours=0.5 0.5 0.5 0.5 0.5 0.5 0.5 0.5 ...\", expected \"Spectrum=\" with 36 numbers"},
-        {"Name=b\nSpectrum=" + half, "Name=b\nSpectrum=", "13: found 35 numbers in Spectrum, expected 36"},
-        {"Name=b\nSpectrum=", "Name=b\nSpectrum=1 ", "13: found 37 numbers in Spectrum, expected 36"},
-        {"Name=b\nSpectrum=" + half, "Name=b\nSpectrum=nan ",
-         R"(13: found "nan" in Spectrum, expected a number)"},
-        {"Name=b\nSpectrum=" + half, "Name=b\nSpectrum=- ",
-         R"(13: found "-" in Spectrum, expected a number)"},
-        {"Name=b\nSpectrum=" + half, "Name=b\nSpectrum=1e-3 ",
-         "13: found \"Spectrum=1e-3 0.5 0.5 0.5 0.5 0.5 0.5 0....\", expected \"Spectrum=\" with 36 numbers "
-         "without exponents"},
-        {"Name=b\nSpectrum=" + half, "Name=b\nSpectrum=50 ", "13: found reflectance 50, expected -0.05 to 2"},
-        {"Name=b\n", "Name=b\nLab=1 2\n", "13: found 2 numbers in Lab, expected 3"},
-        {"Name=b", "Name=" + std::string(1019, 'b'),
-         "12: found a line of 1024 bytes, expected at most 1023 in a data file"},
-    };
-    for (Fault const& fault : faults) {
-        EXPECT_EQ(Refusal(Replaced(good, fault.from, fault.to)), "file:" + fault.refusal);
+    for (auto const& row : test::Rows("datafile-faults.tsv")) {
+        EXPECT_EQ(Refusal(Replaced(good, row[0], row[1])), "file:" + row[2]);
     }
+    EXPECT_EQ(Refusal(Replaced(good, "Name=b", "Name=" + std::string(1019, 'b'))),
+              "file:12: found a line of 1024 bytes, expected at most 1023 in a data file");
     // A file that is cut off is refused, even within its last number.
     for (std::size_t length = 7; length < good.size(); ++length) {
         EXPECT_NE(Refusal(good.substr(0, length)), "accepted") << length;

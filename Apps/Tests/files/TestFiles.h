@@ -2,9 +2,11 @@
 #pragma once
 
 #include "Apps/files/MeasurementFile.h"
+#include "Apps/files/Text.h"
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,6 +38,24 @@ inline std::string Cgats(std::string const& header, std::string const& fields, s
 /// A CGATS file of one sample "1" whose values are all `value`.
 inline std::string CgatsWithHeader(std::string const& header, std::string_view value = "0.5") {
     return Cgats(header, "SampleID " + Repeat("SPECTRAL_NM#", " "), "1 " + Repeat(value, " ") + "\n");
+}
+
+/// Reads the rows of a TSV file beside these tests; the first row is the header. "\\n" stands for a line end.
+inline std::vector<std::vector<std::string>> Rows(std::string const& name) {
+    std::vector<std::vector<std::string>> rows;
+    std::ifstream table(std::string(KV_APPS_TESTS "/files/") + name);
+    std::string line;
+    for (std::getline(table, line); std::getline(table, line);) {
+        rows.emplace_back();
+        for (std::string_view const cell : Split(line, '\t')) {
+            std::string text(cell);
+            for (auto at = text.find("\\n"); at != std::string::npos; at = text.find("\\n", at))
+                text.replace(at, 2, "\n");
+            rows.back().push_back(text);
+        }
+    }
+    EXPECT_FALSE(rows.empty()) << name;
+    return rows;
 }
 
 /// Replaces every `from`.

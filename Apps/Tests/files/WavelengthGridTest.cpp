@@ -16,45 +16,14 @@ std::vector<SpectralColumn> ColumnsOf(test::Range const& range) {
 }
 
 TEST(WavelengthGrid, AcceptedRangesAndTheirNotes) {
-    struct Row {
-        test::Range range;
-        std::size_t at380, at550, at730;  // columns
-        char const* note;
-    };
-    for (
-        auto const& [range, at380, at550, at730, note] : {
-            Row{{380, 730, 10}, 0, 17, 35, "wavelengths 380 to 730 nm by 10, taken as they are"},
-            Row{{730, 380, -10}, 35, 18, 0, "wavelengths 380 to 730 nm by 10, taken as they are"},
-            Row{{400, 700, 10},
-                0,
-                15,
-                30,
-                "wavelengths 400 to 700 nm by 10, below 400 held at the value there, above 700 held at the value "
-                "there"},
-            Row{{390, 730, 10},
-                0,
-                16,
-                34,
-                "wavelengths 390 to 730 nm by 10, below 390 held at the value there"},
-            Row{{360, 750, 10}, 2, 19, 37, "wavelengths 360 to 750 nm by 10, cut below 380, cut above 730"},
-            Row{{380, 780, 5},
-                0,
-                34,
-                70,
-                "wavelengths 380 to 780 nm by 5, every tenth nanometre taken, cut above 730"},
-            Row{{395, 705, 5},
-                1,
-                31,
-                61,
-                "wavelengths 395 to 705 nm by 5, every tenth nanometre taken, below 400 held at the value there, "
-                "above 700 held at the value there"},
-            Row{{380, 730, 1}, 0, 170, 350, "wavelengths 380 to 730 nm by 1, every tenth nanometre taken"},
-        }) {
-        WavelengthGrid const grid = MakeGrid(ColumnsOf(range), {"file"});
-        EXPECT_EQ(grid.note, note);
-        EXPECT_EQ(grid.columns.front(), at380) << note;
-        EXPECT_EQ(grid.columns[17], at550) << note;
-        EXPECT_EQ(grid.columns.back(), at730) << note;
+    for (auto const& row : test::Rows("grids.tsv")) {
+        auto const number = [&](std::size_t i) { return std::stoi(row[i]); };
+        WavelengthGrid const grid = MakeGrid(ColumnsOf({number(0), number(1), number(2)}), {"file"});
+        EXPECT_EQ(grid.columns.front(), number(3)) << row[6];
+        EXPECT_EQ(grid.columns[17], number(4)) << row[6];
+        EXPECT_EQ(grid.columns.back(), number(5)) << row[6];
+        EXPECT_EQ(grid.note, row[6]);
+        EXPECT_EQ(grid.assumption, row[7]);
     }
 }
 

@@ -1,5 +1,5 @@
 // Runs the program on the arguments in golden/NAME.args, one in a line, and compares what it writes with
-// NAME.out and NAME.err (no file: nothing). "{data}" and "{golden}" stand for folders. golden/errors.tsv has
+// NAME.out and NAME.err (no file: nothing). "{data}" and "{golden}" are folders. golden/errors.tsv has
 // a message in each row, then the arguments that it answers. With KV_UPDATE_GOLDEN set, the files are written
 // instead.
 #include "Apps/Tests/kvcolor/Program.h"

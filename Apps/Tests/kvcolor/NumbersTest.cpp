@@ -151,6 +151,21 @@ TEST(DifferenceTest, WeightsDivideTheirComponents) {
     EXPECT_NEAR(rate("--k", "1:1:1", "dE_94"), 2 * rate("--k", "2:1:1", "dE_94"), 1e-4);
 }
 
+TEST(DifferenceTest, AFileThatIsAlsoASampleIsAWarning) {
+    std::string const standard = WriteFile("standard.txt", {{"x", "0.5"}});
+    std::string const samples = WriteFile("samples.txt", {{"x", "0.5"}, {standard, "0.25"}});
+    Arguments arguments = {"difference", samples,     "--standard", standard, "--only",
+                           "x",          "--formula", "dL",         "-q"};
+    Outcome const outcome = RunProgram(arguments);
+    EXPECT_EQ(outcome.err, "kvcolor: warning: --standard " + standard + " is a file and a sample of " +
+                               samples + "; using the file (use sample:" + standard + " for the sample)\n");
+    EXPECT_NE(outcome.out.find("x     0.00"), std::string::npos) << outcome.out;
+    arguments[3] = "file:" + standard;
+    EXPECT_EQ(RunProgram(arguments).err, "");
+    arguments[3] = "sample:" + standard;
+    EXPECT_NE(RunProgram(arguments).out.find("x     18.99"), std::string::npos) << RunProgram(arguments).out;
+}
+
 TEST(MetamerismTest, GreysAreNotMetamers) {
     std::string const path = WriteFile("neutral.txt", {{"a", "0.5"}, {"b", "0.4"}});
     auto const flat =

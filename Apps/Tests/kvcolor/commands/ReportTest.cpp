@@ -57,7 +57,7 @@ TEST(ReportTest, AnOutputThatCannotBeWrittenEndsTheProgram) {
 TEST(ReportTest, AFullDeviceEndsTheProgram) {
     if (!KV_PRINTS) GTEST_SKIP();
     tests::TemporaryDirectory const folder;
-    // A limit on the size of files stands for the end of the device.
+    // A limit on the size of files has the effect of a full device.
     EXPECT_EQ(StatusOf("/bin/sh", {"-c", "trap '' XFSZ; ulimit -f 4; exec \"$0\" \"$@\"", KV_COLOR, "report",
                                    ChartA, "--out", folder / "chart.pdf", "--quiet"}),
               OutputFailed);

@@ -1,11 +1,9 @@
 #include "Apps/Tests/kvcolor/Program.h"
-#include "Apps/files/Text.h"
 #include "Apps/kvcolor/output/TableLayout.h"
 #include "Apps/kvcolor/output/Text.h"
 #include "Apps/kvcolor/output/Writers.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <functional>
 #include <limits>
@@ -20,57 +18,7 @@ Answer AnswerOf(std::vector<Column> columns, std::vector<Row> rows) {
     return {"test", {{"file", "f.txt"}}, {{"samples", std::move(columns), std::move(rows)}}};
 }
 
-/// Returns the cells of a CSV line without quotes.
-std::vector<std::string> CellsOf(std::string const& line) {
-    std::vector<std::string> cells;
-    for (std::string_view const cell : files::Split(line, ',')) cells.emplace_back(cell);
-    return cells;
-}
-
 }  // namespace
-
-TEST(WritersTest, TheThreeFormatsAgree) {
-    for (Arguments const& command : std::vector<Arguments>{
-             {"convert", InkSeries},
-             {"density", InkSeries, "--paper", "0", "--solid", "100"},
-             {"difference", InkSeries, "--standard", "50"},
-             {"metamerism", InkSeries, "--standard", "50", "--test", "F2", "--test", "A"},
-             {"strength", InkSeries, "--paper", "0", "--solid", "100", "--model", "all"}}) {
-        auto const run = [&](std::string const& format) {
-            Arguments arguments = command;
-            arguments.insert(arguments.end(), {"--format", format, "--quiet"});
-            return RunProgram(arguments).out;
-        };
-        auto const csv = LinesOf(run("csv"));
-        auto const json = nlohmann::ordered_json::parse(run("json"))["samples"];
-        auto const table = LinesOf(run("table"));
-        auto const head = std::ranges::find(table, "") - table.begin() + 1;
-        auto const keys = CellsOf(csv[0]);
-        ASSERT_EQ(csv.size(), json.size() + 1);
-        for (std::size_t i = 0; i < json.size(); ++i) {
-            auto const cells = CellsOf(csv[i + 1]);
-            std::istringstream shown(table.at(static_cast<std::size_t>(head) + 1 + i));
-            for (std::size_t k = 0; k < json[i].size(); ++k) {
-                auto const& value = json[i][keys[k]];
-                std::string text;
-                shown >> text;
-                if (value.is_string()) {
-                    EXPECT_EQ(cells[k], value);
-                    EXPECT_EQ(text, value);
-                    continue;
-                }
-                float number = 0;
-                std::from_chars(cells[k].data(), cells[k].data() + cells[k].size(), number);
-                EXPECT_EQ(number, value.get<float>()) << keys[k];
-                std::size_t const point = text.find('.');
-                int const decimals =
-                    point == std::string::npos ? 0 : static_cast<int>(text.size() - point) - 1;
-                EXPECT_EQ(text, Fixed(number, decimals)) << keys[k];
-                EXPECT_TRUE(decimals > 0 || keys[k].starts_with("nm_"));
-            }
-        }
-    }
-}
 
 TEST(WritersTest, TablesFitAHundredColumns) {
     std::string const longName =
