@@ -251,6 +251,15 @@ class Build:
         return subprocess.run(words, cwd=self.folder, stderr=subprocess.DEVNULL,
                               env={**os.environ, "CCACHE_DISABLE": "1"}).returncode == 0
 
+    def is_same(self, path, text, other, output):
+        """Whether the optimiser makes the same of both texts of the source at path."""
+        made = []
+        for content in (text, other):  # under one name, which the object contains
+            if not self.compile(path, content, output, ["-O2"]):
+                return False
+            made.append(output.read_bytes())
+        return made[0] == made[1]
+
     def object_of(self, path):
         words = shlex.split(self.commands[str(path)])
         return words[words.index("-o") + 1]
@@ -445,12 +454,7 @@ def run_one(fault, place, mutant, build, tests, scratch, files):
         return "does not compile", "", ""
     finally:
         build.restore()
-    # Nothing has failed. Does the optimiser see a difference at all?
-    plain = scratch / "plain.o"
-    if build.compile(path, text, output, ["-O2"]) and build.compile(path, original, plain, ["-O2"]):
-        if output.read_bytes() == plain.read_bytes():
-            return "equivalent", "", ""
-    return "survived", "", ""
+    return ("equivalent" if build.is_same(path, text, original, output) else "survived"), "", ""
 
 
 def run_faults(arguments):
