@@ -9,7 +9,7 @@
 namespace sv {
 namespace {
 
-constexpr Color Red(0xFFFF, 0, 0);
+constexpr Color Pure(0xFFFF, 0, 0);
 
 // A window that logs its events.
 class Logged : public Window {
@@ -17,7 +17,7 @@ class Logged : public Window {
     using Window::Window;
     void Paint(Rectangle const& area) override {
         log += "paint " + std::to_string(area.BottomRight().X()) + ' ';
-        DrawPixel({0, 0}, Red);
+        DrawPixel({0, 0}, Pure);
     }
     void Resize() override { log += "resize "; }
     void GetFocus() override { log += "focus "; }
@@ -36,10 +36,10 @@ TEST(WindowTest, ReportsWhatHappens) {
     child.ChangeSizePixel({4, 4});
 
     EXPECT_FALSE(child.IsVisible());
-    EXPECT_NE(headless::Render(parent).At(10, 10).ToColor(), Red);
+    EXPECT_NE(headless::Render(parent).At(10, 10).ToColor(), Pure);
     child.Show();
     Bitmap const picture = headless::Render(parent);
-    EXPECT_EQ(picture.At(10, 10).ToColor(), Red) << "the child's own corner";
+    EXPECT_EQ(picture.At(10, 10).ToColor(), Pure) << "the child's own corner";
     EXPECT_FALSE(headless::IsInvalid(child));
     child.Invalidate();
     EXPECT_TRUE(headless::IsInvalid(child));
