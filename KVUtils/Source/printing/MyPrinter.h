@@ -39,7 +39,7 @@ class MyPrinter : public sv::Printer, public KVSingleton {
 
     /// Starts a job and its first page, once the one before has ended: waits for that without a limit.
     /// `showAbort` other than 0 shows the window with the button for a moment. 0, after a box, when the
-    /// printer takes no job.
+    /// printer takes no job: for a file, also when no backend can write it, as without a display.
     unsigned char Start(unsigned char showAbort);
     /// Ends the page with its foot note and begins the next with its head line, in the normal font.
     void NewPage();
