@@ -227,6 +227,7 @@ TEST_F(DeskTest, MailsItsReport) {
     std::ofstream(File("win.ini")) << "[Mail]\nCMC=1\nCMCDLLNAME32=" << KV_MAIL_CLIENT << '\n';
     kv::test::Windir const windir(File("."));
     ASSERT_TRUE(desk.Open(Chart));
+    sv::headless::HeadlessBackend::Instance().ChangePrinters({.offset = {}, .recordsFiles = true});
     EXPECT_TRUE(desk.SendReport("ada@example.org;bob@example.org"));
 
     unsigned long error = 0;
@@ -242,6 +243,7 @@ TEST_F(DeskTest, MailsItsReport) {
     EXPECT_FALSE(desk.SendReport("ada@example.org"));
     ASSERT_EQ(boxes.seen.size(), 1U);
     EXPECT_EQ(boxes.seen[0].text, "The mail program did not accept the report.");
+    sv::headless::HeadlessBackend::Instance().ChangePrinters({});
     kv::test::EndService(kv::Mailer::Instance());
     platform::FreeLibraryFile(library);
 }

@@ -38,7 +38,8 @@ class MyPrinter : public sv::Printer, public KVSingleton {
     ~MyPrinter() override;
 
     /// Starts a job and its first page; waits without a limit for the previous job to end. `showAbort` other
-    /// than 0 shows the abort dialog while printing. Returns 0, after a box, if the printer refuses the job.
+    /// than 0 shows the abort dialog while printing. Returns 0, after a box, if the printer refuses the job:
+    /// for a file, also if no backend can write it, as without a display.
     unsigned char Start(unsigned char showAbort);
     /// Ends the page with its foot note and begins the next with its head line, in the normal font.
     void NewPage();

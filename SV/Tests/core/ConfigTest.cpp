@@ -123,7 +123,7 @@ std::string RoundsText(String const& round) {
 }
 
 TEST(Config, AKilledWriterLeavesTheOldOrTheNewFile) {
-    constexpr int Kills = 100;
+    constexpr int Kills = 60;
     TemporaryDirectory const directory;
     std::string const path = directory / "rounds.ini";
     PutBytes(path, RoundsText("1"));

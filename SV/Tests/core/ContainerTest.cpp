@@ -1,10 +1,13 @@
 #include "SV/core/Container.h"
+#include "SV/core/Link.h"
+#include "SV/core/ListBox.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-namespace sv::test {
+namespace sv {
+namespace {
 
 class ContainerTest : public testing::Test {
   protected:
@@ -73,4 +76,59 @@ TEST_F(ContainerTest, CursorStopsAtTheEnds) {
     EXPECT_EQ(list_.Count() + list_.GetCurPos(), 0UL);
 }
 
-}  // namespace sv::test
+TEST(ListBox, KeepsOrderAndSelection) {
+    ListBoxEntries box;
+    EXPECT_EQ(box.GetSelectEntryPos(), ListBox::End);
+    box.InsertEntry("English");
+    box.InsertEntry("Suomi", 100);
+    box.InsertEntry("Deutsch", 1);
+    ASSERT_EQ(box.GetEntryCount(), 3);
+    char const* const expected[] = {"English", "Deutsch", "Suomi", ""};
+    for (unsigned short i = 0; i < 4; ++i) EXPECT_EQ(box.GetEntry(i), expected[i]);
+
+    box.SelectEntryPos(1);
+    box.InsertEntry("after", 2);
+    EXPECT_EQ(box.GetSelectEntryPos(), 1);
+    box.InsertEntry("at", 1);
+    EXPECT_EQ(box.GetEntry(box.GetSelectEntryPos()), "Deutsch") << "a selection stays with its entry";
+    box.SelectEntryPos(5);
+    EXPECT_EQ(box.GetSelectEntryPos(), ListBox::End);
+    box.SelectEntryPos(0);
+    box.Clear();
+    EXPECT_EQ(box.GetEntryCount(), 0);
+    EXPECT_EQ(box.GetSelectEntryPos(), ListBox::End);
+
+    for (int i = 0; i < 65536; ++i) box.InsertEntry("x");
+    EXPECT_EQ(box.GetEntryCount(), ListBox::End);
+    box.SelectEntryPos(ListBox::End - 1);
+    box.InsertEntry("one more", 0);
+    EXPECT_EQ(box.GetEntry(0), "x") << "a full list takes no more";
+    EXPECT_EQ(box.GetSelectEntryPos(), ListBox::End - 1);
+}
+
+struct Unrelated {
+    long unused = 0;
+};
+struct Counter {
+    long Count(int* sender) { return calls += *sender; }
+    long Other(int*) { return -1; }
+    long calls = 0;
+};
+struct Panel : Unrelated, Counter {};
+
+TEST(Link, CallsItsHandlerOnItsObject) {
+    Panel panel, other;
+    int sender = 5;
+    Link const link = Link::To<&Counter::Count>(panel);
+    EXPECT_EQ(link.Call(&sender) + link.Call(&sender), 15);
+    EXPECT_EQ(panel.calls, 10);
+    EXPECT_EQ(panel.unused, 0);
+    EXPECT_EQ(link, Link::To<&Counter::Count>(panel));
+    EXPECT_NE(link, Link::To<&Counter::Count>(other));
+    EXPECT_NE(link, Link::To<&Counter::Other>(panel));
+    EXPECT_FALSE(Link().IsSet());
+    EXPECT_EQ(Link().Call(nullptr), 0);
+}
+
+}  // namespace
+}  // namespace sv

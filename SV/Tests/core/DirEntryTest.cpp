@@ -4,10 +4,10 @@
 
 #include <gtest/gtest.h>
 
-using sv::DirEntry;
-using sv::FileStat;
-using sv::String;
+#include <set>
+#include <string>
 
+namespace sv {
 namespace {
 
 TEST(DirEntry, SplitsAName) {
@@ -76,7 +76,7 @@ TEST(DirEntry, JoinsWithTheSystemsSeparator) {
         char const *directory, *below;
         String joined;
     };
-    String const separator(sv::PathSeparator);
+    String const separator(PathSeparator);
     Row const rows[] = {
         {"dir", "LNG", String("dir") + separator + "LNG"},
         {"C:\\Windows", "\\win.ini", String("C:\\Windows") + separator + "win.ini"},
@@ -93,7 +93,7 @@ TEST(DirEntry, JoinsWithTheSystemsSeparator) {
 TEST(DirEntry, ReadsTheDisk) {
     tests::TemporaryDirectory const directory;
     tests::PutBytes(directory.Path() / u8"gr\u00FCn.txt", "12345");
-    DirEntry const folder(sv::FromNativePath(directory.Path().string()));
+    DirEntry const folder(FromNativePath(directory.Path().string()));
     struct Row {
         DirEntry entry;
         bool exists, isFile, isDirectory;
@@ -110,4 +110,24 @@ TEST(DirEntry, ReadsTheDisk) {
     }
 }
 
+TEST(NativePath, DecodesTheCodePageAndTurnsBothSeparators) {
+    std::string const separator(1, PathSeparator);
+    EXPECT_EQ(NativePath("C:\\M\xFCller/\x80.ini"),
+              "C:" + separator + "M\xC3\xBCller" + separator + "\xE2\x82\xAC.ini");
+    EXPECT_EQ(FromNativePath("M\xC3\xBCller/\xE2\x82\xAC.ini"), "M\xFCller/\x80.ini");
+    EXPECT_EQ(FromNativePath("\xD0\x96"), "?");
+}
+
+TEST(NativePath, DifferentNamesStayDifferent) {
+    std::set<std::string> names;
+    for (int byte = 1; byte < 256; ++byte) {
+        String const name(static_cast<char>(byte));
+        if (name == "\\" || name == "/") continue;
+        EXPECT_EQ(FromNativePath(NativePath(name)), name) << byte;
+        names.insert(NativePath(name));
+    }
+    EXPECT_EQ(names.size(), 253U);
+}
+
 }  // namespace
+}  // namespace sv

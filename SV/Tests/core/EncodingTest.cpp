@@ -1,14 +1,15 @@
+#include "SV/core/Mnemonic.h"
 #include "SV/core/String.h"
 #include "SV/core/Utf8.h"
 #include "SV/core/detail/Encoding.h"
+#include "SV/core/detail/TextPage.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
 
-namespace detail = sv::detail;
-
+namespace sv {
 namespace {
 
 TEST(Encoding, ConvertsEveryByteWithAMeaningThereAndBack) {
@@ -26,10 +27,10 @@ TEST(Encoding, ConvertsEveryByteWithAMeaningThereAndBack) {
 }
 
 TEST(Encoding, ConvertsStringsToAndFromUtf8) {
-    EXPECT_EQ(sv::String::FromUtf8("M\xC3\xBCller \xE2\x82\xAC"), "M\xFCller \x80");
-    EXPECT_EQ(sv::String("M\xFCller \x80").ToUtf8(), "M\xC3\xBCller \xE2\x82\xAC");
-    EXPECT_EQ(sv::String::FromUtf8("\xD0\x96|\xFF"), "?|?") << "a letter that the code page lacks, no UTF-8";
-    EXPECT_EQ(sv::String("a\x81z").ToUtf8(), "a?z") << "a byte without a meaning";
+    EXPECT_EQ(String::FromUtf8("M\xC3\xBCller \xE2\x82\xAC"), "M\xFCller \x80");
+    EXPECT_EQ(String("M\xFCller \x80").ToUtf8(), "M\xC3\xBCller \xE2\x82\xAC");
+    EXPECT_EQ(String::FromUtf8("\xD0\x96|\xFF"), "?|?") << "a letter that the code page lacks, no UTF-8";
+    EXPECT_EQ(String("a\x81z").ToUtf8(), "a?z") << "a byte without a meaning";
 }
 
 TEST(Encoding, DecodesUtf8) {
@@ -47,7 +48,7 @@ TEST(Encoding, DecodesUtf8) {
     for (Row const& row : WellFormed) {
         EXPECT_EQ(detail::FromUtf8(row.text), row.points) << row.text;
         EXPECT_EQ(detail::ToUtf8(row.points), row.text);
-        EXPECT_TRUE(sv::IsUtf8(row.text)) << row.text;
+        EXPECT_TRUE(IsUtf8(row.text)) << row.text;
     }
     constexpr Row Malformed[] = {
         {"a\xFFz", U"a?z"},             // no first byte
@@ -63,10 +64,36 @@ TEST(Encoding, DecodesUtf8) {
     };
     for (Row const& row : Malformed) {
         EXPECT_EQ(detail::FromUtf8(row.text), row.points) << row.text;
-        EXPECT_FALSE(sv::IsUtf8(row.text)) << row.text;
+        EXPECT_FALSE(IsUtf8(row.text)) << row.text;
     }
-    sv::Utf8Character const fault = sv::DecodeUtf8("\xE2\x82z");
+    Utf8Character const fault = DecodeUtf8("\xE2\x82z");
     EXPECT_TRUE(fault.point == 0xFFFD && fault.length == 1 && !fault.isWellFormed);
 }
 
+TEST(Mnemonic, IsTheFirstMarkThatIsACharacter) {
+    struct Row {
+        TextPage page;
+        char const* text;
+        std::size_t place;
+        char const* shown;
+    };
+    static constexpr Row rows[] = {
+        {TextPage::Western, "Save ~as", 5, "Save as"},
+        {TextPage::Western, "~~", 0, "~"},
+        {TextPage::Western, "plain", String::NotFound, "plain"},
+        {TextPage::Western, "\x83~", 1, "\x83"},
+        {TextPage::Japanese, "\x83~(~O)", 3, "\x83~(O)"},  // a letter whose second byte is the mark's
+        {TextPage::Japanese, "\xB1~O", 1, "\xB1O"},        // of one byte
+        {TextPage::Chinese, "\xB1~~O", 2, "\xB1~O"},
+        {TextPage::Chinese, "\xB1", String::NotFound, "\xB1"},
+    };
+    for (Row const& row : rows) {
+        ChangeTextPage(row.page);
+        EXPECT_EQ(FindMnemonic(row.text), row.place) << row.text;
+        EXPECT_EQ(WithoutMnemonic(row.text), row.shown);
+    }
+    ChangeTextPage(TextPage::Western);
+}
+
 }  // namespace
+}  // namespace sv
