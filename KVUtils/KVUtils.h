@@ -11,6 +11,7 @@
 #include "KVUtils/Source/colorimetry/LinAlg.h"
 #include "KVUtils/Source/colorimetry/MeasuringCondition.h"
 #include "KVUtils/Source/colorimetry/Observer.h"
+#include "KVUtils/Source/colorimetry/Rounded.h"
 #include "KVUtils/Source/colorimetry/Selectors.h"
 #include "KVUtils/Source/colorimetry/SpectralTable.h"
 #include "KVUtils/Source/colorimetry/Spectrum.h"

@@ -18,9 +18,9 @@ constexpr int ArrowWidth = 34;
 
 /// `End` when the value is not in the list.
 template <class Type, class Class>
-unsigned short PlaceOf(std::span<Type const> types, Class const& value) {
+int PlaceOf(std::span<Type const> types, Class const& value) {
     auto const place = std::ranges::find_if(types, [&](Type type) { return value == type; });
-    return place == types.end() ? sv::ListBox::End : static_cast<unsigned short>(place - types.begin());
+    return place == types.end() ? sv::ListBox::End : static_cast<int>(place - types.begin());
 }
 
 }  // namespace
@@ -56,7 +56,7 @@ void ConditionsBar::FillIlluminants() {
 }
 
 void ConditionsBar::UpdateTexts() {
-    unsigned short const observer = observer_.GetSelectEntryPos();
+    int const observer = observer_.GetSelectEntryPos();
     observer_.Clear();
     observer_.InsertEntry(TextOf(Label::TwoDegrees));
     observer_.InsertEntry(TextOf(Label::TenDegrees));
@@ -87,9 +87,9 @@ void ConditionsBar::Resize() {
 
 void ConditionsBar::Show(evaluation::SheetConditions const& conditions) {
     auto const illuminants = evaluation::TabledIlluminants();
-    unsigned short place = PlaceOf(illuminants, conditions.illuminant);
+    int place = PlaceOf(illuminants, conditions.illuminant);
     if (place == sv::ListBox::End) {
-        place = static_cast<unsigned short>(illuminants.size());
+        place = static_cast<int>(illuminants.size());
         untabled_ = conditions.illuminant;
         FillIlluminants();
     }

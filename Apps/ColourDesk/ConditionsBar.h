@@ -24,7 +24,9 @@ class ConditionsBar : public sv::Window {
     /// Called when the user selects a language. Returns the previous link.
     sv::Link ChangeLanguageHdl(sv::Link const& link) { return language_.ChangeSelectHdl(link); }
     /// The selected language's place in the list.
-    [[nodiscard]] unsigned short GetLanguageEntry() const { return language_.GetSelectEntryPos(); }
+    [[nodiscard]] unsigned short GetLanguageEntry() const {
+        return static_cast<unsigned short>(language_.GetSelectEntryPos());
+    }
 
     void Resize() override;
 

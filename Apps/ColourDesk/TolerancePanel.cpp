@@ -109,7 +109,7 @@ void TolerancePanel::Show(evaluation::Tolerances const& tolerances, sv::String c
 }
 
 void TolerancePanel::Read(evaluation::Tolerances& tolerances) const {
-    unsigned short const formula = formula_.GetSelectEntryPos();
+    int const formula = formula_.GetSelectEntryPos();
     if (formula < evaluation::FormulaCount)
         tolerances.formula = static_cast<evaluation::DifferenceFormula>(formula);
     tolerances.difference = limits_[0].getValue();

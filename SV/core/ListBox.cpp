@@ -9,22 +9,22 @@ void ListBoxEntries::Clear() {
     selected_ = End;
 }
 
-void ListBoxEntries::InsertEntry(String const& text, unsigned short position) {
-    unsigned short const count = GetEntryCount();
-    if (count == End) return;
-    unsigned short const at = std::min(position, count);
+void ListBoxEntries::InsertEntry(String const& text, int position) {
+    int const count = GetEntryCount();
+    int const at = position < 0 ? count : std::min(position, count);
     entries_.insert(entries_.begin() + at, text);
     if (selected_ != End && at <= selected_) ++selected_;
 }
 
-void ListBoxEntries::SelectEntryPos(unsigned short position) {
-    selected_ = position < GetEntryCount() ? position : End;
+void ListBoxEntries::SelectEntryPos(int position) {
+    selected_ = position >= 0 && position < GetEntryCount() ? position : End;
 }
 
-unsigned short ListBoxEntries::GetEntryCount() const { return static_cast<unsigned short>(entries_.size()); }
+int ListBoxEntries::GetEntryCount() const { return static_cast<int>(entries_.size()); }
 
-String ListBoxEntries::GetEntry(unsigned short position) const {
-    return position < entries_.size() ? entries_[position] : String();
+String ListBoxEntries::GetEntry(int position) const {
+    return position >= 0 && position < GetEntryCount() ? entries_[static_cast<std::size_t>(position)]
+                                                       : String();
 }
 
 }  // namespace sv

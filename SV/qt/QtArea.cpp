@@ -23,7 +23,8 @@ using detail::WindowKind;
 Point ToPoint(QPoint place) noexcept { return {place.x(), place.y()}; }
 
 MouseEvent ToMouseEvent(QMouseEvent const& event) {
-    return MouseEvent(ToPoint(event.position().toPoint()), event.buttons().testFlag(Qt::LeftButton));
+    return MouseEvent(ToPoint(event.position().toPoint()), event.buttons().testFlag(Qt::LeftButton),
+                      (event.buttons() & ~Qt::LeftButton) != Qt::NoButton);
 }
 
 /// Provides keyboard, focus and a role for screen readers; the program draws the button.

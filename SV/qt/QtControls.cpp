@@ -240,7 +240,7 @@ class QtListBox final : public QtControl<QListWidget> {
         connect(&Control(), &QListWidget::itemSelectionChanged, this, [this] {
             QList<QListWidgetItem*> const selected = Control().selectedItems();
             if (selected.isEmpty()) return;
-            auto const place = static_cast<unsigned short>(Control().row(selected.first()));
+            int const place = Control().row(selected.first());
             Call([this, place] { GetWindow().EntryWasSelected(place); });
         });
     }
@@ -287,7 +287,7 @@ class QtDropDown final : public QtControl<QComboBox> {
     QtDropDown(Window& window, QWidget* parent) : QtControl(window, parent) {
         connect(&Control(), &QComboBox::activated, this, [this](int place) {
             if (std::exchange(selected_, place) == place) return;
-            Call([this, place] { GetWindow().EntryWasSelected(static_cast<unsigned short>(place)); });
+            Call([this, place] { GetWindow().EntryWasSelected(place); });
         });
     }
 

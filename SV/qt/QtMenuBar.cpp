@@ -30,7 +30,7 @@ class QtMenuBar final : public QtWindow {
         QAction* const action = menu_->addAction(ToQtWithMnemonic(text));
         // The names of keys are the same in every language.
         action->setShortcut(QKeySequence::fromString(ToQt(shortcut), QKeySequence::PortableText));
-        auto const place = static_cast<unsigned short>(actions_.size());
+        auto const place = static_cast<int>(actions_.size());
         connect(action, &QAction::triggered, this, [this, action, place](bool checked) {
             // The program alone changes the check mark.
             if (action->isCheckable()) action->setChecked(!checked);

@@ -104,21 +104,21 @@ void ListBoxControl::Clear() {
     GetPeer().ClearEntries();
 }
 
-void ListBoxControl::InsertEntry(String const& text, unsigned short position) {
-    unsigned short const count = GetEntryCount();
+void ListBoxControl::InsertEntry(String const& text, int position) {
+    int const count = GetEntryCount();
     entries_.InsertEntry(text, position);
     if (GetEntryCount() != count) GetPeer().InsertEntry(text, std::min(position, count));
 }
 
-void ListBoxControl::SelectEntryPos(unsigned short position) {
+void ListBoxControl::SelectEntryPos(int position) {
     entries_.SelectEntryPos(position);
-    unsigned short const selected = GetSelectEntryPos();
+    int const selected = GetSelectEntryPos();
     GetPeer().SelectEntry(selected == End ? -1 : selected);
 }
 
 Link ListBoxControl::ChangeSelectHdl(Link const& link) noexcept { return std::exchange(select_, link); }
 
-void ListBoxControl::EntryWasSelected(unsigned short position) {
+void ListBoxControl::EntryWasSelected(int position) {
     entries_.SelectEntryPos(position);
     select_.Call(this);
 }

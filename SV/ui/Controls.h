@@ -117,17 +117,17 @@ class ListBoxControl : public Window, public ListBox {
     explicit ListBoxControl(Window* parent, Style style = 0);
 
     void Clear() override;
-    void InsertEntry(String const& text, unsigned short position = End) override;
-    void SelectEntryPos(unsigned short position) override;
-    [[nodiscard]] unsigned short GetSelectEntryPos() const override { return entries_.GetSelectEntryPos(); }
-    [[nodiscard]] unsigned short GetEntryCount() const override { return entries_.GetEntryCount(); }
-    [[nodiscard]] String GetEntry(unsigned short position) const override {
+    void InsertEntry(String const& text, int position = End) override;
+    void SelectEntryPos(int position) override;
+    [[nodiscard]] int GetSelectEntryPos() const override { return entries_.GetSelectEntryPos(); }
+    [[nodiscard]] int GetEntryCount() const override { return entries_.GetEntryCount(); }
+    [[nodiscard]] String GetEntry(int position) const override {
         return entries_.GetEntry(position);
     }
     /// Called when the user has selected another entry.
     Link ChangeSelectHdl(Link const& link) noexcept;
 
-    void EntryWasSelected(unsigned short position) override;
+    void EntryWasSelected(int position) override;
 
   protected:
     ListBoxControl(detail::WindowKind kind, Window* parent, Style style);

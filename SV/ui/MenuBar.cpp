@@ -64,11 +64,12 @@ int MenuBar::Fit() {
     return height;
 }
 
-void MenuBar::EntryWasSelected(unsigned short position) {
-    if (position >= items_.size() || !IsEnabled() || !items_[position].isEnabled) return;
-    current_ = items_[position].id;
+void MenuBar::EntryWasSelected(int position) {
+    auto const place = static_cast<std::size_t>(position);
+    if (place >= items_.size() || !IsEnabled() || !items_[place].isEnabled) return;
+    current_ = items_[place].id;
     // Copied, since the handler may destroy the bar.
-    Link const link = items_[position].link;
+    Link const link = items_[place].link;
     link.Call(this);
 }
 

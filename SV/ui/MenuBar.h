@@ -41,7 +41,7 @@ class MenuBar : public Window {
     /// pixels, where the rest of the window begins. For the parent's `Resize`.
     int Fit();
 
-    void EntryWasSelected(unsigned short position) override;
+    void EntryWasSelected(int position) override;
 
   private:
     struct Item {

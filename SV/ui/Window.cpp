@@ -37,7 +37,7 @@ void Window::LoseFocus() {}
 void Window::TextHasChanged(String const& /*text*/) {}
 void Window::WasClicked() {}
 void Window::WasSpun(bool /*up*/) {}
-void Window::EntryWasSelected(unsigned short /*position*/) {}
+void Window::EntryWasSelected(int /*position*/) {}
 void Window::RowsWereSelected(std::vector<int> /*rows*/) {}
 
 void Window::WasClosed() {

@@ -98,7 +98,7 @@ class Window : public OutputDevice {
     /// An arrow of a spin button was pressed or repeats.
     virtual void WasSpun(bool up);
     /// The user has selected an entry.
-    virtual void EntryWasSelected(unsigned short position);
+    virtual void EntryWasSelected(int position);
     /// The user has selected these rows of a table, in ascending order.
     virtual void RowsWereSelected(std::vector<int> rows);
     /// The user asks to close the window. The main window ends the program by `Application::Quit`; any other

@@ -1,9 +1,14 @@
 // CMetry: the colorimetric context of the process. The application sets the conditions once per change of
-// setup; constructors of vectors and densities read them. There is one context and no lock: conditions are
-// set while nothing is being computed, from the thread that drives the application.
+// setup; constructors of vectors and densities read them. There is one context.
 //
 // The initial state is set before any code of the application runs, static initialisers included: D65 with
-// the 2 degree observer, DIN density, no paper white.
+// the 2 degree observer, DIN density, no paper white. `xyzSumme` and the gamma tables are 0 until conditions
+// are set, so `KSSpectrum::mean` and `RGBVector` need `SetMeasuringConditions` first.
+//
+// Threads: nothing here is locked. Set conditions from one thread while no other computes; constructors that
+// take no weights read them, and may update the cached sums. Threads that need conditions of their own give
+// each its own `CMetryFilter` and pass it to the constructors: copying from one shared `CMetryFilter const`
+// is safe at any time, and computing with the copies too.
 #pragma once
 
 #include "KVUtils/Source/colorimetry/CMetryFilter.h"
@@ -46,7 +51,9 @@ class CMetry {
     /// Enters the paper white; a spectrum whose samples sum to exactly 0 withdraws it. The response factors
     /// are those of the current density filters: enter the white again after changing the standard.
     static void EnterWhite(Spectrum const& white) noexcept;
-    /// Puts the whole condition in force. Keeps the paper white.
+    /// Puts the whole condition in force, including what it leaves unset: without an illuminant the weights
+    /// are 0 and vectors NaN, without an observer too, after a box; without a density standard all but the
+    /// visual density are 0. Set all three. Keeps the paper white and its response factors.
     static void SetMeasuringConditions(MeasuringCondition const& condition);
     /// Sets `condition` to the conditions in force.
     static void GetMeasuringConditions(MeasuringCondition& condition) noexcept;

@@ -4,8 +4,8 @@
 #include "KVUtils/Source/colorimetry/Filter.h"
 #include "KVUtils/Source/colorimetry/Lichtart.h"
 #include "KVUtils/Source/colorimetry/Observer.h"
+#include "KVUtils/Source/colorimetry/Rounded.h"
 #include "KVUtils/Source/colorimetry/Selectors.h"
-#include "KVUtils/Source/colorimetry/detail/Rounded.h"
 
 #include <array>
 

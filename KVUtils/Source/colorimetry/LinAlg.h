@@ -6,7 +6,7 @@
 // element-wise operation may be the same. The functions keep no state and may run on any thread.
 #pragma once
 
-#include "KVUtils/Source/colorimetry/detail/Rounded.h"
+#include "KVUtils/Source/colorimetry/Rounded.h"
 
 #include <cmath>
 #include <utility>

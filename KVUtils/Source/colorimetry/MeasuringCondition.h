@@ -33,7 +33,7 @@ class MeasuringCondition : public PhysicalConditions {
   public:
     /// Nothing set.
     constexpr MeasuringCondition() noexcept = default;
-    /// The density standard stays unset.
+    /// The density standard stays unset; see `CMetry::SetMeasuringConditions`.
     constexpr MeasuringCondition(IllumClass const& illuminant, ObserverClass const& observer,
                                  PhysicalConditions const& physical) noexcept
         : PhysicalConditions(physical), illuminant_(illuminant), observer_(observer) {}

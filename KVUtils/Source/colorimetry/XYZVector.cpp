@@ -3,7 +3,7 @@
 #include "KVUtils/Source/colorimetry/CMetry.h"
 #include "KVUtils/Source/colorimetry/LABVector.h"
 #include "KVUtils/Source/colorimetry/detail/CieLab.h"
-#include "KVUtils/Source/colorimetry/detail/Rounded.h"
+#include "KVUtils/Source/colorimetry/Rounded.h"
 
 namespace kv {
 

@@ -116,7 +116,7 @@ void KOBitmapButton::MouseMove(sv::MouseEvent const& event) {
         if (!balloonText_.IsEmpty() && BalloonWindow::IsBalloonActive() != 0) WaitForBalloon(event);
     } else {
         EndBalloon();
-        if (!event.IsLeft()) ReleaseMouse();
+        if (!event.IsAnyDown()) ReleaseMouse();
     }
 }
 

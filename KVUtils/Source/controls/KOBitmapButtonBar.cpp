@@ -1,5 +1,6 @@
 #include "KVUtils/Source/controls/KOBitmapButtonBar.h"
 
+#include "KVUtils/Source/controls/detail/ButtonBarLayout.h"
 #include "KVUtils/Source/controls/detail/StandardButtons.h"
 #include "KVUtils/Source/frame/TextSegment.h"
 #include "KVUtils/Source/resources/Resources.h"
@@ -14,10 +15,12 @@ KOBitmapButtonBar::KOBitmapButtonBar(sv::Window* parent, sv::Point position, sv:
 
 KOBitmapButtonBar::KOBitmapButtonBar(sv::Window* parent, sv::Point position, sv::Size button,
                                      unsigned char horizontal, sv::Point gaps)
-    : parent_(parent), layout_(position, button, horizontal != 0, gaps) {}
+    : parent_(parent),
+      layout_(std::make_unique<detail::ButtonBarLayout>(position, button, horizontal != 0, gaps)) {}
 
 KOBitmapButtonBar::KOBitmapButtonBar(sv::Window* parent, ButtonSize size)
-    : parent_(parent), layout_(parent->GetSizePixel().Width(), size) {}
+    : parent_(parent),
+      layout_(std::make_unique<detail::ButtonBarLayout>(parent->GetSizePixel().Width(), size)) {}
 
 KOBitmapButtonBar::~KOBitmapButtonBar() {
     for (unsigned long i = 0; i < Count(); ++i) delete ButtonAt(i);
@@ -26,11 +29,11 @@ KOBitmapButtonBar::~KOBitmapButtonBar() {
 KOBitmapButton* KOBitmapButtonBar::AddButton(sv::Bitmap const& bitmap, sv::String const& text,
                                              sv::Link const& link, long id, long flags,
                                              unsigned short style) {
-    auto button = std::make_unique<KOBitmapButton>(parent_, bitmap, text, layout_.GetCursor(),
-                                                   layout_.GetButtonSize(), id, flags, style);
+    auto button = std::make_unique<KOBitmapButton>(parent_, bitmap, text, layout_->GetCursor(),
+                                                   layout_->GetButtonSize(), id, flags, style);
     button->ChangeClickHdl(link);
     Insert(button.get(), End);
-    layout_.AddButton();
+    layout_->AddButton();
     return button.release();
 }
 
@@ -57,6 +60,13 @@ KOBitmapButton* KOBitmapButtonBar::AddButton(sv::Link const& link, long id, long
                      flags, standard->style);
 }
 
+void KOBitmapButtonBar::AddGap(int pixels) noexcept { layout_->AddGap(pixels); }
+sv::Point KOBitmapButtonBar::GetCursor() const noexcept { return layout_->GetCursor(); }
+void KOBitmapButtonBar::SetCursor(sv::Point cursor) noexcept { layout_->SetCursor(cursor); }
+sv::Point KOBitmapButtonBar::GetPosPixel() const noexcept { return layout_->GetPosPixel(); }
+sv::Size KOBitmapButtonBar::GetSizePixel() const noexcept { return layout_->GetSizePixel(); }
+sv::Size KOBitmapButtonBar::ChangeSizePixel(sv::Size size) noexcept { return layout_->ChangeSizePixel(size); }
+
 KOBitmapButton* KOBitmapButtonBar::SearchButton(long id) const noexcept {
     for (unsigned long i = 0; i < Count(); ++i) {
         if (ButtonAt(i)->GetId() == id) return ButtonAt(i);
@@ -65,7 +75,7 @@ KOBitmapButton* KOBitmapButtonBar::SearchButton(long id) const noexcept {
 }
 
 sv::Point KOBitmapButtonBar::ChangePosPixel(sv::Point position) {
-    sv::Point const before = layout_.ChangePosPixel(position);
+    sv::Point const before = layout_->ChangePosPixel(position);
     for (unsigned long i = 0; i < Count(); ++i) {
         ButtonAt(i)->ChangePosPixel(ButtonAt(i)->GetPosPixel() + (position - before));
     }
@@ -73,7 +83,7 @@ sv::Point KOBitmapButtonBar::ChangePosPixel(sv::Point position) {
 }
 
 sv::Rectangle KOBitmapButtonBar::GetBarPosSizePixel() const noexcept {
-    if (Count() == 0) return layout_.GetBarPosSizePixel();
+    if (Count() == 0) return layout_->GetBarPosSizePixel();
     sv::Point first = ButtonAt(0)->GetPosPixel();
     sv::Point last = first;
     for (unsigned long i = 0; i < Count(); ++i) {
@@ -86,7 +96,7 @@ sv::Rectangle KOBitmapButtonBar::GetBarPosSizePixel() const noexcept {
 }
 
 void KOBitmapButtonBar::PlaceRight(int distance) noexcept {
-    layout_.PlaceRight(parent_->GetSizePixel().Width(), distance);
+    layout_->PlaceRight(parent_->GetSizePixel().Width(), distance);
 }
 
 void KOBitmapButtonBar::EnableAll(bool enable) {

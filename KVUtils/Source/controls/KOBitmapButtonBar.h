@@ -2,10 +2,18 @@
 #pragma once
 
 #include "KVUtils/Source/controls/KOBitmapButton.h"
-#include "KVUtils/Source/controls/detail/ButtonBarLayout.h"
 #include "SV/core/Container.h"
 
+#include <memory>
+
 namespace kv {
+
+namespace detail {
+class ButtonBarLayout;
+}
+
+/// The widths of the suite's buttons: 120, 145 and 195 pixels, each 30 high.
+enum ButtonSize : int {};
 
 /// The list of its buttons, which it owns. Destroy it before the parent window. A button is placed at the
 /// cursor, which then advances by the button and the gap.
@@ -37,19 +45,19 @@ class KOBitmapButtonBar : public sv::List {
     /// returns null for any other id.
     KOBitmapButton* AddButton(sv::Link const& link, long id, long flags);
     /// Advances the cursor by this many pixels.
-    void AddGap(int pixels) noexcept { layout_.AddGap(pixels); }
+    void AddGap(int pixels) noexcept;
 
     /// The first button with the id, or null.
     [[nodiscard]] KOBitmapButton* SearchButton(long id) const noexcept;
 
-    [[nodiscard]] sv::Point GetCursor() const noexcept { return layout_.GetCursor(); }
-    void SetCursor(sv::Point cursor) noexcept { layout_.SetCursor(cursor); }
-    [[nodiscard]] sv::Point GetPosPixel() const noexcept { return layout_.GetPosPixel(); }
+    [[nodiscard]] sv::Point GetCursor() const noexcept;
+    void SetCursor(sv::Point cursor) noexcept;
+    [[nodiscard]] sv::Point GetPosPixel() const noexcept;
     /// Moves bar, buttons and cursor. Returns the previous position.
     sv::Point ChangePosPixel(sv::Point position);
     /// The bar's own size, at first that of a button, for the caller's use.
-    [[nodiscard]] sv::Size GetSizePixel() const noexcept { return layout_.GetSizePixel(); }
-    sv::Size ChangeSizePixel(sv::Size size) noexcept { return layout_.ChangeSizePixel(size); }
+    [[nodiscard]] sv::Size GetSizePixel() const noexcept;
+    sv::Size ChangeSizePixel(sv::Size size) noexcept;
     /// The area from the first to the last pixel of the buttons; position and size of the bar if there are
     /// none.
     [[nodiscard]] sv::Rectangle GetBarPosSizePixel() const noexcept;
@@ -68,7 +76,7 @@ class KOBitmapButtonBar : public sv::List {
     void EnableAll(bool enable);
 
     sv::Window* parent_;
-    detail::ButtonBarLayout layout_;
+    std::unique_ptr<detail::ButtonBarLayout> layout_;
 };
 
 }  // namespace kv

@@ -116,7 +116,7 @@ sv::String NumEditor::myString(double value) const { return detail::ShownNumber(
 void NumEditor::showAktValue() { SetText(myString(value_)); }
 
 long NumEditor::ModifyHdl(Edit* /*sender*/) {
-    isModified_ = true;
+    *isModified_ = true;
     if (auto const number = detail::TypedNumber(detail::ReadNumber(GetText()), minimum_, maximum_)) {
         value_ = *number;
         valueChanged();
@@ -125,11 +125,13 @@ long NumEditor::ModifyHdl(Edit* /*sender*/) {
 }
 
 long NumEditor::LooseFocusHdl(Edit* /*sender*/) {
-    if (!isModified_) return 0;
+    if (!*isModified_) return 0;
     value_ = detail::LeftNumber(detail::ReadNumber(GetText()), minimum_, maximum_, restore_);
     showAktValue();
-    isModified_ = false;
+    // The link may destroy the editor.
+    std::shared_ptr<bool> const isModified = isModified_;
     valueChanged();
+    *isModified = false;
     return 0;
 }
 

@@ -3,6 +3,8 @@
 
 #include "SV/ui/Controls.h"
 
+#include <memory>
+
 namespace kv {
 
 /// Accepts any text while the user types, and corrects it when the field loses the focus: a number outside
@@ -34,7 +36,8 @@ class NumEditor : public sv::Edit {
     /// 1 stops the arrows, 0 enables them again.
     void SetStopUpDown(unsigned char stop) noexcept { isStopped_ = stop != 0; }
     /// Called with the editor at each step, at each key after which the text is a number in the range, and
-    /// when a changed field loses the focus. Returns the previous link.
+    /// when a changed field loses the focus, which counts as changed until the link returns. Returns the
+    /// previous link.
     sv::Link ChangeValueChangedHdl(sv::Link const& link) noexcept;
 
     /// Moves all parts. Returns the previous position.
@@ -74,7 +77,7 @@ class NumEditor : public sv::Edit {
     double minimum_;
     double maximum_;
     double restore_;
-    bool isModified_ = false;
+    std::shared_ptr<bool> isModified_ = std::make_shared<bool>(false);
     int resolution_ = 3;
     bool isStopped_ = false;
     sv::Link valueChanged_;

@@ -69,7 +69,7 @@ void TextFenster::Resize() {
 
 void TextFenster::AddLine(sv::String const& line) {
     list_.InsertEntry(line);
-    list_.SelectEntryPos(static_cast<unsigned short>(list_.GetEntryCount() - 1));
+    list_.SelectEntryPos(list_.GetEntryCount() - 1);
     list_.SelectEntryPos(sv::ListBox::End);
 }
 
@@ -116,7 +116,7 @@ TextFenster& TextFenster::operator<<(sv::String const& text) {
 }
 
 unsigned char TextFenster::CopyToFile(std::FILE* file) const {
-    for (unsigned short i = 0; i < list_.GetEntryCount(); ++i) {
+    for (int i = 0; i < list_.GetEntryCount(); ++i) {
         std::fputs(list_.GetEntry(i).GetStr(), file);
         std::fputc('\n', file);
     }
@@ -153,7 +153,7 @@ long TextFenster::PrinterHdl(KOBitmapButton* /*sender*/) {
     printer->DefHeadLine(1);
     printer->DefFootNote(1);
     if (printer->Start(1) == 0) return 0;
-    for (unsigned short i = 0; i < list_.GetEntryCount(); ++i) {
+    for (int i = 0; i < list_.GetEntryCount(); ++i) {
         printer->WriteString(list_.GetEntry(i), 0);
         printer->WriteLn(1);
     }

@@ -58,7 +58,7 @@ int NameOfHue(int h, double c, double L) noexcept {
 }  // namespace
 
 sv::Color ColorConverter::RGBToColor(RGBVector const& rgb) noexcept {
-    return {Channel(rgb[0] * ChannelPerPercent), Channel(rgb[1] * ChannelPerPercent),
+    return {sv::Color::UserKind, Channel(rgb[0] * ChannelPerPercent), Channel(rgb[1] * ChannelPerPercent),
             Channel(rgb[2] * ChannelPerPercent)};
 }
 

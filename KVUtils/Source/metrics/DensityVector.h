@@ -19,9 +19,9 @@ class DensityVector : public MeasuringCondition {
     constexpr explicit DensityVector(MeasuringCondition const& condition) noexcept
         : MeasuringCondition(condition) {}
     /// D = -log10 of the filtered reflectance (ISO 5-3), with the filters in force. With `relative` and a
-    /// paper white in force, the white's density is subtracted. A filtered sum of exactly 0 gives density 0,
-    /// the visual one without a white 2, where infinity might be expected; a negative sum gives NaN, and a
-    /// white that is 0 in a whole channel minus infinity.
+    /// paper white in force (`CMetry::EnterWhite`), the white's density is subtracted. A filtered sum of
+    /// exactly 0 gives density 0, the visual one without a white 2, where infinity might be expected; a
+    /// negative sum gives NaN, and a white that is 0 in a whole channel minus infinity.
     DensityVector(Spectrum const& spectrum, bool relative) noexcept;
 
     /// The index is not checked.

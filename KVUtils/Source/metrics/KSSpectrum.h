@@ -25,8 +25,8 @@ class KSSpectrum : public Spectrum {
     [[nodiscard]] Spectrum GetPapierSpektrum() const noexcept { return paper_; }
     [[nodiscard]] KSFarbartType GetKSFarbart() const noexcept { return kind_; }
 
-    /// The mean weighted by x + y + z of the observer in force in `CMetry`; not-a-number before conditions
-    /// are set.
+    /// The mean weighted by x + y + z of the observer in force in `CMetry`; NaN before `CMetry::SetCMetry` or
+    /// `SetMeasuringConditions` was called.
     [[nodiscard]] float mean() const noexcept;
     /// The rating: weighted mean or largest value, the latter at least 0.
     [[nodiscard]] float KS(KSMethodeType method) const noexcept;

@@ -17,9 +17,14 @@ MetamerieRechner::MetamerieRechner(Spectrum const& standard, CMetryFilter const&
       standardUnderTest_(test_, standard) {}
 
 MetamerieRechner::MetamerieRechner(Spectrum const& standard, IllumClass const& reference,
+                                   IllumClass const& test, Observer const& observer) noexcept
+    : MetamerieRechner(standard, CMetryFilter(Lichtart(reference), observer),
+                       CMetryFilter(Lichtart(test), observer)) {}
+
+// One observer for both illuminants, so that an invalid one shows one box.
+MetamerieRechner::MetamerieRechner(Spectrum const& standard, IllumClass const& reference,
                                    IllumClass const& test, ObserverClass const& observer)
-    : MetamerieRechner(standard, CMetryFilter(Lichtart(reference), Observer(observer)),
-                       CMetryFilter(Lichtart(test), Observer(observer))) {}
+    : MetamerieRechner(standard, reference, test, Observer(observer)) {}
 
 Metamerie MetamerieRechner::RechneMetamerie(Spectrum const& sample) noexcept {
     XYZVector const underReference(reference_, sample);

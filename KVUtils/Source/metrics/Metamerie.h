@@ -44,6 +44,9 @@ class MetamerieRechner {
     [[nodiscard]] CMetryFilter* FilterTestlicht() noexcept { return &test_; }
 
   private:
+    MetamerieRechner(Spectrum const& standard, IllumClass const& reference, IllumClass const& test,
+                     Observer const& observer) noexcept;
+
     CMetryFilter reference_;
     CMetryFilter test_;
     XYZVector standardUnderReference_;

@@ -11,7 +11,8 @@ class Phi {
   public:
     /// `filterIndex` is 0 visual, 1 red, 2 green or 3 blue and is not checked. Intentional: the white is the
     /// response that `CMetry::EnterWhite` stored last, also after the white was withdrawn; strips being
-    /// measured rely on it. 0 if the solid is not darker than the white, and so before any white is entered.
+    /// measured rely on it. 0 if the solid is not darker than the white, and so before any white is entered:
+    /// call `CMetry::EnterWhite(paper)` first, and again after a change of the density standard.
     Phi(int filterIndex, Spectrum const& tone, Spectrum const& solid) noexcept;
 
     [[nodiscard]] operator float() const noexcept { return result_; }

@@ -8,8 +8,8 @@ namespace kv {
 class LABVector;
 
 /// R, G, B [0, 100], each one of 256 levels. A colour that the display cannot show is clipped channel by
-/// channel. Levels come from the gamma tables of `CMetry`: until conditions are set there, a channel is full,
-/// or 0 for a negative value.
+/// channel. Call `CMetry::SetMeasuringConditions` first, which fills the gamma tables: before, a channel is
+/// 100, or 0 for a negative value. `SetCMetry` does not fill them.
 class RGBVector : public ColorVector {
   public:
     /// With the display's own weights, D65 and 2 degrees, whatever the weights in force.

@@ -1,7 +1,7 @@
 // fPoint: a point of a plot in data units.
 #pragma once
 
-#include "KVUtils/Source/colorimetry/detail/Rounded.h"
+#include "KVUtils/Source/colorimetry/Rounded.h"
 #include "SV/core/Geometry.h"
 
 #include <cmath>

@@ -3,6 +3,7 @@
 #include "KVUtils/Source/frame/APPSETTI.h"
 #include "KVUtils/Source/frame/KVSetting.h"
 #include "KVUtils/Source/printing/AbortDialog.h"
+#include "KVUtils/Source/printing/detail/PageLayout.h"
 #include "SV/core/Application.h"
 #include "SV/core/Boxes.h"
 #include "SV/core/International.h"
@@ -42,6 +43,7 @@ constinit MyPrinter* MyPrinter::instance_ = nullptr;
 MyPrinter::MyPrinter(sv::String const& printerName)
     : Printer(printerName),
       texts_("MyPrinter"),
+      edges_(std::make_unique<detail::PageEdges>()),
       titleFont_(OnPaper(Bold(AppFonts::GetBigPrinterFont()))),
       subtitleFont_(OnPaper(Bold(AppFonts::GetNormalPrinterFont()))),
       normalFont_(OnPaper(AppFonts::GetNormalPrinterFont())) {
@@ -61,9 +63,11 @@ MyPrinter* MyPrinter::CreateMyPrinter(sv::String const& printerName) {
 MyPrinter* MyPrinter::Instance() { return InstanceOrNull(instance_, "Language"); }
 
 void MyPrinter::DruckEkpunkteNeuRechnen() {
-    edges_ = detail::EdgesOf(PixelToLogic(GetPaperSizePixel()), PixelToLogic(GetPageOffsetPixel()),
-                             GetOutputSize().Height());
+    *edges_ = detail::EdgesOf(PixelToLogic(GetPaperSizePixel()), PixelToLogic(GetPageOffsetPixel()),
+                              GetOutputSize().Height());
 }
+
+void MyPrinter::ToTopLeft() noexcept { cursor_ = {edges_->left, edges_->top}; }
 
 unsigned char MyPrinter::Start(unsigned char showAbort) {
     DruckEkpunkteNeuRechnen();
@@ -108,7 +112,7 @@ void MyPrinter::End() {
 }
 
 sv::Point MyPrinter::maxCurPos() const {
-    return {edges_.right, detail::BodyBottom(edges_, LineHeight(), hasFootNote_ != 0)};
+    return {edges_->right, detail::BodyBottom(*edges_, LineHeight(), hasFootNote_ != 0)};
 }
 
 void MyPrinter::WriteLn(int lines) {
@@ -122,10 +126,10 @@ void MyPrinter::WriteString(sv::String const& text, int xOffset) {
 }
 
 void MyPrinter::WriteAtRight(sv::String const& text) {
-    DrawText({edges_.right - GetTextSize(text).Width(), cursor_.Y()}, text);
+    DrawText({edges_->right - GetTextSize(text).Width(), cursor_.Y()}, text);
 }
 
-void MyPrinter::DrawRule(int y) { DrawLine({cursor_.X(), y}, {edges_.right, y}); }
+void MyPrinter::DrawRule(int y) { DrawLine({cursor_.X(), y}, {edges_->right, y}); }
 
 void MyPrinter::WriteHeadLine() {
     if (headerType_ == KV_HF_NONE) return;
@@ -143,8 +147,8 @@ void MyPrinter::WriteHeadLine() {
 void MyPrinter::WriteFootNote() {
     if (footerType_ == KV_HF_NONE) return;
     Normal();
-    auto const [rule, text] = detail::PlaceFoot(edges_, LineHeight());
-    cursor_ = {edges_.left, text};
+    auto const [rule, text] = detail::PlaceFoot(*edges_, LineHeight());
+    cursor_ = {edges_->left, text};
     if (footerType_ != KV_HF_FULL) return;
     DrawRule(rule);
     if (AppName const* const name = AppName::Instance()) WriteString(name->GetTitel(), 0);

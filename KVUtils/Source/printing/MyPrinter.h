@@ -12,7 +12,6 @@
 
 #include "KVUtils/Source/frame/KVSingleton.h"
 #include "KVUtils/Source/frame/TextSegment.h"
-#include "KVUtils/Source/printing/detail/PageLayout.h"
 #include "SV/ui/Printer.h"
 
 #include <memory>
@@ -20,6 +19,9 @@
 namespace kv {
 
 class AbortDialog;
+namespace detail {
+struct PageEdges;
+}
 
 /// The type of head lines and foot notes. Any other value counts as `KV_HF_SPACE`.
 enum KVHeaderFooterTYPE : int {
@@ -84,7 +86,7 @@ class MyPrinter : public sv::Printer, public KVSingleton {
 
   private:
     void DruckEkpunkteNeuRechnen();
-    void ToTopLeft() noexcept { cursor_ = {edges_.left, edges_.top}; }
+    void ToTopLeft() noexcept;
     [[nodiscard]] int LineHeight() const { return GetTextSize(" ").Height(); }
     void WriteAtRight(sv::String const& text);
     void DrawRule(int y);
@@ -96,7 +98,7 @@ class MyPrinter : public sv::Printer, public KVSingleton {
     TextSegment texts_;
     std::unique_ptr<AbortDialog> abortDialog_;
     sv::Point cursor_;
-    detail::PageEdges edges_;
+    std::unique_ptr<detail::PageEdges> edges_;
     unsigned char hasFootNote_ = 0;
     unsigned char hasHeadLine_ = 0;
     KVHeaderFooterTYPE headerType_ = KV_HF_FULL;

@@ -159,6 +159,14 @@ TEST(LChVector, HueLiesAboveZeroUpTo360) {
     }
 }
 
+TEST(LChVector, NaNHasNoHue) {
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    for (auto const& [a, b] : Rows<double, double>{{nan, 0}, {0, nan}, {nan, nan}, {nan, 1}}) {
+        EXPECT_TRUE(std::isnan(LChVector(Lab(50, a, b))[2])) << a << ' ' << b;
+        EXPECT_TRUE(std::isnan(LCHmgVector(LABmgVector(LCHmgVector(Lab(50, a, b))))[2])) << a << ' ' << b;
+    }
+}
+
 TEST(LChVector, ComesBackToLab) {
     Random random(7);
     for (int round = 0; round < 5000; ++round) {

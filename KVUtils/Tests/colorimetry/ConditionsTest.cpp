@@ -98,6 +98,13 @@ static std::pair<int, int> Parsed(std::optional<IllumClass> const& parsed) {
     return parsed ? std::pair{int(IllumType(*parsed)), int(short(*parsed))} : std::pair{-2, 0};
 }
 
+// One argument converts without being named.
+template <class Selector, class Type>
+constexpr bool Converts = std::is_convertible_v<Type, Selector>&& std::is_convertible_v<sv::String, Selector>;
+static_assert(Converts<IllumClass, IllumType> && Converts<ObserverClass, ObserverType>);
+static_assert(Converts<DStdClass, DStdType> && Converts<ActualFilterClass, ValueFilterType>);
+static_assert(Converts<WBaseClass, StoredWBaseType>);
+
 TEST(Selectors, ParseReportsUnknownText) {
     for (auto const& [text, type, number] : Rows<char const*, int, int>{
              {"D65", 2, 65},      {"d50", 3, 65},   {" f12 ", 35, 65}, {"F-2", 25, 65},  {"il4", 11, 65},

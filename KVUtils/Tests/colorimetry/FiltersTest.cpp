@@ -1,5 +1,7 @@
 #include "KVUtils/Tests/TestSupport.h"
 
+#include <thread>
+
 namespace kv::test {
 
 TEST(Filter, DefinedByContentOrByItsOwner) {
@@ -84,6 +86,25 @@ TEST(CMetryFilter, CopyTakesTheDefinedFlagsAndAssignmentDoesNot) {
 
 static float PowerAt(IllumClass const& illuminant, int nm) {
     return Lichtart(illuminant).GetFilter().Weights().at(static_cast<std::size_t>((nm - 380) / 10));
+}
+
+// Whether the threads race is for the thread sanitizer to say.
+TEST(CMetryFilter, ThreadsMayCopyFromOneAndCompute) {
+    CMetryFilter const shared = Weights(IllumClass(IllumType::D50), ObserverType::TwoDegrees);
+    std::array<float, 4> seen{};
+    {
+        std::vector<std::jthread> threads;
+        for (float& Y : seen) {
+            threads.emplace_back([&shared, &Y] {
+                for (int i = 0; i < 200; ++i) {
+                    CMetryFilter constructed(shared), assigned;
+                    assigned = shared;
+                    Y = XYZVector(i % 2 == 0 ? constructed : assigned, Flat(0.5F))[1];
+                }
+            });
+        }
+    }
+    for (float const Y : seen) EXPECT_EQ(Y, 50.0F);
 }
 
 TEST(Lichtart, TablesByType) {

@@ -76,6 +76,8 @@ TEST_F(ButtonTest, ThePointerThatRestsGetsHelp) {
     button_->MouseMove(sv::MouseEvent({-1, 5}, true));
     EXPECT_FALSE(BalloonWindow::Exists());
     EXPECT_TRUE(button_->HasCapture()) << "as long as the mouse is held down";
+    button_->MouseMove(sv::MouseEvent({-1, 5}, false, true));
+    EXPECT_TRUE(button_->HasCapture()) << "by any of its buttons";
     button_->MouseMove(Outside);
     EXPECT_FALSE(button_->HasCapture());
     EXPECT_EQ(button_->GetBackgroundBrush(), parent_.GetBackgroundBrush());

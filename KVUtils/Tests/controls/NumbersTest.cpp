@@ -232,6 +232,30 @@ TEST(NumEditor, TakesOverWhatIsTyped) {
     }
 }
 
+/// Makes the field lose the focus again, once.
+struct LeavesAgain {
+    NumEditor* editor;
+    int calls = 0;
+    long Changed(NumEditor* /*sender*/) {
+        if (++calls > 1) return 0;
+        editor->FocusHasCome();
+        editor->FocusHasGone();
+        return 0;
+    }
+};
+
+TEST(NumEditor, CountsAsChangedUntilItsLinkReturns) {
+    Field<NumEditor> field(5.0, 0.0, 100.0, 6);
+    field.Type("abc");
+    LeavesAgain leaves{&field.editor};
+    field.editor.ChangeValueChangedHdl(sv::Link::To<&LeavesAgain::Changed>(leaves));
+    field.editor.FocusHasGone();
+    EXPECT_EQ(leaves.calls, 2);
+    field.editor.FocusHasCome();
+    field.editor.FocusHasGone();
+    EXPECT_EQ(leaves.calls, 2) << "no longer changed";
+}
+
 TEST(InputOutputNumEditor, TurnsIntoText) {
     Field<InputOutputNumEditor> field(6);
     field.editor.setUnit("g");

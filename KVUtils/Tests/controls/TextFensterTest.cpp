@@ -93,6 +93,14 @@ TEST_F(TextFensterTest, StreamsLines) {
     EXPECT_EQ(TextFenster::GetCout(), nullptr);
 }
 
+TEST_F(TextFensterTest, HoldsMoreLinesThan16BitsCount) {
+    TextFenster window(nullptr, "Messages", 600, 440);
+    for (int i = 0; i < 66000; ++i) window.AddLine(sv::String(i));
+    Strings const lines = Lines(window);
+    ASSERT_EQ(lines.size(), 66000U);
+    EXPECT_EQ(lines.back(), "65999");
+}
+
 TEST_F(TextFensterTest, ShowsAFile) {
     TextFenster window(nullptr, "File: ", 600, 440);
     std::string const file = Write("lines.txt", "one\r\n\n" + std::string(2500, 'x') + "\nlast");

@@ -138,6 +138,14 @@ TEST(Metamerie, IndexIsTheDifferenceAfterTheCorrection) {
     }
 }
 
+class MetamerieBoxTest : public BoxTest {};
+
+TEST_F(MetamerieBoxTest, AnInvalidObserverShowsOneBox) {
+    MetamerieRechner const unused(Flat(0.5F), IllumClass(IllumType::D65), IllumClass(IllumType::A),
+                                  ObserverClass(ObserverType::NotSet));
+    EXPECT_EQ(seen_.size(), 1U);
+}
+
 TEST(Metamerie, AZeroUnderTheReferenceLightIsNotCorrected) {
     MetamerieRechner rechner(Flat(0.5F), IllumClass(IllumType::D65), IllumClass(IllumType::A),
                              ObserverClass(ObserverType::TenDegrees));

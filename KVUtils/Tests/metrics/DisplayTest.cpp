@@ -97,6 +97,11 @@ TEST(ColorConverter, ChannelsOfTheScreen) {
     EXPECT_EQ(ColorConverter::ConvertSpectrumToColor(grey), ColorConverter::SpectrumToColor(grey));
 }
 
+TEST_F(RGBVectorTest, ColoursOfTheScreenHaveKind29) {
+    EXPECT_EQ(ColorConverter::RGBToColor(RGBVector(Flat(0.5F))).GetKind(), 29);
+    EXPECT_EQ(sv::Color(29, 1, 2, 3), sv::Color(1, 2, 3)) << "the kind takes no part in comparisons";
+}
+
 TEST(ColorConverter, Neutrals) {
     for (auto const& [L, a, b, number] : Rows<double, double, double, int>{{50, 0, 0, 14},
                                                                            {90, 0, 0, 13},

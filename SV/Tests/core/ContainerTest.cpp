@@ -98,12 +98,13 @@ TEST(ListBox, KeepsOrderAndSelection) {
     EXPECT_EQ(box.GetEntryCount(), 0);
     EXPECT_EQ(box.GetSelectEntryPos(), ListBox::End);
 
-    for (int i = 0; i < 65536; ++i) box.InsertEntry("x");
-    EXPECT_EQ(box.GetEntryCount(), ListBox::End);
-    box.SelectEntryPos(ListBox::End - 1);
-    box.InsertEntry("one more", 0);
-    EXPECT_EQ(box.GetEntry(0), "x") << "a full list takes no more";
-    EXPECT_EQ(box.GetSelectEntryPos(), ListBox::End - 1);
+    for (int i = 0; i < 70000; ++i) box.InsertEntry("x");
+    box.InsertEntry("last");
+    EXPECT_EQ(box.GetEntryCount(), 70001) << "more lines than 16 bits count";
+    EXPECT_EQ(box.GetEntry(70000), "last");
+    box.SelectEntryPos(70000);
+    box.InsertEntry("first", 0);
+    EXPECT_EQ(box.GetSelectEntryPos(), 70001);
 }
 
 struct Unrelated {

@@ -7,14 +7,15 @@
 
 namespace kv::detail {
 
-/// (L, a, b) to (L, C, h), h in degrees above 0 up to 360. The hue of a and b both below 0.00001 is 360.
+/// (L, a, b) to (L, C, h), h in degrees above 0 up to 360. The hue of a and b both below 0.00001 is 360; that
+/// of NaN is NaN.
 inline void ToPolar(float const* rectangular, float* polar) noexcept {
     double const a = rectangular[1];
     double const b = rectangular[2];
     constexpr double achromatic = 0.00001;
 
     double h = 360;
-    if (std::fabs(a) >= achromatic || std::fabs(b) >= achromatic) {
+    if (!(std::fabs(a) < achromatic && std::fabs(b) < achromatic)) {
         h = std::atan2(b, a) * DegreesPerRadian;
         if (!(h > 0)) h += 360;
     }

@@ -8,8 +8,7 @@
 
 namespace kv {
 
-/// The widths of the suite's buttons: 120, 145 and 195 pixels, each 30 high.
-enum ButtonSize : int {};
+enum ButtonSize : int;
 
 namespace detail {
 
