@@ -226,6 +226,8 @@ TEST_F(DeskTest, PrintsTheSpectraOfSelectedSamples) {
 TEST_F(DeskTest, MailsItsReport) {
     std::ofstream(File("win.ini")) << "[Mail]\nCMC=1\nCMCDLLNAME32=" << KV_MAIL_CLIENT << '\n';
     kv::test::Windir const windir(File("."));
+    auto& backend = sv::headless::HeadlessBackend::Instance();
+    backend.ChangePrinters({.offset = {}, .recordsFiles = true});
     ASSERT_TRUE(desk.Open(Chart));
     sv::headless::HeadlessBackend::Instance().ChangePrinters({.offset = {}, .recordsFiles = true});
     EXPECT_TRUE(desk.SendReport("ada@example.org;bob@example.org"));
@@ -244,6 +246,7 @@ TEST_F(DeskTest, MailsItsReport) {
     ASSERT_EQ(boxes.seen.size(), 1U);
     EXPECT_EQ(boxes.seen[0].text, "The mail program did not accept the report.");
     sv::headless::HeadlessBackend::Instance().ChangePrinters({});
+    backend.ChangePrinters({});
     kv::test::EndService(kv::Mailer::Instance());
     platform::FreeLibraryFile(library);
 }

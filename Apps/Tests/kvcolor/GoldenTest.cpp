@@ -1,7 +1,7 @@
 // Runs the program on the arguments in golden/NAME.args, one in a line, and compares what it writes with
-// NAME.out and NAME.err (no file: nothing). "{data}" and "{golden}" are folders. golden/errors.tsv has
-// a message in each row, then the arguments that it answers. With KV_UPDATE_GOLDEN set, the files are written
-// instead.
+// NAME.out and NAME.err (no file: nothing). Paths are relative to Apps/, so that no output depends on where
+// the tree lies. golden/errors.tsv has a message in each row, then the arguments that it answers. With
+// KV_UPDATE_GOLDEN set, the files are written instead.
 #include "Apps/Tests/kvcolor/Program.h"
 #include "Platform/Tests/TemporaryDirectory.h"
 
@@ -16,39 +16,24 @@ namespace fs = std::filesystem;
 
 fs::path const Golden = KV_APPS_TESTS "/kvcolor/golden";
 
-struct Folder {
-    std::string name;
-    std::string path;
+/// Runs the tests of this file in Apps/.
+class GoldenTest : public testing::Test {
+  public:
+    GoldenTest() { fs::current_path(fs::path(KV_APPS_DATA).parent_path()); }
+    ~GoldenTest() override { fs::current_path(before_); }
+
+  private:
+    fs::path before_ = fs::current_path();
 };
-
-std::vector<Folder> Folders() { return {{"{data}", KV_APPS_DATA}, {"{golden}", Golden.string()}}; }
-
-std::string Replaced(std::string text, std::string const& from, std::string const& to) {
-    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
-        text.replace(at, from.size(), to);
-    }
-    return text;
-}
-
-std::string WithPaths(std::string text) {
-    for (Folder const& folder : Folders()) text = Replaced(text, folder.name, folder.path);
-    return text;
-}
-
-std::string WithoutPaths(std::string text) {
-    for (Folder const& folder : Folders()) text = Replaced(text, folder.path, folder.name);
-    return text;
-}
 
 Arguments SplitTabs(std::string const& line) {
     Arguments cells;
     std::istringstream stream(line);
-    for (std::string cell; std::getline(stream, cell, '\t');) cells.push_back(WithPaths(cell));
+    for (std::string cell; std::getline(stream, cell, '\t');) cells.push_back(cell);
     return cells;
 }
 
-void Compare(fs::path const& file, std::string const& text) {
-    std::string const written = WithoutPaths(text);
+void Compare(fs::path const& file, std::string const& written) {
     if (std::getenv("KV_UPDATE_GOLDEN") == nullptr) {
         EXPECT_EQ(written, tests::Bytes(file)) << file;
     } else if (written.empty()) {
@@ -60,14 +45,14 @@ void Compare(fs::path const& file, std::string const& text) {
 
 }  // namespace
 
-TEST(GoldenTest, AnswersAreTheFiles) {
+TEST_F(GoldenTest, AnswersAreTheFiles) {
     int count = 0;
     for (auto const& entry : fs::directory_iterator(Golden)) {
         fs::path file = entry.path();
         if (file.extension() != ".args") continue;
         ++count;
         Arguments arguments;
-        for (std::string const& line : LinesOf(tests::Bytes(file))) arguments.push_back(WithPaths(line));
+        for (std::string const& line : LinesOf(tests::Bytes(file))) arguments.push_back(line);
         Outcome const outcome = RunProgram(arguments);
         EXPECT_EQ(outcome.status, 0) << file;
         Compare(file.replace_extension(".out"), outcome.out);
@@ -76,7 +61,7 @@ TEST(GoldenTest, AnswersAreTheFiles) {
     EXPECT_GT(count, 0);
 }
 
-TEST(GoldenTest, ErrorsAreTheRows) {
+TEST_F(GoldenTest, ErrorsAreTheRows) {
     std::string updated;
     for (std::string const& line : LinesOf(tests::Bytes(Golden / "errors.tsv"))) {
         Arguments const row = SplitTabs(line);
@@ -90,7 +75,7 @@ TEST(GoldenTest, ErrorsAreTheRows) {
     EXPECT_TRUE(RunProgram({}).err.starts_with("kvcolor: no command given (choose from convert, "));
 }
 
-TEST(GoldenTest, NoTextOfAFileControlsTheTerminal) {
+TEST_F(GoldenTest, NoTextOfAFileControlsTheTerminal) {
     std::string const path = WriteFile("hostile.txt", {{"a\x1B[2Jb", "0.5"}, {"c", "0.5"}});
     for (Arguments const& arguments : std::vector<Arguments>{
              {"convert", path}, {"convert", path, "--only", "x"}, {"convert", path, "--only", "x\ny"}, {}}) {
@@ -101,7 +86,7 @@ TEST(GoldenTest, NoTextOfAFileControlsTheTerminal) {
     }
 }
 
-TEST(GoldenTest, VersionIsThatOfTheProject) {
+TEST_F(GoldenTest, VersionIsThatOfTheProject) {
     std::ifstream project(KV_APPS_DATA "/../../CMakeLists.txt");
     std::string const text(std::istreambuf_iterator<char>(project), {});
     std::string const version = RunProgram({"--version"}).out.substr(8);
