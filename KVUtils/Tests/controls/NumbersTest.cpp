@@ -238,8 +238,8 @@ struct LeavesAgain {
     int calls = 0;
     long Changed(NumEditor* /*sender*/) {
         if (++calls > 1) return 0;
-        editor->FocusHasCome();
-        editor->FocusHasGone();
+        editor->FocusGained();
+        editor->FocusLost();
         return 0;
     }
 };
@@ -249,10 +249,10 @@ TEST(NumEditor, CountsAsChangedUntilItsLinkReturns) {
     field.Type("abc");
     LeavesAgain leaves{&field.editor};
     field.editor.ChangeValueChangedHdl(sv::Link::To<&LeavesAgain::Changed>(leaves));
-    field.editor.FocusHasGone();
+    field.editor.FocusLost();
     EXPECT_EQ(leaves.calls, 2);
-    field.editor.FocusHasCome();
-    field.editor.FocusHasGone();
+    field.editor.FocusGained();
+    field.editor.FocusLost();
     EXPECT_EQ(leaves.calls, 2) << "no longer changed";
 }
 
