@@ -45,6 +45,7 @@ TEST(WaitVisualizer, IsShownWhileTheProgramWorks) {
         EXPECT_EQ(window.GetChildren().front()->GetText(), "Half done");
     }
     EXPECT_FALSE(sv::Application::IsWait());
+    EXPECT_EQ(RegisterTopWindow::GetActiveTopWindow(), nullptr);
     for (bool const byButton : {true, false}) {
         AbbruchDialog dialog(nullptr, "Export", "Please wait");
         EXPECT_EQ(dialog.IsAborted(), 0);
