@@ -29,7 +29,7 @@ enum Column : int {
 constexpr unsigned long ColourNameCount = 16;
 
 /// Of title and contents.
-constexpr std::array<int, ColumnCount> WidthInLetters = {22, 13, 8, 8, 8, 8, 7, 9, 10, 16};
+constexpr std::array<int, ColumnCount> WidthInLetters = {20, 13, 8, 8, 8, 8, 7, 9, 10, 13};
 
 ColumnTitle TitleOf(int column) noexcept {
     return column == Judged ? ColumnTitle::Verdict : static_cast<ColumnTitle>(column);
