@@ -20,7 +20,7 @@ void WriteScript(fs::path const& script, fs::path const& notes) {
     fs::permissions(script, fs::perms::owner_all);
 }
 
-TEST(DDEStartTest, DecodesTheNamesOfProgramsThatItStarts) {
+TEST(DDEStartTest, StartsProgramsOfAnyNameFromAnyStoredDirectory) {
     tests::RuntimeDirectory const desktop;
     tests::TemporaryDirectory const files;
     std::string const path = std::getenv("PATH");
@@ -35,6 +35,9 @@ TEST(DDEStartTest, DecodesTheNamesOfProgramsThatItStarts) {
         {"Pr\xFC"
          "fger\xE4t",
          "Pr\u00FCfger\u00E4t", sv::String(files.Path().string())},
+        {"Ink Desk", "Ink Desk", sv::String(files.Path().string())},
+        {"EMPTY", "EMPTY", sv::String()},
+        {"GONE", "GONE", sv::String((files.Path() / "gone").string())},
         {"UNKNOWN", "UNKNOWN", std::nullopt},
     };
     for (auto const& row : rows) {
