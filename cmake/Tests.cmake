@@ -75,6 +75,10 @@ endif()
 # A fuzzer's comparison with its model, also run with fixed seeds.
 set_source_files_properties(Fuzz/messaging/MyMemoryBlockFuzz.cpp PROPERTIES
   COMPILE_DEFINITIONS LLVMFuzzerTestOneInput=CompareMyMemoryBlockWithModel)
+# They include the system's headers, or define its macros, before or after the library's.
+file(GLOB macro_tests CONFIGURE_DEPENDS KVUtils/Tests/messaging/posix/X11MacrosTest.cpp
+     KVUtils/Tests/messaging/win32/*.cpp)
+set_source_files_properties(${macro_tests} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 add_executable(KVUtilsTests cmake/tests/TestMain.cpp Platform/Tests/DdeEndpoint.cpp
                Fuzz/messaging/MyMemoryBlockFuzz.cpp ${library_tests})
 target_link_libraries(KVUtilsTests PRIVATE KVUtils::KVUtils StaticInitProbe GTest::gtest ${LCMS2_LIBRARY} kvutils_options)

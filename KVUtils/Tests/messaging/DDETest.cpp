@@ -50,20 +50,18 @@ class DDETest : public testing::Test {
     unsigned char Send(char const* target, char const* item, std::string_view bytes) {
         return dde->Send(target, item, bytes.data(), static_cast<long>(bytes.size()));
     }
-    /// Runs the application's loop, in which user events deliver the messages, until so many arrived.
-    void RunUntilReceived(std::size_t count) {
-        expected_ = count;
-        end_ = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        sv::Link const watch = sv::Link::To<&DDETest::QuitWhenReceived>(*this);
+    /// Runs the application's loop, in which user events deliver the messages, until the condition holds.
+    void RunUntil(std::function<bool()> condition) {
+        condition_ = std::move(condition);
+        sv::Link const watch = sv::Link::To<&DDETest::QuitHdl>(*this);
         sv::Application::InsertIdleHdl(watch, 5);
-        sv::Application::Execute();
+        Execute();
         sv::Application::RemoveIdleHdl(watch);
-        ASSERT_EQ(received.size(), count);
+        ASSERT_TRUE(condition_());
     }
-    long QuitWhenReceived(void* /*sender*/) {
-        bool const isLate = std::chrono::steady_clock::now() > end_;
-        if (received.size() >= expected_ || isLate) sv::Application::Quit();
-        return 1;  // keeps the loop awake until the timeout
+    long QuitHdl(void* /*sender*/) {
+        if (condition_()) sv::Application::Quit();
+        return 0;
     }
 
     tests::RuntimeDirectory desktop;
@@ -71,8 +69,7 @@ class DDETest : public testing::Test {
     std::unique_ptr<DDE> dde;
 
   private:
-    std::size_t expected_ = 0;
-    std::chrono::steady_clock::time_point end_;
+    std::function<bool()> condition_;
 };
 
 TEST_F(DDETest, SendsItsInstanceNameAndKeepsTheConversation) {
@@ -187,7 +184,7 @@ TEST_F(DDETest, LosesNothingOfABurstWhileTheLoopRuns) {
         first.Poke("LOCK", std::to_string(i));
         second.Poke("LOCK", std::to_string(i));
     }
-    RunUntilReceived(2 * Count);
+    RunUntil([] { return received.size() == 2 * Count; });
     std::size_t next[2] = {0, 0};
     for (Poked const& message : received) {
         std::size_t& number = next[message.sender == "PEER_1" ? 0 : 1];
@@ -197,15 +194,14 @@ TEST_F(DDETest, LosesNothingOfABurstWhileTheLoopRuns) {
 
 TEST_F(DDETest, AMessageInTheSlotIsReplacedByTheNext) {
     // An application that does not deliver the user event leaves the message in the slot.
-    sv::Application::SetUserEventHdl([](unsigned long, void*) {
-        static int taken = 0;
-        if (++taken == 2) sv::Application::Quit();
-    });
+    static int taken;
+    taken = 0;
+    sv::Application::SetUserEventHdl([](unsigned long, void*) { ++taken; });
     Peer peer("PEER_1");
     ASSERT_TRUE(peer.Connect("BENCH"));
     peer.Poke("LOCK", "first");
     peer.Poke("LOCK", "second");
-    sv::Application::Execute();
+    RunUntil([] { return taken == 2; });
     DDE::UserEvent(1233, nullptr);
     EXPECT_TRUE(received.empty());
     DDE::UserEvent(DDE::UserEventId, nullptr);
@@ -223,7 +219,7 @@ TEST_F(DDETest, AMessageThatComesInWhileOneIsHandledIsDeliveredToo) {
         ASSERT_TRUE(peer.Connect("BENCH"));
         for (char const* const payload : {"1", "2", "3"}) peer.Poke("LOCK", payload);
         if (loopRuns) {
-            RunUntilReceived(3);
+            RunUntil([] { return received.size() == 3; });
         } else {
             ASSERT_TRUE(Arrived(3));
         }
@@ -236,7 +232,7 @@ TEST_F(DDETest, ThereIsOneInAProcess) {
         DDE second("SECOND");
         EXPECT_EQ(boxes.seen, (Texts{"error: Es kann nur Einen geben.  (von der Klasse DDE)"}));
         EXPECT_EQ(second.Send("BENCH", "LOCK", "x", 1), 0);
-        sv::Application::Execute();  // returns, since the application was told to quit
+        Execute();  // returns, since the application was told to quit
     }
     EXPECT_EQ(Send("BENCH", "LOCK", "x"), 1);
     EXPECT_TRUE(Arrived(1));

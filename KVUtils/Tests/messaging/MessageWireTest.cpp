@@ -41,35 +41,6 @@ TEST(MessageWire, EveryMessageAndItsAnswerComeBackFromTheirNames) {
     }
 }
 
-TEST(MessageWire, NamesBecomeNumbers) {
-    struct {
-        char const* name;
-        int number;
-        bool isAnswerToAnswer = false;
-    } const rows[] = {
-        {"LOCK", 2},
-        {"ANSWER!LOCK", 1002},
-        {"lock", -1},
-        {"LOCK ", -1},
-        {"LOCK!LOCK", -1},
-        {"answer!LOCK", -1},
-        {"ANZAHL_BOTSCHAFTEN", -1},
-        {"ANSWER!ANZAHL_BOTSCHAFTEN", -1},
-        {"ANSWER", -1},
-        {"ANSWER!", -1},
-        {"", -1},
-        {"ANSWER!NOSUCH", -1},
-        {"ANSWER!ANSWER!LOCK", -1, true},
-        {"ANSWER!ANSWER", -1, true},
-    };
-    for (auto const& row : rows) {
-        EXPECT_EQ(NumberOfMessage(row.name), row.number) << row.name;
-        EXPECT_EQ(IsAnswerToAnswer(row.name), row.isAnswerToAnswer) << row.name;
-    }
-    EXPECT_EQ(NameWithoutPrefix("ANSWER!A!B"), "A!B");
-    EXPECT_EQ(NameWithoutPrefix("A!B"), "A!B");
-}
-
 TEST(MessageWire, PayloadsTravelWithoutZeroBytesAndComeBackLonger) {
     struct {
         std::string plain;

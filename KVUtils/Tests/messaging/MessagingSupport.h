@@ -13,9 +13,13 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <condition_variable>
 #include <functional>
+#include <mutex>
+#include <stop_token>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -66,6 +70,24 @@ template <class Condition>
 /// Runs the loop for long enough that everything sent has arrived.
 inline void PumpAWhile(std::chrono::milliseconds time = std::chrono::milliseconds(50)) {
     static_cast<void>(PumpUntil([] { return false; }, time));
+}
+
+/// Runs the application's loop until `Quit`, for 20 seconds at most. Returns how long it took.
+inline std::chrono::milliseconds Execute() {
+    auto const start = std::chrono::steady_clock::now();
+    std::jthread const limit([](std::stop_token const& stop) {
+        std::mutex mutex;
+        std::unique_lock lock(mutex);
+        std::condition_variable_any().wait_for(lock, stop, std::chrono::seconds(20), [] { return false; });
+        if (!stop.stop_requested()) sv::Application::Quit();
+    });
+    sv::Application::Execute();
+    return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
+}
+
+/// The time that a measuring server takes to quit after its last client.
+inline bool IsServersEnd(std::chrono::milliseconds time) {
+    return time >= std::chrono::seconds(1) && time < std::chrono::seconds(15);
 }
 
 struct Poked {

@@ -26,6 +26,15 @@ inline std::string Encoded(std::string_view bytes) {
 }
 
 class PostOfficeTest : public testing::Test {
+  public:
+    /// Ends the wait of `AskApp` by an answer of its own.
+    long TimeoutHdl(void* /*sender*/) {
+        if (std::chrono::steady_clock::now() < timeout_) return 0;
+        KORVELEvent lost(Block("no answer"), "", PostOffice::NameOfMessage(awaited_));
+        office->CommunicationReceiveFunction(lost);
+        return 0;
+    }
+
   protected:
     PostOfficeTest() {
         KORVELConfig::CreateKORVELConfig(sv::String(files / "KORVEL.INI"));
@@ -58,6 +67,20 @@ class PostOfficeTest : public testing::Test {
         return peer.received[0].payload;
     }
 
+    /// Returns the answer that the post office gets from an application.
+    std::string AskApp(int app, int message, std::string_view bytes = {},
+                       DisEnable mode = DisEnable::Nothing) {
+        awaited_ = message + PostOffice::AnswerOffset;
+        timeout_ = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        sv::Link const watch = sv::Link::To<&PostOfficeTest::TimeoutHdl>(*this);
+        sv::Application::InsertIdleHdl(watch, 9);
+        MyMemoryBlock data = Block(bytes);
+        MyMemoryBlock answer;
+        bool const isSent = office->SendAndReceive(app, message, data, answer, mode) != 0;
+        sv::Application::RemoveIdleHdl(watch);
+        return isSent ? Bytes(answer) : "not sent";
+    }
+
     /// Returns when everything that the clients sent has come in.
     void Settle() {
         for (Peer* const peer : {&a, &b}) {
@@ -83,6 +106,10 @@ class PostOfficeTest : public testing::Test {
     Peer a{"A_1"};
     Peer b{"B_1"};
     PostOffice* office = nullptr;
+
+  private:
+    int awaited_ = 0;
+    std::chrono::steady_clock::time_point timeout_;
 };
 
 }  // namespace kv::messagingtest

@@ -28,34 +28,21 @@ class Server {
     explicit Server(sv::String commandLine) : commandLine_(std::move(commandLine)) {
         auto& office = *PostOffice::CreatePostOffice("HQMSERV");
         office.ChangeMessageHdl(kv::SPECTRUM_REQUEST, sv::Link::To<&Server::EchoHdl>(*this), 1);
-        office.ChangeMessageHdl(kv::NEW_FORMULA, sv::Link::To<&Server::AskBackHdl>(*this), 1);
         office.ChangeMessageHdl(kv::GET_SW_VERSION, sv::Link::To<&Server::StartHdl>(*this), 1);
     }
 
   private:
     long EchoHdl(KORVELEvent* event) {
+        sv::String text;
         MyMemoryBlock data = event->GetData();
-        return Answer(event, TextOf(data));
-    }
-    /// Answers what the asker answers when it is asked for the time.
-    long AskBackHdl(KORVELEvent* event) {
-        PostOffice& office = *PostOffice::Instance();
-        int const asker = office.NewApp("", event->GetSender()) - 1;
-        MyMemoryBlock data;
-        MyMemoryBlock time;
-        if (office.SendAndReceive(asker, kv::TIME_REQUEST, data, time, kv::DisEnable::Nothing) == 0) return 0;
-        return Answer(event, TextOf(time));
+        data >> text;
+        return Answer(event, text);
     }
     /// Answers how this program was started, and where.
     long StartHdl(KORVELEvent* event) {
         return Answer(event, commandLine_ + " in " + std::filesystem::current_path().string());
     }
 
-    static sv::String TextOf(MyMemoryBlock& data) {
-        sv::String text;
-        data >> text;
-        return text;
-    }
     static long Answer(KORVELEvent* event, sv::String const& text) {
         MyMemoryBlock data;
         data << text;

@@ -15,12 +15,6 @@ constexpr int Server = 0;
 
 class PostOfficeProcessTest : public PostOfficeTest {
   public:
-    long NoonHdl(KORVELEvent* event) {
-        MyMemoryBlock data;
-        data << sv::String("noon");
-        return office->Answer(event, data);
-    }
-
     /// Counts one of the numbered messages and answers its number.
     long TakeHdl(KORVELEvent* event) {
         sv::String text;
@@ -47,12 +41,7 @@ class PostOfficeProcessTest : public PostOfficeTest {
         ASSERT_TRUE(IsServerThere());
     }
 
-    std::string Ask(int message, std::string_view bytes = {}) {
-        MyMemoryBlock data = Block(bytes);
-        MyMemoryBlock answer;
-        if (office->SendAndReceive(Server, message, data, answer, DisEnable::Nothing) == 0) return "not sent";
-        return Bytes(answer);
-    }
+    std::string Ask(int message, std::string_view bytes = {}) { return AskApp(Server, message, bytes); }
     /// An answer that is a text, without the surplus bytes of decoding.
     std::string AskText(int message, std::string_view bytes = {}) {
         std::string const answer = Ask(message, bytes);
@@ -77,30 +66,6 @@ TEST_F(PostOfficeProcessTest, AMessageStartsTheServerWhichIsFoundAgainAfterItWas
     EXPECT_EQ(AskText(GET_SW_VERSION), "-S -LNG 1 in " + directory);
     EXPECT_EQ(Ask(DISCONNECT), "\0\x0A"s);
     EXPECT_TRUE(IsServerThere(false));
-}
-
-TEST_F(PostOfficeProcessTest, TheServerLivesAsLongAsItsClients) {
-    StartServer();
-    EXPECT_EQ(Ask(CONNECT, "\x02"), "\x02");
-    ASSERT_TRUE(b.Connect("HQMSERV"));
-    EXPECT_EQ(PostOfficeTest::Ask(b, "CONNECT", "\x01"), Encoded("\x01"));
-    EXPECT_EQ(PostOfficeTest::Ask(b, "LOCK"), Done);
-    EXPECT_EQ(Ask(SPECTRUM_REQUEST, "x"), "\x01\x01");  // B owns the server
-    EXPECT_EQ(PostOfficeTest::Ask(b, "UNLOCK"), Done);
-    EXPECT_EQ(PostOfficeTest::Ask(b, "DISCONNECT"), Done);
-    EXPECT_EQ(AskText(SPECTRUM_REQUEST, "y"), "y");
-    EXPECT_EQ(Ask(DISCONNECT), "\0\x0A"s);
-    long const before = b.Disconnects();
-    EXPECT_TRUE(PumpUntil([this] { return !server_->IsRunning(); }));
-    EXPECT_EQ(server_->Wait(), 0);
-    if (tests::IsUnderWine()) GTEST_SKIP() << "Wine does not tell a client that the server has exited";
-    EXPECT_TRUE(PumpUntil([&] { return b.Disconnects() > before; }));
-}
-
-TEST_F(PostOfficeProcessTest, TwoProgramsWaitForEachOtherAtTheSameTime) {
-    StartServer();
-    Handle<&PostOfficeProcessTest::NoonHdl>(TIME_REQUEST, *this);
-    EXPECT_EQ(AskText(NEW_FORMULA), "noon");
 }
 
 // What measuring stations do all day: each asks again when it has its answer.

@@ -113,7 +113,7 @@ TEST_F(RezepturServerTest, ReportsWhatFailed) {
     Receiver const other;  // the instance is in use
     ASSERT_FALSE(boxes.seen.empty());
     EXPECT_EQ(boxes.seen[0], "error: Initialization failed.");
-    sv::Application::Execute();  // returns, since the application was told to quit
+    Execute();  // returns, since the application was told to quit
 }
 
 }  // namespace
