@@ -1,5 +1,5 @@
-// Reads a keyed data file of 50 MB, compared with std::getline, with GLib's key files on the same bytes, and with
-// the CGATS reader of Little CMS on the same numbers.
+// Reads a keyed data file of 50 MB, compared with std::getline, with GLib's key files on the same bytes, and
+// with the CGATS reader of Little CMS on the same numbers.
 #include "Benchmarks/Ratios.h"
 #include "KVUtils/Source/data/ASCIIFile.h"
 
@@ -179,11 +179,8 @@ void BM_LittleCmsIt8Read(benchmark::State& state) {
 }
 BENCHMARK(BM_LittleCmsIt8Read)->Unit(benchmark::kMillisecond);
 
-bench::Ratio const getline("BM_ASCIIFileRead", "BM_GetlinePass",
-                           "keys and numbers over std::getline");
-bench::Ratio const glib("BM_ASCIIFileRead", "BM_GKeyFileRead",
-                        "a data file over GLib's key file");
-bench::Ratio const it8("BM_ASCIIFileRead", "BM_LittleCmsIt8Read",
-                       "the same numbers over Little CMS's table");
+bench::Ratio const getline("BM_ASCIIFileRead", "BM_GetlinePass", "keys and numbers over std::getline");
+bench::Ratio const glib("BM_ASCIIFileRead", "BM_GKeyFileRead", "a data file over GLib's key file");
+bench::Ratio const it8("BM_ASCIIFileRead", "BM_LittleCmsIt8Read", "the same numbers over Little CMS's table");
 
 }  // namespace
