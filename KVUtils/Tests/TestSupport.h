@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <functional>
@@ -83,6 +84,14 @@ class Random {
   private:
     std::mt19937 engine_;
 };
+
+/// The number in a cell of a table; "inf" and "nan" are such too. Knows no locale.
+inline double Number(std::string const& cell) {
+    double number = 0;
+    auto const [end, error] = std::from_chars(cell.data(), cell.data() + cell.size(), number);
+    EXPECT_TRUE(error == std::errc() && end == cell.data() + cell.size()) << '"' << cell << '"';
+    return number;
+}
 
 template <class Value>
 std::string Text(Value const& value) {

@@ -1,4 +1,5 @@
 #include "KVUtils/Tests/TestSupport.h"
+#include "KVUtils/Tests/data/CaseTable.h"
 
 #include <thread>
 
@@ -169,32 +170,15 @@ class WhitePoint : public ContextTest {};
 // table up to 0.00016 (C, y) and a computed daylight 0.00012. The powers of the lamps are means over 10 nm,
 // which keeps their lines whole but not in place: up to 0.00085 (F2, y) with 2 degrees and 0.00032 with 10.
 TEST_F(WhitePoint, AgreesWithThePublishedChromaticity) {
-    using enum IllumType;
-    auto const two = ObserverType::TwoDegrees, ten = ObserverType::TenDegrees;
-    for (auto const& [illuminant, observer, x, y, tolerance] :
-         Rows<IllumClass, ObserverType, double, double, double>{
-             {IllumClass(A), two, 0.44758, 0.40745, 0.0002},
-             {IllumClass(A), ten, 0.45117, 0.40594, 0.0002},
-             {IllumClass(C), two, 0.31006, 0.31616, 0.0002},
-             {IllumClass(C), ten, 0.31039, 0.31905, 0.0002},
-             {IllumClass(D50), two, 0.34567, 0.35851, 0.0002},
-             {IllumClass(D50), ten, 0.34773, 0.35952, 0.0002},
-             {IllumClass(D65), two, 0.31272, 0.32903, 0.0002},
-             {IllumClass(D65), ten, 0.31381, 0.33098, 0.0002},
-             {IllumClass(F2), two, 0.37207, 0.37512, 0.0009},
-             {IllumClass(F2), ten, 0.37927, 0.36723, 0.0004},
-             {IllumClass(F7), two, 0.31285, 0.32917, 0.0009},
-             {IllumClass(F7), ten, 0.31565, 0.32951, 0.0004},
-             {IllumClass(F11), two, 0.38054, 0.37692, 0.0009},
-             {IllumClass(F11), ten, 0.38544, 0.37109, 0.0004},
-             {IllumClass(Dxx1, 50), two, 0.34567, 0.35851, 0.0002},
-             {IllumClass(Dxx1, 55), two, 0.33242, 0.34743, 0.0002},
-             {IllumClass(Dxx1, 65), two, 0.31272, 0.32903, 0.0002},
-             {IllumClass(Dxx1, 75), two, 0.29902, 0.31485, 0.0002}}) {
-        CMetry::SetCMetry(illuminant, ObserverClass(observer));
+    for (auto const& [name, observer, x, y, tolerance] : CaseTable<5>("colorimetry/white-points.tsv")) {
+        std::string const tabled = name.substr(0, name.find(' '));
+        IllumClass illuminant = *IllumClass::Parse(tabled);
+        if (tabled != name)
+            illuminant = IllumClass(IllumType::Dxx1, static_cast<short>(std::stoi(tabled.substr(1))));
+        CMetry::SetCMetry(illuminant, *ObserverClass::Parse(observer));
         xyYVector const white(Flat(1));
-        EXPECT_NEAR(white[0], x, tolerance) << Text(illuminant);
-        EXPECT_NEAR(white[1], y, tolerance) << Text(illuminant);
+        EXPECT_NEAR(white[0], Number(x), Number(tolerance)) << name;
+        EXPECT_NEAR(white[1], Number(y), Number(tolerance)) << name;
         EXPECT_NEAR(white[2], 100, 5e-5) << "the sum of weights is gathered in float";
     }
 }

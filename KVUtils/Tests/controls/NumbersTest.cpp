@@ -4,6 +4,7 @@
 #include "KVUtils/Source/controls/detail/NumberLadder.h"
 #include "KVUtils/Source/controls/detail/NumberText.h"
 #include "KVUtils/Tests/TestSupport.h"
+#include "KVUtils/Tests/data/CaseTable.h"
 
 #include <limits>
 
@@ -35,28 +36,9 @@ TEST(NumberLadder, RungsAreTypedNumbers) {
 }
 
 TEST(NumberLadder, OneStep) {
-    struct Row {
-        double from, up, down;
-    };
-    for (Row const& row : {Row{1, 1.25, 0.9},
-                           {1.25, 1.5, 1},
-                           {9, 10, 8},
-                           {10, 12.5, 9},
-                           {1.3, 1.5, 1.25},
-                           {2, 2.5, 1.75},
-                           {0.7, 0.8, 0.6},
-                           {0.1, 0.125, 0.09},
-                           {1000, 1250, 900},
-                           {-1, -0.9, -1.25},
-                           {-1.3, -1.25, -1.5},
-                           {0, 0.0001, -0.0001},
-                           {0.0001, 0.000125, 0.00009},
-                           {0.00009, 0.0001, -0.0001},
-                           {-0.00009, 0.0001, -0.0001},
-                           {Infinity, Infinity, Infinity},
-                           {1e308, 1.25e308, 9e307}}) {
-        EXPECT_EQ(NextOnLadder(row.from, StepDirection::Up, MinimalStep), row.up) << row.from;
-        EXPECT_EQ(NextOnLadder(row.from, StepDirection::Down, MinimalStep), row.down) << row.from;
+    for (auto const& [value, up, down] : CaseTable<3>("controls/ladder.tsv")) {
+        EXPECT_EQ(NextOnLadder(Number(value), StepDirection::Up, MinimalStep), Number(up)) << value;
+        EXPECT_EQ(NextOnLadder(Number(value), StepDirection::Down, MinimalStep), Number(down)) << value;
     }
     EXPECT_EQ(NextOnLadder(0, StepDirection::Up, 0), 0);
     EXPECT_EQ(NextOnLadder(5e-324, StepDirection::Down, 0), 0);
@@ -86,31 +68,10 @@ using Read = std::optional<double>;
 constexpr Read None;
 
 TEST(FieldText, ReadsTheWholeTextOrNothing) {
-    // The text; as read where the separator is a point, and where it is a comma.
-    for (auto const& [text, point, comma] : Rows<char const*, Read, Read>{{"1.5", 1.5, 1.5},
-                                                                          {"1,5", None, 1.5},
-                                                                          {"1,5,6", None, None},
-                                                                          {"1,5.6", None, None},
-                                                                          {"", 0, 0},
-                                                                          {" ", None, None},
-                                                                          {"-", None, None},
-                                                                          {"abc", None, None},
-                                                                          {" +2", 2, 2},
-                                                                          {"2 ", None, None},
-                                                                          {"--2", None, None},
-                                                                          {"1e3", 1000, 1000},
-                                                                          {"1e", None, None},
-                                                                          {"-1e999", -Infinity, -Infinity},
-                                                                          {"1e-999", 0, 0},
-                                                                          {"nan", None, None},
-                                                                          {"0x1F", 31, 31},
-                                                                          {"-0x1,8p1", None, -3},
-                                                                          {"00x1", None, None},
-                                                                          {"0x", None, None},
-                                                                          {"0x-1", None, None},
-                                                                          {"x1", None, None}}) {
-        EXPECT_EQ(ReadNumber(text, '.'), point) << text;
-        EXPECT_EQ(ReadNumber(text, ','), comma) << text;
+    auto const number = [](std::string const& cell) { return cell.empty() ? None : Read(Number(cell)); };
+    for (auto const& [text, point, comma] : CaseTable<3>("controls/field-texts.tsv")) {
+        EXPECT_EQ(ReadNumber(text, '.'), number(point)) << text;
+        EXPECT_EQ(ReadNumber(text, ','), number(comma)) << text;
     }
     EXPECT_EQ(ReadNumber(sv::String(Localised("2.5"))), 2.5);
 }
