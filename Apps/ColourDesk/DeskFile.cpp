@@ -27,8 +27,9 @@ sv::String DeskFile::SampleName(std::optional<std::size_t> sample) const {
 std::optional<files::MeasurementFile> DeskFile::Read(std::string const& path) {
     try {
         files::MeasurementFile file = files::ReadMeasurementFile(path);
-        for (std::string const& note : file.notes)
-            messages_.Add(FaultText(file.path, file.path + ": " + note));
+        for (auto const& lines : {file.warnings, file.assumptions, file.notes})
+            for (std::string const& line : lines)
+                messages_.Add(FaultText(file.path, file.path + ": " + line));
         return file;
     } catch (files::ReadError const& error) {
         ShowError(FaultText(path, error.what()));

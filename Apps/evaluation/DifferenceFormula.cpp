@@ -106,8 +106,6 @@ Pair::Pair(kv::Spectrum const& sample, kv::Spectrum const& standard) noexcept
     : sampleLab_(sample), standardLab_(standard), sampleXyz_(sample), standardXyz_(standard) {}
 
 float Pair::Rate(DifferenceFormula formula, FormulaWeights const& weights) const noexcept {
-    // The value of the library for a standard without light.
-    constexpr float undefined = 99999.99F;
     using enum DifferenceFormula;
     switch (formula) {
         case Cielab:
@@ -124,7 +122,7 @@ float Pair::Rate(DifferenceFormula formula, FormulaWeights const& weights) const
             return kv::DeltaE::dE94(sampleXyz_, standardXyz_, weights.k94[0], weights.k94[1], weights.k94[2]);
         case Fmc2: {
             float const difference = kv::DeltaE::FMCII(sampleXyz_, standardXyz_);
-            return difference == undefined ? std::numeric_limits<float>::quiet_NaN() : difference;
+            return difference == kv::DeltaE::Undefined ? std::numeric_limits<float>::quiet_NaN() : difference;
         }
         case Mg:
             return kv::DeltaE::LABmg(sampleXyz_, standardXyz_);

@@ -21,7 +21,7 @@ struct Extreme {
     int nm = 0;
 };
 
-struct Range {
+struct ValueRange {
     Extreme smallest{std::numeric_limits<double>::max(), 0, 0};
     Extreme largest{std::numeric_limits<double>::lowest(), 0, 0};
     std::size_t negative = 0;
@@ -29,8 +29,8 @@ struct Range {
     std::size_t count = 0;
 };
 
-Range FindRange(std::span<RawSpectrum const> spectra, WavelengthGrid const& grid) {
-    Range range;
+ValueRange FindRange(std::span<RawSpectrum const> spectra, WavelengthGrid const& grid) {
+    ValueRange range;
     for (RawSpectrum const& spectrum : spectra) {
         for (std::size_t point = 0; point < spectrum.values.size(); ++point) {
             // A held end repeats the value next to it.
@@ -58,7 +58,7 @@ struct Choice {
     std::string doubt = {};  // why it may be wrong
 };
 
-Choice Choose(Range const& range, std::optional<StatedScale> const& stated, std::string_view file) {
+Choice Choose(ValueRange const& range, std::optional<StatedScale> const& stated, std::string_view file) {
     std::string const largest = "the largest is " + ToText(range.largest.value);
     if (stated) {
         bool const isDoubtful = stated->scale == Scale::Percent && range.largest.value <= UnusualReflectance;
@@ -87,7 +87,7 @@ Choice Choose(Range const& range, std::optional<StatedScale> const& stated, std:
 double FindDivisor(std::span<RawSpectrum const> spectra, WavelengthGrid const& grid,
                    std::optional<StatedScale> const& stated, std::optional<Scale> forced,
                    MeasurementFile& file) {
-    Range const range = FindRange(spectra, grid);
+    ValueRange const range = FindRange(spectra, grid);
     auto const [scale, reason, doubt] =
         forced ? Choice{*forced, "as requested"} : Choose(range, stated, file.path);
     bool const isPercent = scale == Scale::Percent;

@@ -289,7 +289,7 @@ TEST_F(DeskTest, FaultsAreShownInTheLanguageOfTheWindow) {
         {"a \"found x, expected y\" b",
          "wavelengths 390 to 720 nm by 5, every tenth nanometre taken, below 390 held at the value there, above 720 held at the value there",
          "reflectance as fractions, by the values: the largest is 0.9", "interrupted",
-         "sample names from column 1 (\"a number\")", "NUMBER_OF_SETS says \"7\", the file has 5 rows"})
+         "sample names from column 1 (\"a number\")", "NUMBER_OF_SETS is \"7\", but the table has 5 rows"})
         shown += files::FromSuite(FaultText(message).View()) + '\n';
     apps::test::ExpectGolden("ColourDesk/faults.txt", shown);
     EXPECT_FALSE(desk.Open("nowhere.csv"));

@@ -21,11 +21,7 @@ using test::Replaced;
 class DataFileTest : public testing::Test {
   protected:
     DataFileTest() { kv::AppName::CreateAppName("Desk", "1.2"); }
-    ~DataFileTest() override {
-        kv::AppName* const name = kv::AppName::Instance();
-        kv::KVSingleton::Remove(name);
-        delete name;
-    }
+    ~DataFileTest() override { kv::KVSingleton::Destroy(kv::AppName::Instance()); }
     DataFileTest(DataFileTest const&) = delete;
     DataFileTest& operator=(DataFileTest const&) = delete;
 

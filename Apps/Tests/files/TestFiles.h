@@ -40,12 +40,13 @@ inline std::string CgatsWithHeader(std::string const& header, std::string_view v
     return Cgats(header, "SampleID " + Repeat("SPECTRAL_NM#", " "), "1 " + Repeat(value, " ") + "\n");
 }
 
-/// Reads the rows of a TSV file beside these tests; the first row is the header. "\\n" stands for a line end.
+/// Reads the rows of a TSV file beside these tests, without those that begin with "# ". "\n" is a line end.
 inline std::vector<std::vector<std::string>> Rows(std::string const& name) {
     std::vector<std::vector<std::string>> rows;
     std::ifstream table(std::string(KV_APPS_TESTS "/files/") + name);
     std::string line;
-    for (std::getline(table, line); std::getline(table, line);) {
+    while (std::getline(table, line)) {
+        if (line.starts_with("# ")) continue;
         rows.emplace_back();
         for (std::string_view const cell : Split(line, '\t')) {
             std::string text(cell);

@@ -61,14 +61,9 @@ class Services {
     Services(Services const&) = delete;
     Services& operator=(Services const&) = delete;
     ~Services() {
-        End(kv::MyPrinter::Instance());
-        End(kv::KVSetting::Instance());
+        kv::KVSingleton::Destroy(kv::MyPrinter::Instance());
+        kv::KVSingleton::Destroy(kv::KVSetting::Instance());
         kv::Text::FreeResources();
-    }
-
-  private:
-    static void End(kv::KVSingleton* service) {
-        kv::KVSingleton::Destroy(service);
     }
 };
 

@@ -22,7 +22,7 @@ std::string CsvText(Cell const& cell) {
 }
 
 /// Writes a line, whose last comma becomes its end.
-void WriteLine(std::ostream& out, std::string line) {
+void WriteCsvLine(std::ostream& out, std::string line) {
     line.back() = '\n';
     out << line;
 }
@@ -38,12 +38,12 @@ void WriteCsv(std::ostream& out, Answer const& answer) {
         head.append(CsvQuoted(condition.key)).append(",");
         conditions.append(CsvQuoted(condition.value)).append(",");
     }
-    WriteLine(out, std::move(head));
+    WriteCsvLine(out, std::move(head));
 
     for (Row const& row : table.rows) {
         std::string line;
         for (Cell const& cell : row.cells) line.append(CsvText(cell)).append(",");
-        WriteLine(out, line + conditions);
+        WriteCsvLine(out, line + conditions);
     }
 }
 

@@ -29,7 +29,8 @@ void Append(std::string& line, std::string const& text, std::size_t width, Colum
     line += kind == ColumnKind::Text ? shown + padding : padding + shown;
 }
 
-void WriteLine(std::ostream& out, std::string line) {
+/// Writes a line without blanks at its end.
+void WriteTrimmed(std::ostream& out, std::string line) {
     line.erase(line.find_last_not_of(' ') + 1);
     out << line << '\n';
 }
@@ -58,14 +59,14 @@ void WriteTable(std::ostream& out, Table const& table, ColourDepth depth) {
         std::size_t const gap = GapOf(block, limit);
         std::string const margin(isColoured ? SwatchWidth : 0, ' ');
         out << '\n';
-        WriteLine(
+        WriteTrimmed(
             out, margin + Line(table, block, gap, [&](std::size_t i) { return HeadText(table.columns[i]); }));
         for (Row const& row : table.rows) {
             std::string const swatch =
                 isColoured && row.swatch ? SwatchText(*row.swatch, depth) + ' ' : margin;
-            WriteLine(out, swatch + Line(table, block, gap, [&](std::size_t i) {
-                               return CellText(table.columns[i], row.cells[i]);
-                           }));
+            WriteTrimmed(out, swatch + Line(table, block, gap, [&](std::size_t i) {
+                                  return CellText(table.columns[i], row.cells[i]);
+                              }));
         }
     }
 }
