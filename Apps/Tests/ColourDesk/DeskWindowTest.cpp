@@ -108,6 +108,19 @@ TEST_F(DeskTest, AFileThatCannotBeReadLeavesTheOtherOpen) {
     EXPECT_EQ(Cell(0, Name), "dark skin");
 }
 
+TEST_F(DeskTest, WarningsOfTheReaderAreShown) {
+    std::string const path = File("bright.csv");
+    std::ofstream file(path);
+    file << "name," << files::test::Repeat("#", ",") << '\n';
+    for (char const* const value : {"1.5", "0.5", "0.5"})
+        file << "a," << files::test::Repeat(value, ",") << '\n';
+    file.close();
+    ASSERT_TRUE(desk.Open(path));
+    ASSERT_EQ(boxes.seen.size(), 1U);
+    EXPECT_EQ(boxes.seen[0].text,
+              "reflectance as fractions, although the largest is 1.5; these may be percent");
+}
+
 TEST_F(DeskTest, ConditionsStayUnlessTheNextFileStatesOthers) {
     ASSERT_TRUE(desk.Open(InkSeries));
     Choose(desk, "F11");
@@ -277,6 +290,7 @@ TEST_F(DeskTest, FaultsAreShownInTheLanguageOfTheWindow) {
     desk.ChangeLanguage(1);
     std::string shown;
     std::ifstream rows(folder + "messages.tsv");
+    rows.ignore(99, '\n');
     for (std::string name, message; std::getline(rows, name, '\t') && std::getline(rows, message);) {
         EXPECT_FALSE(desk.Open(folder + name));
         ASSERT_FALSE(boxes.seen.empty());
@@ -287,7 +301,8 @@ TEST_F(DeskTest, FaultsAreShownInTheLanguageOfTheWindow) {
         {"a \"found x, expected y\" b",
          "wavelengths 390 to 720 nm by 5, every tenth nanometre taken, below 390 held at the value there, above 720 held at the value there",
          "reflectance as fractions, by the values: the largest is 0.9", "interrupted",
-         "sample names from column 1 (\"a number\")", "NUMBER_OF_SETS says \"7\", the file has 5 rows"})
+         "sample names from column 1 (\"a number\")", "NUMBER_OF_SETS is \"7\", but the table has 5 rows",
+         "reflectance as fractions, although the largest is 1.5 (use --scale percent if these are percent)"})
         shown += files::FromSuite(FaultText(message).View()) + '\n';
     apps::test::ExpectGolden("ColourDesk/faults.txt", shown);
     EXPECT_FALSE(desk.Open("nowhere.csv"));
