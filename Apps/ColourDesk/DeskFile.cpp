@@ -27,14 +27,24 @@ sv::String DeskFile::SampleName(std::optional<std::size_t> sample) const {
 std::optional<files::MeasurementFile> DeskFile::Read(std::string const& path) {
     try {
         files::MeasurementFile file = files::ReadMeasurementFile(path);
-        for (auto const& lines : {file.warnings, file.assumptions, file.notes})
-            for (std::string const& line : lines)
-                messages_.Add(FaultText(file.path, file.path + ": " + line));
+        auto const add = [&](std::string const& line) {
+            messages_.Add(FaultText(file.path, file.path + ": " + line));
+        };
+        for (std::string const& warning : file.warnings) add(warning);
+        for (std::string const& assumption : file.assumptions) add("assumed: " + assumption);
+        for (std::string const& note : file.notes) add(note);
         return file;
     } catch (files::ReadError const& error) {
         ShowError(FaultText(path, error.what()));
         return std::nullopt;
     }
+}
+
+void DeskFile::ShowWarnings() const {
+    sv::String text;
+    for (std::string const& warning : sheet_->File().warnings)
+        text += sv::String(text.IsEmpty() ? "" : "\n") + FaultText(warning);
+    if (!text.IsEmpty()) sv::InfoBox(&window_, text).Execute();
 }
 
 void DeskFile::Set(files::MeasurementFile file, bool isUnsaved) {

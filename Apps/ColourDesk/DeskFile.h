@@ -25,8 +25,10 @@ class DeskFile {
     /// The sample's name in the suite's code page; empty for none.
     [[nodiscard]] sv::String SampleName(std::optional<std::size_t> sample) const;
 
-    /// Reads a file and adds its notes to the messages; empty when it cannot be read.
+    /// Reads a file and adds the reader's remarks to the messages; empty when it cannot be read.
     [[nodiscard]] std::optional<files::MeasurementFile> Read(std::string const& path);
+    /// Shows the reader's warnings about the open file in a box, if there are any.
+    void ShowWarnings() const;
     /// Replaces the measurements that are open.
     void Set(files::MeasurementFile file, bool isUnsaved);
     bool Save(std::string const& path);

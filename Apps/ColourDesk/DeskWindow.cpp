@@ -89,8 +89,10 @@ void DeskWindow::Resize() {
 
 bool DeskWindow::Open(std::string const& path) {
     auto file = file_.Read(path);
-    if (file) ShowFile(*std::move(file), false);
-    return file.has_value();
+    if (!file) return false;
+    ShowFile(*std::move(file), false);
+    file_.ShowWarnings();
+    return true;
 }
 
 // Conditions that the file does not state are kept.

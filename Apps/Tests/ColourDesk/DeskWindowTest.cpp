@@ -108,6 +108,19 @@ TEST_F(DeskTest, AFileThatCannotBeReadLeavesTheOtherOpen) {
     EXPECT_EQ(Cell(0, Name), "dark skin");
 }
 
+TEST_F(DeskTest, WarningsOfTheReaderAreShown) {
+    std::string const path = File("bright.csv");
+    std::ofstream file(path);
+    file << "name," << files::test::Repeat("#", ",") << '\n';
+    for (char const* const value : {"1.5", "0.5", "0.5"})
+        file << "a," << files::test::Repeat(value, ",") << '\n';
+    file.close();
+    ASSERT_TRUE(desk.Open(path));
+    ASSERT_EQ(boxes.seen.size(), 1U);
+    EXPECT_EQ(boxes.seen[0].text,
+              "reflectance as fractions, although the largest is 1.5; these may be percent");
+}
+
 TEST_F(DeskTest, ConditionsStayUnlessTheNextFileStatesOthers) {
     ASSERT_TRUE(desk.Open(InkSeries));
     Choose(desk, "F11");
@@ -226,8 +239,6 @@ TEST_F(DeskTest, PrintsTheSpectraOfSelectedSamples) {
 TEST_F(DeskTest, MailsItsReport) {
     std::ofstream(File("win.ini")) << "[Mail]\nCMC=1\nCMCDLLNAME32=" << KV_MAIL_CLIENT << '\n';
     kv::test::Windir const windir(File("."));
-    auto& backend = sv::headless::HeadlessBackend::Instance();
-    backend.ChangePrinters({.offset = {}, .recordsFiles = true});
     ASSERT_TRUE(desk.Open(Chart));
     sv::headless::HeadlessBackend::Instance().ChangePrinters({.offset = {}, .recordsFiles = true});
     EXPECT_TRUE(desk.SendReport("ada@example.org;bob@example.org"));
@@ -245,7 +256,7 @@ TEST_F(DeskTest, MailsItsReport) {
     EXPECT_FALSE(desk.SendReport("ada@example.org"));
     ASSERT_EQ(boxes.seen.size(), 1U);
     EXPECT_EQ(boxes.seen[0].text, "The mail program did not accept the report.");
-    backend.ChangePrinters({});
+    sv::headless::HeadlessBackend::Instance().ChangePrinters({});
     kv::test::EndService(kv::Mailer::Instance());
     platform::FreeLibraryFile(library);
 }
@@ -279,6 +290,7 @@ TEST_F(DeskTest, FaultsAreShownInTheLanguageOfTheWindow) {
     desk.ChangeLanguage(1);
     std::string shown;
     std::ifstream rows(folder + "messages.tsv");
+    rows.ignore(99, '\n');
     for (std::string name, message; std::getline(rows, name, '\t') && std::getline(rows, message);) {
         EXPECT_FALSE(desk.Open(folder + name));
         ASSERT_FALSE(boxes.seen.empty());
@@ -289,7 +301,8 @@ TEST_F(DeskTest, FaultsAreShownInTheLanguageOfTheWindow) {
         {"a \"found x, expected y\" b",
          "wavelengths 390 to 720 nm by 5, every tenth nanometre taken, below 390 held at the value there, above 720 held at the value there",
          "reflectance as fractions, by the values: the largest is 0.9", "interrupted",
-         "sample names from column 1 (\"a number\")", "NUMBER_OF_SETS is \"7\", but the table has 5 rows"})
+         "sample names from column 1 (\"a number\")", "NUMBER_OF_SETS is \"7\", but the table has 5 rows",
+         "reflectance as fractions, although the largest is 1.5 (use --scale percent if these are percent)"})
         shown += files::FromSuite(FaultText(message).View()) + '\n';
     apps::test::ExpectGolden("ColourDesk/faults.txt", shown);
     EXPECT_FALSE(desk.Open("nowhere.csv"));
