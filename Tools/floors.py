@@ -51,15 +51,9 @@ UPWARD = {
     ("SV/ui/Backend.cpp", "SV/headless/HeadlessBackend.h"),
 }
 
-# Public headers that need a header that is not public, which is installed for their sake. No more are wanted.
+# Public headers that need a header of the ground floor, which is installed for their sake. No more are wanted.
 NEEDED = {
-    # Inline arithmetic in users' programs keeps its roundings too.
-    ("KVUtils/Source/colorimetry/CMetryFilter.h", "KVUtils/Source/colorimetry/detail/Rounded.h"),
-    ("KVUtils/Source/colorimetry/LinAlg.h", "KVUtils/Source/colorimetry/detail/Rounded.h"),
-    ("KVUtils/Source/plots/fPoint.h", "KVUtils/Source/colorimetry/detail/Rounded.h"),
-    # Members by value.
-    ("KVUtils/Source/controls/KOBitmapButtonBar.h", "KVUtils/Source/controls/detail/ButtonBarLayout.h"),
-    ("KVUtils/Source/printing/MyPrinter.h", "KVUtils/Source/printing/detail/PageLayout.h"),
+    # A member by value.
     ("KVUtils/Source/frame/Thread.h", "Platform/Threads.h"),
     # The entries of a mail client's library are types of the interface.
     ("KVUtils/Source/mail/Mail.h", "Platform/mail/MailEntries.h"),
