@@ -90,7 +90,7 @@ void DeskWindow::Resize() {
 bool DeskWindow::Open(std::string const& path) {
     auto file = file_.Read(path);
     if (!file) return false;
-    ShowFile(*std::move(file), false);
+    ShowFile(std::move(*file), false);
     file_.ShowWarnings();
     return true;
 }

@@ -1,5 +1,5 @@
-// ColourDesk with 2,000 samples: scrolling compared with a Qt table of stored texts, judging again, and the start
-// compared with that of the program's libraries alone.
+// ColourDesk with 2,000 samples: scrolling compared with a Qt table of stored texts, judging again, and the
+// start compared with that of the program's libraries alone.
 #include "Apps/ColourDesk/DeskWindow.h"
 #include "Benchmarks/Ratios.h"
 #include "KVUtils/Source/frame/APPSETTI.h"

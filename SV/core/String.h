@@ -93,6 +93,8 @@ class String {
     String& PadLeft(std::size_t width);
 
     friend bool operator==(String const&, String const&) = default;
+    // The linter takes the comparison that the compiler writes for one with a null pointer.
+    // NOLINTNEXTLINE(modernize-use-nullptr)
     friend std::strong_ordering operator<=>(String const&, String const&) = default;
 
   private:

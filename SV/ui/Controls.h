@@ -121,9 +121,7 @@ class ListBoxControl : public Window, public ListBox {
     void SelectEntryPos(int position) override;
     [[nodiscard]] int GetSelectEntryPos() const override { return entries_.GetSelectEntryPos(); }
     [[nodiscard]] int GetEntryCount() const override { return entries_.GetEntryCount(); }
-    [[nodiscard]] String GetEntry(int position) const override {
-        return entries_.GetEntry(position);
-    }
+    [[nodiscard]] String GetEntry(int position) const override { return entries_.GetEntry(position); }
     /// Called when the user has selected another entry.
     Link ChangeSelectHdl(Link const& link) noexcept;
 

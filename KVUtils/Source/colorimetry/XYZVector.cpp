@@ -2,8 +2,8 @@
 
 #include "KVUtils/Source/colorimetry/CMetry.h"
 #include "KVUtils/Source/colorimetry/LABVector.h"
-#include "KVUtils/Source/colorimetry/detail/CieLab.h"
 #include "KVUtils/Source/colorimetry/Rounded.h"
+#include "KVUtils/Source/colorimetry/detail/CieLab.h"
 
 namespace kv {
 

@@ -218,7 +218,7 @@ void PostOffice::CountDisconnect(sv::String const& client) {
     if (connection != connections_.end() && --connection->second == 0) connections_.erase(connection);
 }
 
-void PostOffice::QuitAfterLastClient() {
+void PostOffice::QuitAfterLastClient() const {
     if (connectedClients_ > 0) return;
     std::this_thread::sleep_for(LingerOfServer);
     sv::Application::Quit();

@@ -160,7 +160,7 @@ class PostOffice : public KVSingleton {
     void KeepAnswer(KORVELEvent const& event, int number);
     void Connect(KORVELEvent const& event);
     void CountDisconnect(sv::String const& client);
-    void QuitAfterLastClient();
+    void QuitAfterLastClient() const;
     void Lock(KORVELEvent const& event);
     void ReportGonePeers();
 

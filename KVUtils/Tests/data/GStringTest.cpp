@@ -6,13 +6,6 @@
 
 namespace kv::test {
 
-/// A number of a table; knows no locale.
-double Number(std::string const& text) {
-    double value = 0;
-    std::from_chars(text.data(), text.data() + text.size(), value);
-    return value;
-}
-
 TEST(NumberText, RoundsHalfAwayFromZero) {
     for (auto const& [number, count, text] : CaseTable<3>("data/numbers.tsv")) {
         double const value = Number(number);
