@@ -112,13 +112,13 @@ TEST_F(DeskTest, WarningsOfTheReaderAreShown) {
     std::string const path = File("bright.csv");
     std::ofstream file(path);
     file << "name," << files::test::Repeat("#", ",") << '\n';
-    for (char const* const value : {"1.5", "0.5", "0.5"})
+    for (char const* const value : {"1.9", "0.5", "0.5"})
         file << "a," << files::test::Repeat(value, ",") << '\n';
     file.close();
     ASSERT_TRUE(desk.Open(path));
     ASSERT_EQ(boxes.seen.size(), 1U);
     EXPECT_EQ(boxes.seen[0].text,
-              "reflectance as fractions, although the largest is 1.5; these may be percent");
+              "reflectance as fractions, although the largest is 1.9; these may be percent");
 }
 
 TEST_F(DeskTest, ConditionsStayUnlessTheNextFileStatesOthers) {
