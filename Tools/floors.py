@@ -53,8 +53,6 @@ UPWARD = {
 
 # Public headers that need a header of the ground floor, which is installed for their sake. No more are wanted.
 NEEDED = {
-    # A member by value.
-    ("KVUtils/Source/frame/Thread.h", "Platform/Threads.h"),
     # The entries of a mail client's library are types of the interface.
     ("KVUtils/Source/mail/Mail.h", "Platform/mail/MailEntries.h"),
     ("KVUtils/Source/mail/Mailer.h", "Platform/mail/MailEntries.h"),

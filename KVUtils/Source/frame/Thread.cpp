@@ -1,5 +1,7 @@
 #include "KVUtils/Source/frame/Thread.h"
 
+#include "Platform/Threads.h"
+
 #include <chrono>
 #include <utility>
 

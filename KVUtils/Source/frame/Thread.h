@@ -1,10 +1,12 @@
 // Thread: base class of a worker thread.
 #pragma once
 
-#include "Platform/Threads.h"
-
 #include <atomic>
 #include <memory>
+
+namespace platform {
+class NativeThread;
+}
 
 namespace kv {
 
