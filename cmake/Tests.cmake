@@ -78,6 +78,8 @@ set_source_files_properties(Fuzz/messaging/MyMemoryBlockFuzz.cpp PROPERTIES
 # They include the system's headers, or define its macros, before or after the library's.
 file(GLOB macro_tests CONFIGURE_DEPENDS KVUtils/Tests/messaging/posix/X11MacrosTest.cpp
      KVUtils/Tests/messaging/win32/*.cpp)
+file(GLOB system_tests CONFIGURE_DEPENDS Platform/Tests/win32/*.cpp)
+set_source_files_properties(${system_tests} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 set_source_files_properties(${macro_tests} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 add_executable(KVUtilsTests cmake/tests/TestMain.cpp Platform/Tests/DdeEndpoint.cpp
                Fuzz/messaging/MyMemoryBlockFuzz.cpp ${library_tests})

@@ -21,8 +21,8 @@ template <class Condition>
 /// Returns the processor time of the program in milliseconds.
 [[nodiscard]] double ProcessorMs();
 
-/// Whether the memory of the process shows what the program holds: AddressSanitizer keeps freed memory.
-#ifdef __SANITIZE_ADDRESS__
+/// Whether the memory of the process shows what the program holds: the sanitizers keep memory of their own.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 inline constexpr bool MemoryIsMeasurable = false;
 #else
 inline constexpr bool MemoryIsMeasurable = true;
