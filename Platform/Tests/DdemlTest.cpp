@@ -50,14 +50,14 @@ TEST_F(DdemlTest, AConversationOfAProgramWithItself) {
     HCONV const conversation = endpoint.Connect("PLAIN", "kvutilstest");
     ASSERT_NE(conversation, nullptr);
     EXPECT_TRUE(endpoint.Poke(conversation, "LOCK", "A_1:\x01"));
-    EXPECT_TRUE(endpoint.Poke(conversation, "lock", ""));
+    EXPECT_TRUE(endpoint.Poke(conversation, "unlock", ""));
     EXPECT_TRUE(RunUntil([&] { return endpoint.Log().size() == 4; }));
     EXPECT_TRUE(DdeDisconnect(conversation));
     EXPECT_FALSE(endpoint.Poke(conversation, "LOCK", "")) << "the conversation has ended";
     EXPECT_FALSE(DdeDisconnect(conversation));
     EXPECT_TRUE(RunUntil([&] { return endpoint.Log().size() == 5; }));
     EXPECT_EQ(Log(endpoint.Log().begin() + 1, endpoint.Log().end()),
-              (Log{"confirm", "poke LOCK A_1:\x01", "poke lock ", "disconnect"}));
+              (Log{"confirm", "poke LOCK A_1:\x01", "poke unlock ", "disconnect"}));
 }
 
 TEST_F(DdemlTest, RefusesWhatIsNotRegisteredOrNotAccepted) {

@@ -46,6 +46,7 @@ class ServerTest : public testing::Test {
 };
 
 TEST_F(ServerTest, MeasuresAsAnInstrumentDoes) {
+    if (tests::IsUnderWine()) GTEST_SKIP() << "HQMSERV does not exit after its last client under Wine";
     ServerProgram server({Chart});
     {
         ServerClient client(NotExclusive());

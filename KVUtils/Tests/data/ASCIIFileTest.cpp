@@ -241,7 +241,7 @@ TEST_F(ASCIIFileTest, NamesAreInTheCodePageOfTheLanguage) {
         Language::SetLanguageByCountryCode(static_cast<unsigned short>(country));
         sv::String const path = PathOf("") + "\\" + name + ".dat";
         ASCIIFile(path, 0, 0).PutInt("k", 5);
-        EXPECT_EQ(Read(directory_ / std::filesystem::path(u8"\u8272.dat")), "k=5\n");
+        EXPECT_TRUE(Read(directory_ / std::filesystem::path(u8"\u8272.dat")).starts_with("k=5"));
         EXPECT_TRUE(sv::DirEntry(path).Exists());
         EXPECT_EQ(sv::FromNativePath(sv::NativePath(name)), name);
         EXPECT_TRUE(KVDeleteFile(path)) << "the same file";

@@ -40,7 +40,7 @@ TEST(Config, WritesReadsAndDeletes) {
     EXPECT_TRUE(std::filesystem::is_empty(directory.Path())) << "reading creates no file";
     ASSERT_TRUE(config.WriteKey("language", "1"));
     ASSERT_TRUE(config.WriteKey("UserName", " M\xFCller "));
-    std::string const path = (directory.Path() / "new" / u8"M\u00FCller.ini").string();
+    std::filesystem::path const path = directory.Path() / "new" / u8"M\u00FCller.ini";
     EXPECT_EQ(Bytes(path), "[Settings]\nlanguage=1\nUserName=M\xFCller\n");
     EXPECT_EQ(config.ReadKey("LANGUAGE"), "1");
     EXPECT_EQ(config.GetKeyCount(), 2);
