@@ -1,6 +1,7 @@
 #include "KVUtils/Source/controls/RegisterTopWindow.h"
 #include "KVUtils/Source/messaging/PostOffice.h"
 #include "KVUtils/Tests/messaging/PostOfficeFixture.h"
+#include "Platform/Tests/TestSystem.h"
 #include "SV/ui/Window.h"
 
 using namespace std::string_literals;
@@ -182,6 +183,7 @@ class PeerGoneTest : public PostOfficeTest {
 };
 
 TEST_F(PeerGoneTest, NothingIsLeftOfAClientThatHasGone) {
+    if (tests::IsUnderWine()) GTEST_SKIP() << "the transport does not see under Wine that a peer has gone";
     Open("HQMSERV");
     office->ChangePeerGoneHdl(sv::Link::To<&PeerGoneTest::PeerGoneHdl>(*this));
     Ask(a, "CONNECT");
