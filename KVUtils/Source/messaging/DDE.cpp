@@ -228,8 +228,10 @@ void DDE::EndConversation(platform::HCONV conversation) {
         for (std::size_t i = list->size(); i-- > 0;) {
             if ((*list)[i].conversation != conversation) continue;
             sv::String const peer = (*list)[i].name;
-            platform::DdeDisconnect(conversation);
+            // Erased first, since the system may report the end of the conversation from within.
             list->erase(list->begin() + static_cast<std::ptrdiff_t>(i));
+            platform::DdeDisconnect(conversation);
+            i = std::min(i, list->size());
             ReportEnd(peer);
         }
     }
